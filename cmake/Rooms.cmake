@@ -1,0 +1,26 @@
+# A room is one static library in the folder of its name. Its headers are reached as "room/Header.h", and only by
+# targets that link it: the include path of a room holds that one room and nothing else.
+
+add_library(trx_options INTERFACE)
+target_compile_options(trx_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
+if(TRX_WERROR)
+  target_compile_options(trx_options INTERFACE -Werror)
+endif()
+if(TRX_SANITIZE)
+  target_compile_options(trx_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                               -fno-omit-frame-pointer)
+  target_link_options(trx_options INTERFACE -fsanitize=address,undefined)
+endif()
+target_compile_definitions(trx_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
+                                                 QT_USE_QSTRINGBUILDER)
+
+# add_room(NAME SOURCES file... LINKS target...)
+function(add_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(trx_${name} STATIC ${ROOM_SOURCES})
+  set(door ${CMAKE_BINARY_DIR}/rooms/${name})
+  file(MAKE_DIRECTORY ${door})
+  file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${door}/${name} SYMBOLIC)
+  target_include_directories(trx_${name} PUBLIC ${door})
+  target_link_libraries(trx_${name} PUBLIC ${ROOM_LINKS} PRIVATE trx_options)
+endfunction()
