@@ -1,0 +1,50 @@
+#include <gtest/gtest.h>
+
+#include <QString>
+
+#include "core/Preferences.h"
+
+namespace {
+
+Preferences Sample() {
+    Preferences sample;
+    sample.MainWindowState = 2;
+    sample.MainLeft = -100;
+    sample.MainTop = 0x0102;
+    sample.ComPortNumber = 3;
+    sample.ComBaudRate = 115200;
+    sample.EditorHeight = 4321;
+    return sample;
+}
+
+TEST(PreferencesRecord, HasTheMarkAndTenLittleEndianNumbers) {
+    const QByteArray record = EncodePreferences(Sample());
+    EXPECT_EQ(record.toHex(' '),
+              QByteArray("35 32 37 36 64 65 66 30 32 02 00 9c ff 02 01 03 00 00 c2 01 00 00 00 69 00 00 00 40 1f e1 10"));
+}
+
+TEST(PreferencesRecord, ComesBackWhole) {
+    Preferences read;
+    EXPECT_EQ(DecodePreferences(EncodePreferences(Sample()) + "behind", read), PreferencesOutcome::Read);
+    EXPECT_EQ(EncodePreferences(read), EncodePreferences(Sample()));
+}
+
+TEST(PreferencesRecord, WithAnotherMarkChangesNothing) {
+    for (const QByteArray& record : {QByteArray(), QByteArray("5276def0"), QByteArray("5276def01").leftJustified(31)}) {
+        Preferences read;
+        EXPECT_EQ(DecodePreferences(record, read), PreferencesOutcome::WrongMark);
+        EXPECT_EQ(EncodePreferences(read), EncodePreferences(Preferences{}));
+    }
+}
+
+TEST(PreferencesRecord, CutShortKeepsTheFieldsReadSoFar) {
+    Preferences read;
+    // The end falls into the middle of the baud rate.
+    EXPECT_EQ(DecodePreferences(EncodePreferences(Sample()).first(19), read), PreferencesOutcome::TooShort);
+    EXPECT_EQ(read.MainLeft, -100);
+    EXPECT_EQ(read.ComPortNumber, 3);
+    EXPECT_EQ(read.ComBaudRate, 19200);
+    EXPECT_EQ(read.EditorHeight, 6000);
+}
+
+}  // namespace
