@@ -1,0 +1,95 @@
+#include "platform/ComPorts.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSerialPort>
+#include <QSerialPortInfo>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <tuple>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+QString PortName(int number) { return QStringLiteral("COM%1").arg(number); }
+
+// USB adapters first: a bench PC's built-in ports are seldom wired. By name within each kind, numbers by value.
+QList<QSerialPortInfo> PortsInOrder() {
+    QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
+    const auto key = [](const QSerialPortInfo& port) {
+        QString name = port.portName();
+        qsizetype digits = name.size();
+        while (digits > 0 && name.at(digits - 1).isDigit()) {
+            --digits;
+        }
+        return std::tuple(!port.hasVendorIdentifier(), name.first(digits), name.sliced(digits).toInt());
+    };
+    std::sort(ports.begin(), ports.end(),
+              [&key](const QSerialPortInfo& a, const QSerialPortInfo& b) { return key(a) < key(b); });
+    return ports;
+}
+
+bool IsComName(const QString& name) {
+    bool isNumber = false;
+    const int number = name.mid(3).toInt(&isNumber);
+    return name.startsWith(u"COM", Qt::CaseInsensitive) && isNumber && number > 0;
+}
+
+// Empty if the device can be opened. It is opened without touching its settings: another program may be using it.
+QString TroubleWith(const QString& device) {
+#ifdef Q_OS_UNIX
+    const int file = ::open(QFile::encodeName(device).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+    if (file >= 0) {
+        ::close(file);
+        return {};
+    }
+    switch (errno) {
+        case ENOENT:
+        case ENODEV:
+        case ENXIO:
+        case EIO:
+            return QStringLiteral("missing");
+        case EACCES:
+            return QStringLiteral("no permission, join the group ") + QFileInfo(device).group();
+        case EBUSY:
+            return QStringLiteral("in use");
+        default:
+            return QString::fromLocal8Bit(std::strerror(errno));
+    }
+#else
+    QSerialPort port;
+    port.setPortName(device);
+    return port.open(QIODevice::ReadWrite) ? QString() : port.errorString();
+#endif
+}
+
+}  // namespace
+
+QString FindComPort(int number, const QString& folder) {
+    const QFileInfo link(folder + QStringLiteral("/com%1").arg(number));
+    if (link.isSymLink()) {
+        return link.symLinkTarget();
+    }
+    const QList<QSerialPortInfo> ports = PortsInOrder();
+    if (std::any_of(ports.cbegin(), ports.cend(), [](const auto& port) { return IsComName(port.portName()); })) {
+        return PortName(number);
+    }
+    return number >= 1 && number <= ports.size() ? ports.at(number - 1).systemLocation() : QString();
+}
+
+QString DescribeComPort(int number, const QString& folder, bool openHere) {
+    const QString device = FindComPort(number, folder);
+    if (device.isEmpty()) {
+        return QStringLiteral("No serial device");
+    }
+    if (openHere) {
+        return device + QStringLiteral(": open");
+    }
+    const QString trouble = TroubleWith(device);
+    return trouble.isEmpty() ? device : device + QStringLiteral(": ") + trouble;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+// What the program asks of the desktop around it. An interface, so that tests answer the boxes.
+class Desktop {
+  public:
+    virtual ~Desktop() = default;
+
+    // One OK button; returns when the user has pressed it.
+    virtual void MessageBox(const QString& text, const QString& title) = 0;
+    // Yes and No; true for Yes. Closing the box counts as No.
+    virtual bool Question(const QString& text, const QString& title) = 0;
+
+    virtual void Beep() = 0;
+
+    // The hourglass: one flag for the whole program, neither nested nor counted.
+    virtual void BusyOn() = 0;
+    virtual void BusyOff() = 0;
+
+    // Hands a document or an address to the system's viewer, without waiting. A failure is silent.
+    virtual void OpenInViewer(const QUrl& address) = 0;
+};

@@ -1,0 +1,107 @@
+#include "platform/EntryField.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <memory>
+
+EntryField::EntryField(const QString& name, Filter filter, QWidget* parent)
+    : QLineEdit(parent), filter_(std::move(filter)) {
+    setObjectName(name);
+    setAcceptDrops(false);  // what is dropped would get past the filter
+}
+
+void EntryField::Commit() {
+    if (commit_) {
+        commit_();
+    }
+}
+
+QString EntryField::Filtered(const QString& text) const {
+    QString passed;
+    for (const QChar typed : text) {
+        const QChar taken = filter_ ? filter_(typed) : typed;
+        if (!taken.isNull()) {
+            passed += taken;
+        }
+    }
+    return passed;
+}
+
+void EntryField::Paste(bool selection) {
+    const QClipboard::Mode mode = selection ? QClipboard::Selection : QClipboard::Clipboard;
+    insert(Filtered(QGuiApplication::clipboard()->text(mode)));
+}
+
+void EntryField::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Commit();
+        TakeFocus(next_);
+        event->accept();
+        return;
+    }
+    if (event->matches(QKeySequence::Paste)) {
+        Paste(false);
+        event->accept();
+        return;
+    }
+    const bool typesText = !event->text().isEmpty() && event->text().at(0).isPrint() &&
+                           !event->modifiers().testFlag(Qt::ControlModifier) &&
+                           !event->modifiers().testFlag(Qt::AltModifier);
+    if (!typesText) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    const QString taken = Filtered(event->text());
+    if (!taken.isEmpty()) {
+        insert(taken);
+    }
+    event->accept();
+}
+
+void EntryField::inputMethodEvent(QInputMethodEvent* event) {
+    QInputMethodEvent filtered(event->preeditString(), event->attributes());
+    filtered.setCommitString(Filtered(event->commitString()), event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&filtered);
+}
+
+void EntryField::contextMenuEvent(QContextMenuEvent* event) {
+    const std::unique_ptr<QMenu> menu(createStandardContextMenu());
+    if (auto* const paste = menu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
+        disconnect(paste, nullptr, nullptr, nullptr);
+        connect(paste, &QAction::triggered, this, [this] { Paste(false); });
+    }
+    menu->exec(event->globalPos());
+}
+
+void EntryField::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection() && !isReadOnly()) {
+        setCursorPosition(cursorPositionAt(event->position().toPoint()));
+        Paste(true);
+        event->accept();
+        return;
+    }
+    QLineEdit::mouseReleaseEvent(event);
+}
+
+void EntryField::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    const bool fieldLeft = event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
+    if (fieldLeft && (!mayCommit_ || mayCommit_())) {
+        Commit();
+    }
+}
+
+void TakeFocus(QWidget* control) {
+    if (control != nullptr && control->isEnabled() && control->isVisibleTo(control->window())) {
+        control->setFocus();
+    }
+}
+
+void CommitFocusedField(const QWidget* window) {
+    if (auto* const field = qobject_cast<EntryField*>(window->focusWidget())) {
+        field->Commit();
+    }
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QLineEdit>
+#include <functional>
+
+// An entry field: filters each typed or pasted character, and commits on Enter and on every loss of the focus, changed
+// or not, except when merely the whole window is deactivated.
+class EntryField : public QLineEdit {
+    Q_OBJECT
+
+  public:
+    // Gives the character to take in place of the typed one, or a null character to drop it.
+    using Filter = std::function<QChar(QChar)>;
+
+    EntryField(const QString& name, Filter filter, QWidget* parent = nullptr);
+
+    // Reads, limits and stores what the field holds.
+    void SetCommit(std::function<void()> commit) { commit_ = std::move(commit); }
+    // Where the focus goes behind an Enter; by default it stays.
+    void SetNext(QWidget* next) { next_ = next; }
+    // While it says false, a loss of the focus commits nothing: the text is behind the state it is to show.
+    void SetCommitGuard(std::function<bool()> mayCommit) { mayCommit_ = std::move(mayCommit); }
+
+    void Commit();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    QString Filtered(const QString& text) const;
+    void Paste(bool selection);
+
+    Filter filter_;
+    std::function<void()> commit_;
+    std::function<bool()> mayCommit_;
+    QWidget* next_ = nullptr;
+};
+
+// Gives a control the focus; a control that is disabled or out of sight does not take it, in silence.
+void TakeFocus(QWidget* control);
+
+// The entry field that has the focus commits, as it would on losing it. For commands that take no focus of their own.
+void CommitFocusedField(const QWidget* window);

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QButtonGroup>
+#include <QRadioButton>
+#include <functional>
+
+// A group of options of which one is selected. A user's click always runs the group's click routine, also on the
+// option already selected; a selection from code runs it only if the selection changes, at once and nested.
+class OptionGroup : public QObject {
+    Q_OBJECT
+
+  public:
+    // Options get the object names name_first, name_(first+1), ... and the captions in order.
+    OptionGroup(const QString& name, const QStringList& captions, QWidget* parent, int first = 0);
+
+    // The routine of the group, given the option's index.
+    void SetClick(std::function<void(int)> click) { click_ = std::move(click); }
+    // Asked before a user's click counts. If it refuses, the selection goes back to what it was.
+    void SetUserGuard(std::function<bool()> guard) { guard_ = std::move(guard); }
+
+    // The selected index, or -1 with none.
+    int Selected() const { return selected_; }
+    // Selects from code; -1 or an index that the group lacks takes the selection away.
+    void Select(int index);
+
+    QRadioButton* Option(int index) const;
+    QList<QAbstractButton*> Options() const { return buttons_.buttons(); }
+
+    // "name: caption" for each option, so that a screen reader tells groups with equal captions apart.
+    void SetAccessibleName(const QString& name);
+
+  private:
+    void UserClick(int index);
+    void Show(int index);
+
+    QButtonGroup buttons_;
+    int selected_ = -1;
+    std::function<void(int)> click_;
+    std::function<bool()> guard_;
+};

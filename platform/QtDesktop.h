@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "platform/Desktop.h"
+
+// The desktop of the running program. A box belongs to the active window, or else to the one that is set as parent.
+class QtDesktop : public Desktop {
+  public:
+    void SetParent(QWidget* parent) { parent_ = parent; }
+
+    void MessageBox(const QString& text, const QString& title) override;
+    bool Question(const QString& text, const QString& title) override;
+    void Beep() override;
+    void BusyOn() override;
+    void BusyOff() override;
+    void OpenInViewer(const QUrl& address) override;
+
+  private:
+    QWidget* Parent() const;
+
+    QPointer<QWidget> parent_;
+    bool busy_ = false;
+};

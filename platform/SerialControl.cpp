@@ -1,0 +1,211 @@
+#include "platform/SerialControl.h"
+
+#include <QRegularExpression>
+#include <QThread>
+#include <algorithm>
+
+#ifdef Q_OS_UNIX
+#include <poll.h>
+#include <termios.h>
+#endif
+
+namespace {
+
+constexpr int kStalledLineMs = 3000;
+constexpr int kInputRestMs = 1;
+constexpr int kLossWatchMs = 500;
+constexpr qint64 kDriverLatencyUs = 20'000;  // what adapters hold characters back for
+constexpr qint64 kBitsPerCharacter = 11;  // start, 8 data, 2 stop
+constexpr qint64 kLongestDrainUs = 10'000'000;
+
+struct LineSettings {
+    qint32 baud;
+    QSerialPort::Parity parity;
+    QSerialPort::DataBits dataBits;
+    QSerialPort::StopBits stopBits;
+};
+
+bool ParseSettings(const QString& text, LineSettings& line) {
+    static const QRegularExpression pattern(QStringLiteral("^(\\d{1,7}),([NEO]),([5-8]),([12])$"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch() || match.captured(1).toInt() == 0) {
+        return false;
+    }
+    const QChar parity = match.captured(2).at(0);
+    line.baud = match.captured(1).toInt();
+    line.parity = parity == u'N'   ? QSerialPort::NoParity
+                  : parity == u'E' ? QSerialPort::EvenParity
+                                   : QSerialPort::OddParity;
+    line.dataBits = static_cast<QSerialPort::DataBits>(match.captured(3).toInt());
+    line.stopBits = match.captured(4) == u"2" ? QSerialPort::TwoStop : QSerialPort::OneStop;
+    return true;
+}
+
+}  // namespace
+
+SerialControl::SerialControl(PortFinder findPort) : findPort_(std::move(findPort)) {
+    clock_.start();
+    lossWatch_.setInterval(kLossWatchMs);
+    QObject::connect(&lossWatch_, &QTimer::timeout, &lossWatch_, [this] { LookForLoss(); });
+}
+
+SerialControl::~SerialControl() { Close(); }
+
+bool SerialControl::SetSettings(const QString& settings) {
+    LineSettings line{};
+    if (!ParseSettings(settings, line)) {
+        return false;
+    }
+    settings_ = settings;
+    return true;
+}
+
+bool SerialControl::SetPortOpen(bool open) {
+    if (!open) {
+        Close();
+        return true;
+    }
+    return open_ || Open();
+}
+
+bool SerialControl::Open() {
+    const QString device = findPort_(number_);
+    LineSettings line{};
+    if (device.isEmpty() || !ParseSettings(settings_, line)) {
+        return false;
+    }
+    port_.setPortName(device);
+    port_.setBaudRate(line.baud);
+    port_.setParity(line.parity);
+    port_.setDataBits(line.dataBits);
+    port_.setStopBits(line.stopBits);
+    port_.setFlowControl(QSerialPort::NoFlowControl);
+    if (!port_.open(QIODevice::ReadWrite)) {
+        return false;
+    }
+    open_ = true;
+    lost_ = false;
+    stalled_ = false;
+    waiting_.clear();
+    lineFreeUs_ = 0;
+    lossWatch_.start();
+    return true;
+}
+
+void SerialControl::Close() {
+    if (!open_) {
+        return;
+    }
+    Drain();
+    lossWatch_.stop();
+    if (port_.isOpen()) {
+        if (stalled_) {
+            port_.clear(QSerialPort::Output);  // closing would wait for a line that takes nothing
+        }
+        port_.close();
+    }
+    open_ = false;
+    lost_ = false;
+    waiting_.clear();
+}
+
+// The last command must leave whole at the rate it was sent with, before the port's own settings are restored.
+// The system's drain knows nothing of the buffer in an adapter, so the time the line needs is waited for as well.
+void SerialControl::Drain() {
+    if (lost_ || !FlushOutput() || lost_) {
+        return;
+    }
+#ifdef Q_OS_UNIX
+    ::tcdrain(port_.handle());
+#endif
+    const qint64 restUs = lineFreeUs_ + kDriverLatencyUs - clock_.nsecsElapsed() / 1000;
+    if (lineFreeUs_ > 0 && restUs > 0) {
+        QThread::usleep(static_cast<unsigned long>(std::min(restUs, kLongestDrainUs)));
+    }
+}
+
+// An open port whose device is gone would report that without end, so the system's port is given up at once. PortOpen
+// stays true: the program decides when it closes the control.
+void SerialControl::LookForLoss() {
+    if (!open_ || lost_) {
+        return;
+    }
+    bool gone = !port_.isOpen() || port_.error() == QSerialPort::ResourceError;
+#ifdef Q_OS_UNIX
+    pollfd line{static_cast<int>(port_.handle()), 0, 0};
+    gone = gone || (::poll(&line, 1, 0) > 0 && (line.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0);
+#endif
+    if (gone) {
+        lost_ = true;
+        waiting_.clear();
+        lossWatch_.stop();
+        port_.close();
+    }
+}
+
+void SerialControl::CountLineTime(qsizetype bytes) {
+    const qint64 nowUs = clock_.nsecsElapsed() / 1000;
+    const qint64 costUs = bytes * kBitsPerCharacter * 1'000'000 / std::max(port_.baudRate(), 1);
+    lineFreeUs_ = std::max(lineFreeUs_, nowUs) + costUs;
+}
+
+void SerialControl::ClearOutBuffer() {
+    if (stalled_ && open_ && !lost_) {
+        port_.clear(QSerialPort::Output);
+    }
+    waiting_.clear();
+}
+
+void SerialControl::ClearInBuffer() {
+    if (open_ && !lost_) {
+        port_.clear(QSerialPort::Input);
+    }
+}
+
+qsizetype SerialControl::InBufferCount() {
+    if (!open_ || lost_) {
+        return 0;
+    }
+    if (port_.bytesAvailable() == 0) {
+        port_.waitForReadyRead(kInputRestMs);
+    }
+    const qsizetype count = port_.bytesAvailable();
+    if (count == 0) {
+        LookForLoss();
+    }
+    return count;
+}
+
+QByteArray SerialControl::Input() {
+    return open_ && !lost_ ? port_.read(inputLen_ > 0 ? inputLen_ : port_.bytesAvailable()) : QByteArray();
+}
+
+bool SerialControl::FlushOutput() {
+    if (!open_ || lost_ || waiting_.isEmpty()) {
+        return true;
+    }
+    const qsizetype count = waiting_.size();
+    port_.write(waiting_);
+    waiting_.clear();
+    qint64 left = port_.bytesToWrite();
+    QElapsedTimer sinceProgress;
+    sinceProgress.start();
+    while (left > 0) {
+        const qint64 patience = stalled_ ? 0 : kStalledLineMs - sinceProgress.elapsed();
+        port_.waitForBytesWritten(static_cast<int>(std::max<qint64>(patience, 0)));
+        LookForLoss();
+        if (lost_) {
+            return true;
+        }
+        if (port_.bytesToWrite() < left) {
+            left = port_.bytesToWrite();
+            stalled_ = false;
+            sinceProgress.restart();
+        } else if (stalled_ || sinceProgress.elapsed() >= kStalledLineMs) {
+            stalled_ = true;
+            return false;
+        }
+    }
+    CountLineTime(count);
+    return true;
+}

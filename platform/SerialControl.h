@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QSerialPort>
+#include <QTimer>
+#include <functional>
+
+#include "platform/Com.h"
+
+// Com over a port of this system.
+class SerialControl : public Com {
+  public:
+    // Turns a port number into the device's name or path; empty where there is no such port.
+    using PortFinder = std::function<QString(int)>;
+
+    explicit SerialControl(PortFinder findPort);
+    ~SerialControl() override;
+    Q_DISABLE_COPY_MOVE(SerialControl)
+
+    void SetCommPort(int number) override { number_ = number; }
+    bool SetSettings(const QString& settings) override;
+    QString Settings() const override { return settings_; }
+    bool PortOpen() const override { return open_; }
+    bool SetPortOpen(bool open) override;
+    bool LineLost() const override { return lost_; }
+    void ClearOutBuffer() override;
+    void ClearInBuffer() override;
+    qsizetype InBufferCount() override;
+    void SetInputLen(qsizetype count) override { inputLen_ = count; }
+    QByteArray Input() override;
+    void Output(char character) override { waiting_ += character; }
+    bool FlushOutput() override;
+
+  private:
+    bool Open();
+    void Close();
+    void Drain();
+    void LookForLoss();
+    void CountLineTime(qsizetype bytes);
+
+    PortFinder findPort_;
+    QSerialPort port_;
+    int number_ = 1;
+    QString settings_ = QStringLiteral("9600,N,8,1");
+    qsizetype inputLen_ = 0;
+    QByteArray waiting_;    // not yet handed to the port
+    bool open_ = false;
+    bool lost_ = false;
+    bool stalled_ = false;  // the line took nothing for the whole of its time-out
+    qint64 lineFreeUs_ = 0; // moment at which the line has carried all that was handed to it
+    QElapsedTimer clock_;
+    QTimer lossWatch_;  // sees an adapter pulled while the line is idle
+};
