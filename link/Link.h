@@ -1,0 +1,22 @@
+#pragma once
+
+#include "link/Connection.h"
+#include "link/LinkGate.h"
+#include "link/ReadBack.h"
+#include "link/SerialTransport.h"
+#include "link/SettingCommands.h"
+
+// All traffic with the instrument, as one object.
+struct Link {
+    Link(ProgramState& program, Com& com, LinkClock& clock, Desktop& desktop, LinkFront& front)
+        : transport(program.link, com, clock, desktop, front),
+          connection(program, transport, desktop, front),
+          commands(program, transport),
+          readBack(program, transport) {}
+
+    LinkGate gate;
+    SerialTransport transport;
+    Connection connection;
+    SettingCommands commands;
+    ReadBack readBack;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+// What of the window the link changes by itself.
+class LinkFront {
+  public:
+    virtual ~LinkFront() = default;
+
+    // The check box cRM, "Remote On".
+    virtual void CheckRemote(bool checked) = 0;
+    // The caption of Main.
+    virtual void ShowCaption(const QString& caption) = 0;
+};
+
+// The captions of Main without and with a link.
+inline constexpr char16_t kProgramCaption[] = u"KL5276 - V1.02";
+inline QString OfflineCaption() { return QString::fromUtf16(kProgramCaption) + u"       Offline"; }
+inline QString LinkedCaption(const QString& UnitVersion) {
+    return QString::fromUtf16(kProgramCaption) + u"       Unit:" + UnitVersion;
+}

@@ -1,0 +1,94 @@
+#include "link/ReadBack.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "core/Enumerations.h"
+#include "core/LevelRange.h"
+
+namespace {
+
+// The first value of the enumeration whose token stands anywhere in the status line; what has no token remains.
+template <std::size_t size>
+quint8 FindToken(const std::array<EnumerationRow, size>& table, const QString& status) {
+    const auto row = std::find_if(table.begin(), table.end(), [&status](const EnumerationRow& candidate) {
+        return *candidate.token == '\0' || status.contains(QLatin1StringView(candidate.token));
+    });
+    return static_cast<quint8>(row - table.begin());
+}
+
+}  // namespace
+
+void ReadBack::ReadAllFromUnit() {
+    ReadSweep();
+    ReadModulation();
+    ReadStatus();
+    ReadLevel();
+    ReadFrequency();
+}
+
+// The number at the head of the reply, or of what stands in ReplyText if the query fails.
+double ReadBack::Ask(const char* query) {
+    link_.CommandText = QString::fromLatin1(query);
+    transport_.QueryUnit();
+    return ReadHeadNumber(link_.ReplyText);
+}
+
+void ReadBack::ReadSweep() {
+    if (link_.LinkUp == 0 || panel_.bmWobbel == kSweepOff) {
+        return;
+    }
+    panel_.msWobbel = Ask("stt?");
+    panel_.meWobbel = Ask("stp?");
+    panel_.mtWobbel = Ask("swt?");
+}
+
+void ReadBack::ReadModulation() {
+    if (link_.LinkUp == 0) {
+        return;
+    }
+    const double depth = NearestEven(Ask("amt?"));
+    // A depth that the field can't hold leaves the field as it is.
+    if (depth >= 0.0 && depth <= std::numeric_limits<quint8>::max()) {
+        panel_.bmAmDepth = static_cast<quint8>(depth);
+    }
+    panel_.mcFreq = Ask("fk0?");
+    panel_.mhFreq = Ask("fk1?");
+    panel_.mPhasea = Ask("ph0?");
+    panel_.mPhaseb = Ask("ph1?");
+}
+
+void ReadBack::ReadStatus() {
+    if (link_.LinkUp == 0) {
+        return;
+    }
+    Ask("sta?");
+    const QString status = link_.ReplyText.toUpper();
+    panel_.tmOut = ToTruth(status.contains(u"OT1"));
+    panel_.tmIntRef = ToTruth(status.contains(u"RFI"));
+    panel_.bmWobbel = FindToken(kSweeps, status);
+    panel_.bmSignal = FindToken(kSignals, status);
+    panel_.bmAmpMod = FindToken(kAmplitudeModulations, status);
+    panel_.bmFMod = FindToken(kShiftKeyings, status);
+    panel_.bmMode = FindToken(kModes, status);
+    panel_.tmVPP = ToTruth(status.contains(u"VPP"));
+}
+
+void ReadBack::ReadLevel() {
+    if (link_.LinkUp == 0) {
+        return;
+    }
+    panel_.mAmp = Ask("amp?");
+    panel_.bmBereich = LevelRangeNumber(panel_.mAmp, panel_.tmVPP);
+    const double reported = Ask("OFS?");
+    panel_.tmOffset = ToTruth(reported != 0.0);
+    if (panel_.tmOffset) {
+        panel_.mOffset = reported / RangeOf(panel_.bmBereich).offsetReplyFactor;
+    }
+}
+
+void ReadBack::ReadFrequency() {
+    if (link_.LinkUp != 0 && panel_.bmWobbel == kSweepOff) {
+        panel_.mFreq = Ask("frq?");
+    }
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/ProgramState.h"
+#include "link/SerialTransport.h"
+
+// Fills PanelState from the instrument. Each routine returns at once while the link is down. A time-out within a
+// routine doesn't stop it: its later fields are filled from what stands in ReplyText, and nothing is restored.
+class ReadBack {
+  public:
+    ReadBack(ProgramState& program, SerialTransport& transport)
+        : panel_(program.panel), link_(program.link), transport_(transport) {}
+
+    // All of it. The order matters: the level needs tmVPP, and the frequency bmWobbel, from the status.
+    void ReadAllFromUnit();
+
+    void ReadSweep();  // asks only while bmWobbel, as it was before this read-back, is above 0
+    void ReadModulation();
+    void ReadStatus();
+    void ReadLevel();
+    void ReadFrequency();
+
+  private:
+    double Ask(const char* query);
+
+    PanelState& panel_;
+    LinkState& link_;
+    SerialTransport& transport_;
+};

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "core/LinkState.h"
+#include "link/LinkFront.h"
+#include "platform/Com.h"
+#include "platform/Desktop.h"
+#include "platform/LinkClock.h"
+
+// The lines to and from the instrument. The command stands in CommandText, the reply in ReplyText; there is no
+// checksum, no acknowledgement and no retry: pacing is the only flow control, and a time-out on a reply ends the link.
+//
+// No routine has a result: a fault is seen in SerialFault and LinkUp. A send on a closed port vanishes without a word.
+class SerialTransport {
+  public:
+    SerialTransport(LinkState& state, Com& com, LinkClock& clock, Desktop& desktop, LinkFront& front)
+        : state_(state), com_(com), clock_(clock), desktop_(desktop), front_(front) {}
+
+    // Each appends a CR. The first "," becomes "." (the numbers in a command carry the user's separator), but not in
+    // SendCommandSlow, whose commas are separators.
+    void SendCommand();      // paced once, behind the line
+    void SendCommandFast();  // not paced: the points of a memory
+    void SendCommandSlow();  // paced behind each character: the clock
+    void SendQuery();        // as SendCommand, but no CR is added to a text that holds one
+
+    // Sends CommandText and collects one line into ReplyText; at most 3.0 s for each of its bytes. Does nothing, and
+    // leaves ReplyText, while LinkUp is 0.
+    void QueryUnit();
+    // The form for the thousands of queries of a memory read.
+    void SendQueryBlock() { SendQuery(); }
+    void QueryUnitBlock() { QueryUnit(); }
+
+    // One message for a fault, and the link is down.
+    void ShowSerialError();
+
+    Com& com() { return com_; }
+
+  private:
+    enum class Pacing { None, Line, Character };
+    struct SendForm {
+        bool replaceComma;
+        bool alwaysAppendCr;
+        Pacing pacing;
+    };
+    void Send(const SendForm& form);
+    bool Write(Pacing pacing);
+    void Pace();
+    bool AwaitByte();
+    QChar ReadReplyChar();
+
+    LinkState& state_;
+    Com& com_;
+    LinkClock& clock_;
+    Desktop& desktop_;
+    LinkFront& front_;
+};

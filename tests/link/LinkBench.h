@@ -1,0 +1,27 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "link/Link.h"
+#include "support/FakeDesktop.h"
+#include "support/ScriptedLine.h"
+
+// The link with a scripted line, clock and desktop.
+struct LinkBench : ::testing::Test {
+    ProgramState program;
+    ScriptedClock clock;
+    ScriptedLine line{clock};
+    FakeDesktop desktop;
+    FakeFront front;
+    Link link{program, line, clock, desktop, front};
+
+    LinkState& state = program.link;
+    PanelState& panel = program.panel;
+
+    void ConnectSilently() {
+        link.connection.OpenComPort();
+        line.wire.clear();
+    }
+};
+
+inline const QString kReadError = QStringLiteral("Serial - Error| Data read error ( %1\r )");

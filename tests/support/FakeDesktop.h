@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QStringList>
+#include <functional>
+
+#include "link/LinkFront.h"
+#include "platform/Desktop.h"
+
+// A desktop that answers its boxes by itself and remembers them.
+class FakeDesktop : public Desktop {
+  public:
+    QStringList boxes;  // "title|text" of each message box and question, in order
+    QList<QUrl> viewed;
+    int beeps = 0;
+    bool busy = false;
+    bool answer = false;               // to questions
+    std::function<void()> whileShown;  // run while a message box stands
+
+    void MessageBox(const QString& text, const QString& title) override {
+        boxes += title + u'|' + text;
+        if (whileShown) {
+            whileShown();
+        }
+    }
+    bool Question(const QString& text, const QString& title) override {
+        boxes += title + u'|' + text;
+        return answer;
+    }
+    void Beep() override { ++beeps; }
+    void BusyOn() override { busy = true; }
+    void BusyOff() override { busy = false; }
+    void OpenInViewer(const QUrl& address) override { viewed += address; }
+};
+
+struct FakeFront : LinkFront {
+    bool remoteChecked = false;
+    QString caption;
+
+    void CheckRemote(bool checked) override { remoteChecked = checked; }
+    void ShowCaption(const QString& text) override { caption = text; }
+};

@@ -1,0 +1,59 @@
+#include "support/ScriptedLine.h"
+
+void ScriptedClock::WaitMs(qint32& ms) {
+    nowMs += ms;
+    waitedMs += ms;
+    if (onWait) {
+        onWait();
+    }
+}
+
+QStringList ScriptedLine::Lines() const {
+    QStringList lines = QString::fromLatin1(wire).split(u'\r');
+    lines.removeLast();  // behind the last CR
+    return lines;
+}
+
+bool ScriptedLine::SetSettings(const QString& settings) {
+    settings_ = settings;
+    return true;
+}
+
+bool ScriptedLine::SetPortOpen(bool open) {
+    open_ = open && ports.contains(port_);
+    if (open_) {
+        openings += QStringLiteral("%1: %2").arg(port_).arg(settings_);
+    }
+    return open_ == open;
+}
+
+qsizetype ScriptedLine::InBufferCount() {
+    if (input_.isEmpty() || clock_.nowMs < nextByteMs_) {
+        clock_.nowMs += 50;
+        return 0;
+    }
+    return 1;
+}
+
+QByteArray ScriptedLine::Input() {
+    const QByteArray taken = input_.first(inputLen_);
+    input_.remove(0, inputLen_);
+    nextByteMs_ = clock_.nowMs + byteDelayMs;
+    return taken;
+}
+
+bool ScriptedLine::FlushOutput() {
+    ++flushes;
+    if (!takesOutput) {
+        clock_.nowMs += 3000;
+        return false;
+    }
+    wire += waiting_;
+    if (waiting_.endsWith('\r')) {
+        const QString line = Lines().constLast();
+        input_ += replies.contains(line) ? replies.value(line) : reply ? reply(line, settings_) : QByteArray();
+        nextByteMs_ = clock_.nowMs + byteDelayMs;
+    }
+    waiting_.clear();
+    return true;
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QMap>
+#include <QSet>
+#include <QStringList>
+#include <functional>
+
+#include "platform/Com.h"
+#include "platform/LinkClock.h"
+
+// A clock that moves only as the test says.
+class ScriptedClock : public LinkClock {
+  public:
+    qint64 nowMs = 0;
+    qint64 waitedMs = 0;            // by WaitMs alone
+    std::function<void()> onWait;   // an event that enters during pacing
+
+    qint64 NowMs() const override { return nowMs; }
+    void WaitMs(qint32& ms) override;
+};
+
+// A serial control with a scripted far end: a reply for each query, each byte after a delay on the scripted clock.
+class ScriptedLine : public Com {
+  public:
+    explicit ScriptedLine(ScriptedClock& clock) : clock_(clock) {}
+
+    QMap<QString, QByteArray> replies;  // by the line without its CR; the reply needs its own CR
+    std::function<QByteArray(const QString& line, const QString& settings)> reply;  // asked where replies has none
+    qint64 byteDelayMs = 0;
+    QSet<int> ports{1, 2, 3, 4};  // that can be opened
+    bool takesOutput = true;
+    bool lost = false;
+
+    QByteArray wire;        // all that was sent
+    QStringList openings;   // "port: settings" of each successful opening
+    int flushes = 0;
+
+    QStringList Lines() const;
+
+    void SetCommPort(int number) override { port_ = number; }
+    bool SetSettings(const QString& settings) override;
+    QString Settings() const override { return settings_; }
+    bool PortOpen() const override { return open_; }
+    bool SetPortOpen(bool open) override;
+    bool LineLost() const override { return lost; }
+    void ClearOutBuffer() override { waiting_.clear(); }
+    void ClearInBuffer() override { input_.clear(); }
+    qsizetype InBufferCount() override;
+    void SetInputLen(qsizetype count) override { inputLen_ = count; }
+    QByteArray Input() override;
+    void Output(char character) override { waiting_ += character; }
+    bool FlushOutput() override;
+
+  private:
+    ScriptedClock& clock_;
+    int port_ = 0;
+    bool open_ = false;
+    QString settings_;
+    QByteArray waiting_;
+    QByteArray input_;
+    qint64 nextByteMs_ = 0;
+    qsizetype inputLen_ = 0;
+};
