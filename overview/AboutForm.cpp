@@ -1,0 +1,106 @@
+#include "overview/AboutForm.h"
+
+#include <QEvent>
+#include <QFontInfo>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr char kWebSite[] = "https://trx5276.example";
+constexpr double kTitleScale = 1.8;  // of the program's name, against the desktop's own text
+
+QFont Emphasised(QFont font, double scale) {
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * scale);
+    font.setBold(true);
+    return font;
+}
+
+}  // namespace
+
+AboutForm::AboutForm(Desktop& desktop, QWidget* parent) : QDialog(parent), desktop_(desktop) {
+    setObjectName(QStringLiteral("about"));
+    setWindowTitle(QStringLiteral("About/Support"));
+    setAttribute(Qt::WA_DeleteOnClose);
+
+    auto* const column = new QVBoxLayout(this);
+    const int line = fontMetrics().height();
+    column->setContentsMargins(2 * line, 3 * line / 2, 2 * line, line);
+    column->setSpacing(line / 4);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+
+    QLabel* const Label1 = AddLabel("Label1", QStringLiteral("TRX5276"));
+    Label1->setFont(Emphasised(font(), kTitleScale));
+    Label2 = AddLabel("Label2", QString());
+    column->addSpacing(line);
+    QLabel* const Label5 = AddLabel("Label5", QStringLiteral("Support:"));
+    Label5->setFont(Emphasised(font(), 1.0));
+    AddLabel("Label6", QStringLiteral("TRX5276 project"));
+    AddLabel("Label7", QStringLiteral("Telephone: +1 555 0100"));
+    AddLabel("Label8", QStringLiteral("Telefax: +1 555 0101"));
+    AddLabel("Label13", QStringLiteral("E-mail: support@trx5276.example"));
+    Label14 = AddLabel("Label14", QString());
+    Label14->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    Label14->setAccessibleName(QStringLiteral("Web site"));
+    connect(Label14, &QLabel::linkActivated, this, &AboutForm::about_Label14_Click);
+    column->addSpacing(line);
+
+    Command1 = new QPushButton(QStringLiteral("OK"), this);
+    Command1->setObjectName(QStringLiteral("Command1"));
+    Command1->setDefault(true);
+    Command1->setFocus();
+    connect(Command1, &QPushButton::clicked, this, &AboutForm::about_Command1_Click);
+    column->addWidget(Command1, 0, Qt::AlignRight);
+
+    RefreshLabel14();
+    about_Form_Load();
+}
+
+QLabel* AboutForm::AddLabel(const char* name, const QString& text) {
+    auto* const label = new QLabel(text, this);
+    label->setObjectName(QLatin1String(name));
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);  // to copy a number or an address
+    layout()->addWidget(label);
+    return label;
+}
+
+void AboutForm::about_Form_Load() { Label2->setText(QStringLiteral("The TRX5276 project, 2025-2026")); }
+
+void AboutForm::about_Command1_Click() { close(); }
+
+void AboutForm::about_Label14_Click() { desktop_.OpenInViewer(QUrl(QLatin1String(kWebSite))); }
+
+void AboutForm::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && Label14 != nullptr) {
+        RefreshLabel14();
+    }
+}
+
+// Not every dark theme brings a link colour that reads on it.
+void AboutForm::RefreshLabel14() {
+    constexpr int kHalfBright = 128;
+    const QColor paper = palette().color(QPalette::Window);
+    QColor link = palette().color(QPalette::Link);
+    if (paper.lightness() < kHalfBright && link.lightness() <= kHalfBright) {
+        link = QColor(127, 180, 255);
+    }
+    Label14->setText(QStringLiteral("Web site: <a href=\"%1\" style=\"color: %2\">%1</a>")
+                         .arg(QLatin1String(kWebSite), link.name()));
+}
+
+void ShowAbout(QWidget& owner, Desktop& desktop) {
+    AboutForm* form = nullptr;
+    for (AboutForm* const other : owner.findChildren<AboutForm*>(Qt::FindDirectChildrenOnly)) {
+        form = other->isVisible() ? other : form;  // a closed one lives on until its events are done
+    }
+    if (form == nullptr) {
+        form = new AboutForm(desktop, &owner);
+    }
+    form->setWindowState(form->windowState() & ~Qt::WindowMinimized);
+    form->show();
+    form->raise();
+    form->activateWindow();
+}
