@@ -1,0 +1,27 @@
+#include <QApplication>
+
+#include "panel/Main.h"
+#include "platform/ComPorts.h"
+#include "platform/EventClock.h"
+#include "platform/ProgramFolder.h"
+#include "platform/QtDesktop.h"
+#include "platform/SerialControl.h"
+
+// Makes the program's state and everything that works on it, and wires them.
+int main(int argc, char* argv[]) {
+    const QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("TRX5276"));
+
+    const QString folder = ProgramFolder();
+    ProgramState program;
+    SerialControl com([folder](int number) { return FindComPort(number, folder); });
+    EventClock clock;
+    QtDesktop desktop;
+    Main form({program, com, clock, desktop, folder, DocumentFolders(), [folder](int number, bool openHere) {
+                   return DescribeComPort(number, folder, openHere);
+               }});
+    desktop.SetParent(&form);
+    form.Main_Form_Load();
+    form.show();
+    return QApplication::exec();
+}

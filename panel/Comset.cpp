@@ -1,0 +1,124 @@
+#include "panel/Comset.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
+    auto* const button = new QPushButton(caption, parent);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QGroupBox* MakeColumn(const QString& title, const OptionGroup& group, QWidget* parent) {
+    auto* const frame = new QGroupBox(title, parent);
+    auto* const column = new QVBoxLayout(frame);
+    for (QAbstractButton* const option : group.Options()) {
+        column->addWidget(option);
+    }
+    column->addStretch();
+    return frame;
+}
+
+}  // namespace
+
+Comset::Comset(ProgramState& program, Link& link, Desktop& desktop, const PortDescriber& describePort, QWidget* parent)
+    : QDialog(parent), program_(program), link_(link), desktop_(desktop) {
+    setObjectName(QStringLiteral("comset"));
+    setWindowTitle(QStringLiteral("Serial port setup"));
+    QStringList ports;
+    for (int number = kFirstComPort; number <= kLastComPort; ++number) {
+        ports += QStringLiteral("Com%1").arg(number);
+    }
+    port = new OptionGroup(QStringLiteral("port"), ports, this, kFirstComPort);
+    port->SetAccessibleName(QStringLiteral("Serial port"));
+    QStringList rates;
+    for (const qint32 rate : kBaudRates) {
+        rates += QString::number(rate);
+    }
+    baud = new OptionGroup(QStringLiteral("baud"), rates, this, 1);
+    baud->SetAccessibleName(QStringLiteral("Baud rate"));
+    cbok = MakeButton(QStringLiteral("cbok"), QStringLiteral("&Ok"), this);
+    cbok->setDefault(true);
+    cbabbruch = MakeButton(QStringLiteral("cbabbruch"), QStringLiteral("E&xit"), this);
+    Command1 = MakeButton(QStringLiteral("Command1"), QStringLiteral("Autosearch"), this);
+    Command1->setToolTip(QStringLiteral("Search the connected analyser"));
+    connect(cbok, &QPushButton::clicked, this, &Comset::comset_cbok_Click);
+    connect(cbabbruch, &QPushButton::clicked, this, &Comset::comset_cbabbruch_Click);
+    connect(Command1, &QPushButton::clicked, this, &Comset::comset_Command1_Click);
+    Arrange();
+    comset_Form_Load(describePort);
+}
+
+void Comset::Arrange() {
+    auto* const hint = new QLabel(QStringLiteral("Set KL5276-x to: No parity; 8 Bit; 2 stop bits"), this);
+    auto* const options = new QHBoxLayout;
+    options->addWidget(MakeColumn(QStringLiteral("Port"), *port, this));
+    options->addWidget(MakeColumn(QStringLiteral("Baud"), *baud, this));
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(Command1);
+    buttons->addStretch();
+    buttons->addWidget(cbok);
+    buttons->addWidget(cbabbruch);
+    auto* const column = new QVBoxLayout(this);
+    column->setSpacing(10);
+    column->addWidget(hint);
+    column->addLayout(options);
+    column->addLayout(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void Comset::comset_Form_Load(const PortDescriber& describePort) {
+    const int current = program_.preferences.ComPortNumber;
+    for (int number = kFirstComPort; number <= kLastComPort; ++number) {
+        const bool openHere = number == current && link_.transport.com().PortOpen();
+        const QString device = describePort(number, openHere);
+        port->Option(number)->setToolTip(device);
+        port->Option(number)->setAccessibleDescription(device);
+    }
+    port->Select(current);
+    const auto* const rate = std::find(std::begin(kBaudRates), std::end(kBaudRates), program_.preferences.ComBaudRate);
+    baud->Select(rate != std::end(kBaudRates) ? static_cast<int>(rate - std::begin(kBaudRates)) + 1 : -1);
+}
+
+void Comset::comset_cbok_Click() {
+    const LinkOperation operation(link_.gate);
+    if (!operation) {
+        desktop_.Beep();
+        return;
+    }
+    LinkState& state = program_.link;
+    if (link_.transport.com().PortOpen() && state.LinkUp == 1) {
+        link_.connection.DisconnectUnit();
+        state.LinkUp = 0;
+    }
+    desktop_.BusyOn();
+    if (baud->Selected() >= 1) {
+        program_.preferences.ComBaudRate = kBaudRates[baud->Selected() - 1];
+    }
+    if (port->Selected() >= 1) {
+        program_.preferences.ComPortNumber = static_cast<qint16>(port->Selected());
+    }
+    link_.connection.ConnectUnit();
+    close();
+}
+
+void Comset::comset_cbabbruch_Click() { close(); }
+
+void Comset::comset_Command1_Click() {
+    const LinkOperation operation(link_.gate);
+    if (!operation) {
+        desktop_.Beep();
+        return;
+    }
+    link_.connection.AutoSearchUnit();
+    if (program_.link.LinkUp == 1) {
+        close();
+    }
+}

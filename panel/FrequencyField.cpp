@@ -1,0 +1,40 @@
+#include "panel/FrequencyField.h"
+
+#include "core/FrequencyDisplay.h"
+#include "panel/FrequencyRules.h"
+
+FrequencyField::FrequencyField(const PanelContext& context, const Names& names, double& stored,
+                               std::function<void()> refresh, QWidget* parent)
+    : context_(context), stored_(stored), refresh_(std::move(refresh)) {
+    const QString accessible = QString::fromLatin1(names.accessible);
+    field_ = MakeEntryField(context, QString::fromLatin1(names.field), KeyClass::Plain, accessible, parent);
+    field_->SetCommit([this] { Commit(); });
+    QStringList units;
+    for (const FrequencyUnit& unit : kFrequencyUnits) {
+        units += QString::fromLatin1(unit.name);
+    }
+    units_ = new OptionGroup(QString::fromLatin1(names.units), units, parent);
+    units_->SetAccessibleName(accessible + QStringLiteral(", unit"));
+    units_->SetClick([this](int) { TakeFocus(field_); });
+    unitLabel_ = MakeLabel(QString::fromLatin1(names.unitLabel), QStringLiteral("MHz"), parent, field_);
+    unitLabel_->setMinimumWidth(unitLabel_->sizeHint().width());
+}
+
+void FrequencyField::Show() {
+    const int index = FrequencyUnitIndex(stored_);
+    const FrequencyUnit& unit = kFrequencyUnits[static_cast<std::size_t>(index)];
+    const QString name = QString::fromLatin1(unit.name);
+    field_->setText(context_.numbers.Picture(stored_ / unit.hertz, unit.picture));
+    field_->setAccessibleDescription(QStringLiteral("in ") + name);
+    unitLabel_->setText(name);
+    units_->Select(index);
+}
+
+void FrequencyField::Commit() {
+    const HeldFrequency held = HoldFrequency(context_.numbers.ReadEntry(field_->text()), units_->Selected());
+    if (held.outOfRange) {
+        context_.hint.FlashMessage(FrequencyRangeMessage(context_.numbers));
+    }
+    stored_ = held.hertz;
+    refresh_();
+}

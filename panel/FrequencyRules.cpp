@@ -1,0 +1,37 @@
+#include "panel/FrequencyRules.h"
+
+#include "core/Enumerations.h"
+#include "core/FrequencyDisplay.h"
+
+HeldFrequency HoldFrequency(double entry, int unit) {
+    const bool known = unit >= 0 && unit < static_cast<int>(kFrequencyUnits.size());
+    const double hertz = entry * (known ? kFrequencyUnits[static_cast<std::size_t>(unit)].hertz : 1.0);
+    if (hertz < kLowestHz) {
+        return {kLowestHz, true};
+    }
+    if (hertz > kHighestHz) {
+        return {kHighestHz, true};
+    }
+    return {hertz, false};
+}
+
+QString FrequencyRangeMessage(const UserNumbers& numbers) {
+    return u"Frequencyrange: " + numbers.Picture(kLowestHz, "0.0000") + u" to " +
+           numbers.Picture(kHighestHz, "0.0000");
+}
+
+QString FrequencyToolTip(quint8 bmSignal) {
+    if (bmSignal < kSignalTriangular) {
+        return QStringLiteral("The maximum frequency range is 15MHz");
+    }
+    if (bmSignal == kSignalTriangular) {
+        return QStringLiteral("The maximum frequency range is 1MHz");
+    }
+    if (bmSignal < kSignalArbitrary4) {
+        return QStringLiteral("The maximum frequency range is 100kHz");
+    }
+    if (bmSignal < kSignalWhiteNoise) {
+        return QStringLiteral("The maximum frequency is 10MHz (sampling rate 40MHz)");
+    }
+    return QStringLiteral("The frequency can not be varied in noise mode");
+}

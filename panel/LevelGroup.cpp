@@ -1,0 +1,111 @@
+#include "panel/LevelGroup.h"
+
+#include <cmath>
+
+#include "core/LevelRange.h"
+#include "panel/LevelRules.h"
+
+LevelGroup::LevelGroup(const PanelContext& context, QWidget* parent) : context_(context), panel_(context.panel) {
+    Text2 = MakeEntryField(context, QStringLiteral("Text2"), KeyClass::Plain, QStringLiteral("Output voltage"), parent);
+    Text2->SetCommit([this] { Text2_Commit(); });
+    Label6 = MakeLabel(QStringLiteral("Label6"), QStringLiteral("VPP"), parent, Text2);
+    vunit = new OptionGroup(QStringLiteral("vunit"), {QStringLiteral("VPP"), QStringLiteral("RMS")}, parent);
+    vunit->SetAccessibleName(QStringLiteral("Output voltage, unit"));
+    vunit->Select(panel_.tmVPP ? 0 : 1);
+    vunit->SetClick([this](int index) { vunit_Click(index); });
+    Text4 =
+        MakeEntryField(context, QStringLiteral("Text4"), KeyClass::Signed, QStringLiteral("Offset voltage, in V"), parent);
+    Text4->SetCommit([this] { Text4_Commit(); });
+    Check1 = new QCheckBox(QStringLiteral("On"), parent);
+    Check1->setObjectName(QStringLiteral("Check1"));
+    Check1->setAccessibleName(QStringLiteral("Offset voltage on"));
+    QObject::connect(Check1, &QCheckBox::clicked, Check1, [this] { Check1_Click(); });
+}
+
+void LevelGroup::Text2_Commit() { StoreLevel(context_.numbers.ReadEntry(Text2->text())); }
+
+void LevelGroup::StoreLevel(double level) {
+    const HeldLevel held = HoldLevel(level, panel_.tmVPP, AmOn());
+    if (held.bound != LevelBound::None) {
+        context_.hint.FlashMessage(LevelMessage(held.bound, panel_.tmVPP, context_.numbers));
+    }
+    panel_.mAmp = held.level;
+    RefreshLevel();
+}
+
+// What is in force is tmVPP, not what the options show: a read-back changes the unit and leaves the options alone.
+void LevelGroup::vunit_Click(int index) {
+    const bool toVpp = index == 0;
+    if (toVpp != (panel_.tmVPP != kFalse)) {
+        panel_.tmVPP = ToTruth(toVpp);
+        StoreLevel(ConvertLevel(context_.numbers.ReadEntry(Text2->text()), toVpp));
+    }
+    TakeFocus(Text2);
+}
+
+void LevelGroup::Text4_Commit() {
+    panel_.mOffset = context_.numbers.ReadEntry(Text4->text());
+    RefreshOffset();
+}
+
+void LevelGroup::Check1_Click() {
+    panel_.tmOffset = ToTruth(Check1->isChecked());
+    RefreshOffset();
+}
+
+// A change from code runs the click routine, as a user's click does.
+void LevelGroup::SelectCheck1(bool checked) {
+    if (Check1->isChecked() != checked) {
+        Check1->setChecked(checked);
+        Check1_Click();
+    }
+}
+
+void LevelGroup::RefreshLevel() {
+    const UserNumbers& numbers = context_.numbers;
+    Label6->setText(panel_.tmVPP ? QStringLiteral("VPP") : QStringLiteral("RMS"));
+    Text2->setAccessibleDescription(QStringLiteral("in ") + Label6->text());
+    Text2->setToolTip(LevelToolTip(panel_.tmVPP, numbers));
+    panel_.bmBereich = LevelRangeNumber(panel_.mAmp, panel_.tmVPP);
+    Text4->setToolTip(OffsetToolTip(panel_.bmBereich, panel_.tmVPP, numbers));
+    const double largestOffset = RangeOf(panel_.bmBereich).largestOffset;
+    if (panel_.mOffset > largestOffset) {
+        panel_.mOffset = largestOffset;
+        context_.hint.FlashMessage(LargestOffsetMessage(panel_.bmBereich));
+    }
+    if (SumExceedsRange(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP)) {
+        panel_.mAmp = LevelBesideOffset(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP);
+        context_.hint.FlashMessage(SumMessage(panel_.bmBereich, panel_.tmVPP, numbers));
+    }
+    Text2->setText(numbers.Picture(panel_.mAmp, "0.00000"));
+    RefreshOffset();
+}
+
+void LevelGroup::RefreshOffset() {
+    const double sign = panel_.mOffset < 0.0 ? -1.0 : 1.0;
+    HoldOffsetMagnitude();
+    if (panel_.tmOffset && AmOn()) {
+        SelectCheck1(false);
+        context_.hint.FlashMessage(
+            QStringLiteral("An offset voltage cannot be superimposed to an AM signal"));
+    } else if (panel_.tmOffset) {
+        SelectCheck1(true);
+    }
+    panel_.mOffset *= sign;
+    Text4->setText(context_.numbers.Picture(panel_.mOffset, "0.0000"));
+}
+
+// Leaves the magnitude of the offset in mOffset, within the range and at its resolution.
+void LevelGroup::HoldOffsetMagnitude() {
+    panel_.mOffset = std::fabs(panel_.mOffset);
+    const double largestOffset = RangeOf(panel_.bmBereich).largestOffset;
+    if (panel_.mOffset > largestOffset) {
+        panel_.mOffset = largestOffset;
+        context_.hint.FlashMessage(LargestOffsetMessage(panel_.bmBereich));
+    }
+    if (SumExceedsRange(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP)) {
+        panel_.mOffset = OffsetBesideLevel(panel_.mAmp, panel_.bmBereich, panel_.tmVPP);
+        context_.hint.FlashMessage(SumMessage(panel_.bmBereich, panel_.tmVPP, context_.numbers));
+    }
+    panel_.mOffset = RoundOffset(panel_.mOffset, panel_.bmBereich);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+
+#include "core/Numbers.h"
+#include "core/PanelState.h"
+
+// The arithmetic that ties level, unit, offset and amplitude modulation together. Levels are in the unit of tmVPP
+// (Vpp while true, Vrms while false), offsets in V. A value equal to a bound is valid.
+
+inline constexpr double kLowestVpp = 0.02;
+inline constexpr double kHighestVpp = 20.0;
+inline constexpr double kLowestVrms = 0.0071;
+inline constexpr double kHighestVrms = 7.07;
+
+constexpr double LowestLevelOf(Truth tmVPP) { return tmVPP ? kLowestVpp : kLowestVrms; }
+constexpr double HighestLevelOf(Truth tmVPP) { return tmVPP ? kHighestVpp : kHighestVrms; }
+// Amplitude modulation doubles the peak, so the level may be half.
+constexpr double HighestAmLevelOf(Truth tmVPP) { return HighestLevelOf(tmVPP) / 2.0; }
+
+enum class LevelBound { None, Lowest, Highest, HighestWithAm };
+
+struct HeldLevel {
+    double level;
+    LevelBound bound;  // the bound that the entry was brought to
+};
+
+// A level entry held within the bounds of its unit.
+HeldLevel HoldLevel(double level, Truth tmVPP, bool amOn);
+// The hint of a bound; empty for None.
+QString LevelMessage(LevelBound bound, Truth tmVPP, const UserNumbers& numbers);
+
+// A level of the other unit in the unit `toVpp`. The factor is the square root of 2.
+double ConvertLevel(double level, bool toVpp);
+
+// Whether level and offset together exceed the range's level bound: 2 x offset + level in Vpp, the square root of
+// 2 x offset + level in Vrms. The offset counts with the sign it is given with.
+bool SumExceedsRange(double level, double offset, quint8 bmBereich, Truth tmVPP);
+// The level that gives way to the offset. In Vrms it is held within its range, and is never raised.
+double LevelBesideOffset(double level, double offset, quint8 bmBereich, Truth tmVPP);
+// The magnitude of the offset that gives way to the level.
+double OffsetBesideLevel(double level, quint8 bmBereich, Truth tmVPP);
+// An offset's magnitude at the resolution of its range: three decimals in range 2, two in range 3, all in range 1.
+double RoundOffset(double magnitude, quint8 bmBereich);
+
+QString LevelToolTip(Truth tmVPP, const UserNumbers& numbers);
+QString OffsetToolTip(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers);
+QString LargestOffsetMessage(quint8 bmBereich);
+QString SumMessage(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers);

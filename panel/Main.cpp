@@ -1,0 +1,255 @@
+#include "panel/Main.h"
+
+#include <QCloseEvent>
+#include <QScopedValueRollback>
+
+#include "overview/Manuals.h"
+#include "panel/PreferencesFile.h"
+#include "platform/FormPlace.h"
+
+Main::Main(const MainServices& services)
+    : services_(services),
+      program_(services.program),
+      desktop_(services.desktop),
+      link_(services.program, services.com, services.clock, services.desktop, *this) {
+    setObjectName(QStringLiteral("Main"));
+    MakeControls();
+    Arrange();
+    ConnectControls();
+    ConnectMenu();
+}
+
+void Main::MakeControls() {
+    auto* const panel = new QWidget(this);
+    setCentralWidget(panel);
+    hint_ = new HintLine(desktop_, panel);
+    status = new QProgressBar(panel);
+    SSTab1 = new QTabWidget(panel);
+    outputColumn_ = new QWidget(panel);
+    overviewTab_ = new QWidget(SSTab1);
+    modulationTab_ = new QWidget(SSTab1);
+    modeTab_ = new QWidget(SSTab1);
+    cRM = new QCheckBox(QStringLiteral("Remote On"), panel);
+    Command3 = new QPushButton(QStringLiteral("Read"), panel);
+    Command4 = new QPushButton(QStringLiteral("Set"), panel);
+    Command7 = new QPushButton(QStringLiteral("Set time and date"), panel);
+    status->setObjectName(QStringLiteral("status"));
+    status->setAccessibleName(QStringLiteral("Progress of the transfer"));
+    SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    cRM->setObjectName(QStringLiteral("cRM"));
+    cRM->setAccessibleName(QStringLiteral("Remote On: link to the instrument"));
+    Command3->setObjectName(QStringLiteral("Command3"));
+    Command3->setAccessibleName(QStringLiteral("Read all settings from the instrument"));
+    Command4->setObjectName(QStringLiteral("Command4"));
+    Command4->setAccessibleName(QStringLiteral("Set the instrument to all settings"));
+    Command7->setObjectName(QStringLiteral("Command7"));
+    Command7->setToolTip(QStringLiteral("Transmit the PC-Time and date to the KL5276-x"));
+    menu_ = std::make_unique<MainMenu>(menuBar());
+
+    const PanelContext context{program_.panel, program_.numbers, *hint_, [this] { return !rebuilding_; }};
+    overview_ = std::make_unique<OverviewGroup>(program_, desktop_, overviewTab_);
+    frequency_ =
+        std::make_unique<FrequencyGroup>(context, [this] { overview_->DrawOverviewSignal(); }, outputColumn_);
+    level_ = std::make_unique<LevelGroup>(context, outputColumn_);
+    output_ = std::make_unique<OutputGroup>(program_.panel, link_, outputColumn_);
+    modulation_ = std::make_unique<ModulationGroup>(context, [this] { level_->RefreshLevel(); }, modulationTab_);
+    sweep_ = std::make_unique<SweepGroup>(context, modeTab_);
+    mode_ = std::make_unique<ModeGroup>(program_.panel, modeTab_);
+    frequency_->SetFrequencyFields({frequency_->frequency.field(), modulation_->carrier.field(),
+                                    modulation_->hop.field(), sweep_->start.field(), sweep_->stop.field()});
+}
+
+void Main::ConnectControls() {
+    connect(cRM, &QCheckBox::clicked, this, &Main::Main_cRM_MouseUp);
+    connect(Command3, &QPushButton::clicked, this, &Main::Main_Command3_Click);
+    connect(Command4, &QPushButton::clicked, this, &Main::Main_Command4_Click);
+    connect(Command7, &QPushButton::clicked, this, &Main::Main_Command7_Click);
+    connect(SSTab1, &QTabWidget::currentChanged, this, &Main::Main_SSTab1_Click);
+    output_->Opoutput->SetUserGuard([this] { return !RefuseWhileRunning(); });
+    link_.gate.SetWhenChanged([this](bool running) { OnGateChanged(running); });
+}
+
+void Main::ConnectMenu() {
+    const auto onTrigger = [this](QAction* item, auto act) {
+        connect(item, &QAction::triggered, this, [this, act] {
+            CommitFocusedField(this);
+            act();
+        });
+    };
+    onTrigger(menu_->mnucom, [this] { Main_mnucom_Click(); });
+    onTrigger(menu_->mnuexit, [this] { close(); });
+    onTrigger(menu_->mnuhilfe, [this] {
+        OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualGerman));
+    });
+    onTrigger(menu_->mnuhelp, [this] {
+        OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualEnglish));
+    });
+    onTrigger(menu_->mnuabout, [this] { Main_mnuabout_Click(); });
+}
+
+void Main::Main_Form_Load() {
+    ShowCaption(OfflineCaption());
+    Preferences& preferences = program_.preferences;
+    LoadPreferences(services_.programFolder, preferences, desktop_);
+    ApplyWindowState(*this, preferences.MainWindowState);
+    MoveForm(*this, preferences.MainLeft, preferences.MainTop);
+    RefreshPanel();
+}
+
+void Main::RefreshPanel() {
+    const QScopedValueRollback rebuilding(rebuilding_, true);
+    sweep_->RefreshSweep();
+    mode_->RefreshMode();
+    mode_->RefreshReference();
+    frequency_->RefreshSignal();
+    frequency_->RefreshFrequency();
+    overview_->RefreshOverview();
+    output_->RefreshOutput();
+    level_->RefreshLevel();
+    modulation_->RefreshModulation();
+}
+
+void Main::closeEvent(QCloseEvent* event) {
+    if (link_.gate.Running()) {
+        closeWhenFree_ = true;
+        event->ignore();
+        return;
+    }
+    CommitFocusedField(this);
+    if (!unloaded_) {
+        Main_Form_Unload();
+    }
+    event->accept();
+}
+
+void Main::Main_Form_Unload() {
+    unloaded_ = true;
+    if (comset_ != nullptr) {
+        comset_->close();
+    }
+    SaveOnExit();
+    if (program_.link.LinkUp == 1) {
+        const LinkOperation operation(link_.gate);
+        link_.connection.DisconnectUnit();
+    }
+}
+
+void Main::SaveOnExit() {
+    if (!desktop_.Question(QStringLiteral("Save default settings?"), QStringLiteral("Exit Program"))) {
+        return;
+    }
+    Preferences& preferences = program_.preferences;
+    preferences.MainWindowState = WindowStateNumber(*this);
+    if (preferences.MainWindowState == 0) {
+        preferences.MainLeft = FormLeft(*this);
+        preferences.MainTop = FormTop(*this);
+    }
+    SavePreferences(services_.programFolder, preferences, desktop_);
+}
+
+// A press in the middle of a link operation is refused with the beep and leaves no trace.
+bool Main::RefuseWhileRunning() {
+    if (link_.gate.Running()) {
+        desktop_.Beep();
+        return true;
+    }
+    return false;
+}
+
+QList<QWidget*> Main::LinkControls() const {
+    QList<QWidget*> controls{cRM, Command3, Command4, Command7};
+    const auto options = output_->Opoutput->Options();
+    controls.append(QList<QWidget*>(options.cbegin(), options.cend()));
+    return controls;
+}
+
+// While an operation runs, a press that will be refused must not move the focus either.
+void Main::OnGateChanged(bool running) {
+    const auto controls = LinkControls();
+    for (QWidget* const control : controls) {
+        control->setFocusPolicy(running ? Qt::NoFocus : Qt::StrongFocus);
+    }
+    if (!running && std::exchange(closeWhenFree_, false)) {
+        QMetaObject::invokeMethod(this, [this] { close(); }, Qt::QueuedConnection);
+    }
+}
+
+void Main::Main_cRM_MouseUp() {
+    if (RefuseWhileRunning()) {
+        cRM->setChecked(!cRM->isChecked());
+        return;
+    }
+    CommitFocusedField(this);
+    const LinkOperation operation(link_.gate);
+    desktop_.BusyOn();
+    if (cRM->isChecked()) {
+        link_.connection.ConnectUnit();
+        link_.readBack.ReadAllFromUnit();
+        RefreshPanel();
+    } else {
+        link_.connection.DisconnectUnit();
+    }
+    desktop_.BusyOff();
+}
+
+void Main::ReadAndRefresh() {
+    desktop_.BusyOn();
+    link_.readBack.ReadAllFromUnit();
+    RefreshPanel();
+    desktop_.BusyOff();
+}
+
+// True if a command on the link may go ahead; says why not otherwise.
+bool Main::ReadyForCommand() {
+    if (RefuseWhileRunning()) {
+        return false;
+    }
+    CommitFocusedField(this);
+    if (program_.link.LinkUp == 0) {
+        FlashMessage(QStringLiteral("Not connected - RM ist off"));
+        return false;
+    }
+    return true;
+}
+
+void Main::Main_Command3_Click() {
+    if (ReadyForCommand()) {
+        const LinkOperation operation(link_.gate);
+        ReadAndRefresh();
+    }
+}
+
+void Main::Main_Command4_Click() {
+    if (ReadyForCommand()) {
+        const LinkOperation operation(link_.gate);
+        link_.commands.SendAllToUnit();
+        ReadAndRefresh();
+    }
+}
+
+// Without a link the button does nothing.
+void Main::Main_Command7_Click() {
+    if (RefuseWhileRunning()) {
+        return;
+    }
+    CommitFocusedField(this);
+    const LinkOperation operation(link_.gate);
+    link_.commands.SendTimeDate();
+}
+
+void Main::Main_SSTab1_Click(int tab) {
+    if (tab <= 0) {
+        overview_->RefreshOverview();
+    }
+}
+
+void Main::Main_mnucom_Click() {
+    if (comset_ == nullptr || (!comset_->isVisible() && !link_.gate.Running())) {
+        comset_ = std::make_unique<Comset>(program_, link_, desktop_, services_.describePort, this);
+    }
+    comset_->show();
+    comset_->raise();
+    comset_->activateWindow();
+}
+
+void Main::Main_mnuabout_Click() { ShowAbout(*this, desktop_); }

@@ -1,0 +1,114 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QMainWindow>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTabWidget>
+#include <functional>
+#include <memory>
+
+#include "core/ProgramState.h"
+#include "link/Link.h"
+#include "overview/AboutForm.h"
+#include "panel/Comset.h"
+#include "panel/FrequencyGroup.h"
+#include "panel/HintLine.h"
+#include "panel/LevelGroup.h"
+#include "panel/MainMenu.h"
+#include "panel/ModeGroup.h"
+#include "panel/ModulationGroup.h"
+#include "panel/OutputGroup.h"
+#include "panel/OverviewGroup.h"
+#include "panel/SweepGroup.h"
+
+// What the form Main stands on. Tests bring their own.
+struct MainServices {
+    ProgramState& program;
+    Com& com;
+    LinkClock& clock;
+    Desktop& desktop;
+    QString programFolder;
+    QStringList documentFolders;
+    Comset::PortDescriber describePort;
+};
+
+// The panel in front of the instrument. It composes the rule groups, and holds what belongs to none of them: start-up
+// and shutdown, the menu, the switch of the link, Read and Set.
+class Main : public QMainWindow, private LinkFront {
+    Q_OBJECT
+
+  public:
+    explicit Main(const MainServices& services);
+
+    // The start of the program: preferences, then the panel from PanelState. Shows nothing yet.
+    void Main_Form_Load();
+    // Rebuilds the panel from PanelState.
+    void RefreshPanel();
+    void FlashMessage(const QString& text) { hint_->FlashMessage(text); }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    // LinkFront
+    void CheckRemote(bool checked) override { cRM->setChecked(checked); }
+    void ShowCaption(const QString& caption) override { setWindowTitle(caption); }
+
+    void Main_Form_Unload();
+    void SaveOnExit();
+    void Main_cRM_MouseUp();
+    void Main_Command3_Click();
+    void Main_Command4_Click();
+    void Main_Command7_Click();
+    void Main_SSTab1_Click(int tab);
+    void Main_mnucom_Click();
+    void Main_mnuabout_Click();
+
+    void MakeControls();
+    void ConnectControls();
+    void ConnectMenu();
+    bool RefuseWhileRunning();
+    bool ReadyForCommand();
+    void ReadAndRefresh();
+    void OnGateChanged(bool running);
+    QList<QWidget*> LinkControls() const;
+
+    // Layout (MainLayout.cpp)
+    void Arrange();
+    QWidget* ArrangeOutputColumn();
+    QWidget* ArrangeLinkRow();
+    QWidget* ArrangeModulationTab();
+    QWidget* ArrangeModeTab();
+    QWidget* ArrangeOverviewTab();
+    void OrderTabs();
+
+    MainServices services_;
+    ProgramState& program_;
+    Desktop& desktop_;
+    Link link_;
+    bool rebuilding_ = false;     // RefreshPanel runs
+    bool closeWhenFree_ = false;  // the user closed the window in the middle of a link operation
+    bool unloaded_ = false;       // Main_Form_Unload has run
+
+    HintLine* hint_ = nullptr;  // Label8
+    QProgressBar* status = nullptr;
+    QTabWidget* SSTab1 = nullptr;
+    QWidget* outputColumn_ = nullptr;
+    QWidget* overviewTab_ = nullptr;
+    QWidget* modulationTab_ = nullptr;
+    QWidget* modeTab_ = nullptr;
+    QCheckBox* cRM = nullptr;
+    QPushButton* Command3 = nullptr;  // "Read"
+    QPushButton* Command4 = nullptr;  // "Set"
+    QPushButton* Command7 = nullptr;  // "Set time and date"
+    std::unique_ptr<MainMenu> menu_;
+    std::unique_ptr<FrequencyGroup> frequency_;
+    std::unique_ptr<LevelGroup> level_;
+    std::unique_ptr<OutputGroup> output_;
+    std::unique_ptr<ModulationGroup> modulation_;
+    std::unique_ptr<SweepGroup> sweep_;
+    std::unique_ptr<ModeGroup> mode_;
+    std::unique_ptr<OverviewGroup> overview_;
+    std::unique_ptr<Comset> comset_;
+};

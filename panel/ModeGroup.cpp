@@ -1,0 +1,49 @@
+#include "panel/ModeGroup.h"
+
+#include <QVBoxLayout>
+
+#include "core/Enumerations.h"
+
+namespace {
+
+QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
+    auto* const frame = new QGroupBox(title, parent);
+    frame->setObjectName(name);
+    return frame;
+}
+
+void Stack(QGroupBox* frame, const OptionGroup& group) {
+    auto* const column = new QVBoxLayout(frame);
+    for (QAbstractButton* const option : group.Options()) {
+        column->addWidget(option);
+    }
+    column->addStretch();
+}
+
+}  // namespace
+
+ModeGroup::ModeGroup(PanelState& panel, QWidget* parent)
+    : Frame6(MakeFrame(QStringLiteral("Frame6"), QStringLiteral("Operation modes"), parent)),
+      opmodes(nullptr),
+      Frame8(MakeFrame(QStringLiteral("Frame8"), QStringLiteral("Reference frequency (10MHz)"), parent)),
+      opreference(nullptr),
+      panel_(panel) {
+    QStringList captions;
+    for (const EnumerationRow& mode : kModes) {
+        captions += QString::fromLatin1(mode.caption);
+    }
+    opmodes = new OptionGroup(QStringLiteral("opmodes"), captions, Frame6);
+    opmodes->SetAccessibleName(QStringLiteral("Operation mode"));
+    opmodes->SetClick([this](int index) { panel_.bmMode = static_cast<quint8>(index); });
+    Stack(Frame6, *opmodes);
+    opreference = new OptionGroup(QStringLiteral("opreference"),
+                                  {QStringLiteral("Internal crystal oscillator"), QStringLiteral("External oscillator")},
+                                  Frame8);
+    opreference->SetAccessibleName(QStringLiteral("Reference frequency"));
+    opreference->SetClick([this](int index) { panel_.tmIntRef = ToTruth(index == 0); });
+    Stack(Frame8, *opreference);
+}
+
+void ModeGroup::RefreshMode() { opmodes->Select(panel_.bmMode); }
+
+void ModeGroup::RefreshReference() { opreference->Select(panel_.tmIntRef ? 0 : 1); }

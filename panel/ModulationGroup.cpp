@@ -1,0 +1,214 @@
+#include "panel/ModulationGroup.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <algorithm>
+
+#include "core/Enumerations.h"
+#include "panel/LevelRules.h"
+#include "panel/ModulationRules.h"
+
+namespace {
+
+QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
+    auto* const frame = new QGroupBox(title, parent);
+    frame->setObjectName(name);
+    return frame;
+}
+
+void SetEnabled(bool enabled, std::initializer_list<QWidget*> controls) {
+    for (QWidget* const control : controls) {
+        control->setEnabled(enabled);
+    }
+}
+
+}  // namespace
+
+ModulationGroup::ModulationGroup(const PanelContext& context, std::function<void()> refreshLevel, QWidget* parent)
+    : Frame1(MakeFrame(QStringLiteral("Frame1"), QStringLiteral("Modulation"), parent)),
+      Frame2(MakeFrame(QStringLiteral("Frame2"), QStringLiteral("AM Modulation"), parent)),
+      Frame3(MakeFrame(QStringLiteral("Frame3"), QStringLiteral("Frequency Shift Keying"), parent)),
+      Frame4(MakeFrame(QStringLiteral("Frame4"), QStringLiteral("Phase Shift Keying"), parent)),
+      carrier(context, {"Text6", "ocFreq", "Label16", "Carrier frequency"}, context.panel.mcFreq,
+              [this] { RefreshModulation(); }, Frame3),
+      hop(context, {"Text7", "ohFreq", "Label17", "Hop frequency"}, context.panel.mhFreq,
+          [this] { RefreshModulation(); }, Frame3),
+      context_(context),
+      panel_(context.panel),
+      refreshLevel_(std::move(refreshLevel)) {
+    MakeOptions();
+    MakeAm();
+    MakeFsk();
+    MakePsk();
+    AlignCaptions();
+    ShowDepth();
+    ShowShiftFrequencies();
+    ShowPhases();
+}
+
+// The fields of the three kinds stand below one another.
+void ModulationGroup::AlignCaptions() {
+    const std::initializer_list<QLabel*> captions{Label11, Label12, Label13, Label14, Label15};
+    int width = 0;
+    for (const QLabel* const caption : captions) {
+        width = std::max(width, caption->sizeHint().width());
+    }
+    for (QLabel* const caption : captions) {
+        caption->setMinimumWidth(width);
+    }
+}
+
+void ModulationGroup::MakeOptions() {
+    QStringList captions;
+    for (const ModulationOption& option : kModulationOptions) {
+        captions += QString::fromLatin1(option.caption);
+    }
+    opmod = new OptionGroup(QStringLiteral("opmod"), captions, Frame1);
+    opmod->SetAccessibleName(QStringLiteral("Modulation"));
+    opmod->SetClick([this](int index) { opmod_Click(index); });
+    auto* const row = new QHBoxLayout(Frame1);
+    for (QAbstractButton* const option : opmod->Options()) {
+        row->addWidget(option);
+    }
+    row->addStretch();
+}
+
+void ModulationGroup::MakeAm() {
+    opAmMod = new OptionGroup(QStringLiteral("opAmMod"),
+                              {QString::fromLatin1(kAmplitudeModulations[kAmInternal].caption),
+                               QString::fromLatin1(kAmplitudeModulations[kAmExternal].caption)},
+                              Frame2);
+    opAmMod->SetAccessibleName(QStringLiteral("AM source"));
+    opAmMod->SetClick([this](int index) { opAmMod_Click(index); });
+    Text5 = MakeEntryField(context_, QStringLiteral("Text5"), KeyClass::Digits, QStringLiteral("AM depth, in percent"),
+                           Frame2);
+    Text5->setToolTip(QStringLiteral("Modulation depth from 0 - 100%"));
+    Text5->SetCommit([this] { Text5_Commit(); });
+    Label11 = MakeLabel(QStringLiteral("Label11"), QStringLiteral("AM depth"), Frame2, Text5);
+    auto* const grid = new QGridLayout(Frame2);
+    grid->addWidget(opAmMod->Option(0), 0, 0, 1, 3);
+    grid->addWidget(opAmMod->Option(1), 1, 0, 1, 3);
+    grid->addWidget(Label11, 2, 0);
+    grid->addWidget(Text5, 2, 1);
+    grid->addWidget(new QLabel(QStringLiteral("%"), Frame2), 2, 2);
+    grid->setColumnStretch(3, 1);
+}
+
+void ModulationGroup::MakeFsk() {
+    carrier.field()->SetNext(hop.field());
+    hop.field()->SetNext(carrier.field());
+    Label12 = MakeLabel(QStringLiteral("Label12"), QStringLiteral("Carrier freq."), Frame3, carrier.field());
+    Label13 = MakeLabel(QStringLiteral("Label13"), QStringLiteral("Hop freq."), Frame3, hop.field());
+    auto* const grid = new QGridLayout(Frame3);
+    int row = 0;
+    for (const auto& [caption, field] : {std::pair(Label12, &carrier), std::pair(Label13, &hop)}) {
+        grid->addWidget(caption, row, 0);
+        grid->addWidget(field->field(), row, 1);
+        grid->addWidget(field->unitLabel(), row, 2);
+        auto* const units = new QHBoxLayout;
+        for (QAbstractButton* const option : field->units().Options()) {
+            units->addWidget(option);
+        }
+        units->addStretch();
+        grid->addLayout(units, row, 3);
+        ++row;
+    }
+    grid->setColumnStretch(3, 1);
+}
+
+void ModulationGroup::MakePsk() {
+    const QString toolTip = QStringLiteral("The phase angel can be adjusted from 0 degrees to 359.9 degrees");
+    Text8 = MakeEntryField(context_, QStringLiteral("Text8"), KeyClass::Plain, QStringLiteral("Phase 0, in degrees"),
+                           Frame4);
+    Text9 = MakeEntryField(context_, QStringLiteral("Text9"), KeyClass::Plain, QStringLiteral("Phase 1, in degrees"),
+                           Frame4);
+    Text8->SetCommit([this] { CommitPhase(*Text8, panel_.mPhasea); });
+    Text9->SetCommit([this] { CommitPhase(*Text9, panel_.mPhaseb); });
+    Text8->SetNext(Text9);
+    Text9->SetNext(Text8);
+    Text8->setToolTip(toolTip);
+    Text9->setToolTip(toolTip);
+    Label14 = MakeLabel(QStringLiteral("Label14"), QStringLiteral("Phase0 in °"), Frame4, Text8);
+    Label15 = MakeLabel(QStringLiteral("Label15"), QStringLiteral("Phase1 in °"), Frame4, Text9);
+    auto* const grid = new QGridLayout(Frame4);
+    grid->addWidget(Label14, 0, 0);
+    grid->addWidget(Text8, 0, 1);
+    grid->addWidget(Label15, 1, 0);
+    grid->addWidget(Text9, 1, 1);
+    grid->setColumnStretch(2, 1);
+}
+
+void ModulationGroup::opmod_Click(int index) {
+    const ModulationOption& option = kModulationOptions[static_cast<std::size_t>(index)];
+    panel_.bmFMod = option.bmFMod;
+    panel_.bmAmpMod = option.bmAmpMod;
+    RefreshModulation();
+}
+
+void ModulationGroup::opAmMod_Click(int index) { panel_.bmAmpMod = index == 1 ? kAmExternal : kAmInternal; }
+
+void ModulationGroup::Text5_Commit() {
+    panel_.bmAmDepth = HoldDepth(context_.numbers.ReadEntry(Text5->text()));
+    RefreshModulation();
+}
+
+void ModulationGroup::CommitPhase(const EntryField& field, double& phase) {
+    const HeldPhase held = HoldPhase(context_.numbers.ReadEntry(field.text()));
+    if (held.outOfRange) {
+        context_.hint.FlashMessage(QStringLiteral("Phaseange: 0° to 359.9°"));
+    }
+    phase = held.degrees;
+    RefreshModulation();
+}
+
+void ModulationGroup::RefreshModulation() {
+    const int option = ModulationOptionIndex(panel_.bmAmpMod, panel_.bmFMod);
+    const quint8 source = panel_.bmAmpMod;
+    opmod->Select(option);
+    // The click routine of "AM" starts with the internal source; an external one that was loaded or read survives.
+    if (option == kOptionAm && source == kAmExternal) {
+        panel_.bmAmpMod = source;
+    }
+    EnableFor(option);
+    if (option == kOptionAm) {
+        ShowDepth();
+        opAmMod->Select(panel_.bmAmpMod == kAmExternal ? 1 : 0);
+        CapLevel();
+    } else if (option == kOptionPsk) {
+        ShowPhases();
+    } else if (option == kOptionFsk) {
+        ShowShiftFrequencies();
+    }
+}
+
+void ModulationGroup::ShowDepth() { Text5->setText(u' ' + QString::number(panel_.bmAmDepth)); }
+
+void ModulationGroup::ShowShiftFrequencies() {
+    carrier.Show();
+    hop.Show();
+}
+
+void ModulationGroup::ShowPhases() {
+    Text8->setText(context_.numbers.Picture(panel_.mPhasea, "0.0"));
+    Text9->setText(context_.numbers.Picture(panel_.mPhaseb, "0.0"));
+}
+
+// In FSK the phase fields keep their state: their frame closes them.
+void ModulationGroup::EnableFor(int option) {
+    SetEnabled(option == kOptionAm, {Frame2, Text5, Label11, opAmMod->Option(0), opAmMod->Option(1)});
+    SetEnabled(option == kOptionFsk, {Frame3, Label12, Label13, carrier.unitLabel(), hop.unitLabel(), carrier.field(),
+                                      hop.field()});
+    SetEnabled(option == kOptionPsk, {Frame4});
+    if (option != kOptionFsk) {
+        SetEnabled(option == kOptionPsk, {Label14, Label15, Text8, Text9});
+    }
+}
+
+void ModulationGroup::CapLevel() {
+    const double highest = HighestAmLevelOf(panel_.tmVPP);
+    if (highest < panel_.mAmp) {
+        panel_.mAmp = highest;
+        refreshLevel_();
+        context_.hint.FlashMessage(LevelMessage(LevelBound::HighestWithAm, panel_.tmVPP, context_.numbers));
+    }
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QGroupBox>
+
+#include "panel/FrequencyField.h"
+
+// Amplitude modulation, frequency and phase shift keying, on the tab "Modulation". At most one of them is on.
+class ModulationGroup {
+  public:
+    // `refreshLevel` is run when amplitude modulation has cut the level.
+    ModulationGroup(const PanelContext& context, std::function<void()> refreshLevel, QWidget* parent);
+
+    void RefreshModulation();
+
+    QGroupBox *Frame1, *Frame2, *Frame3, *Frame4;  // kind, AM, FSK, PSK
+    OptionGroup *opmod = nullptr, *opAmMod = nullptr;
+    EntryField* Text5 = nullptr;                    // AM depth in percent
+    FrequencyField carrier;                         // Text6, ocFreq, Label16
+    FrequencyField hop;                             // Text7, ohFreq, Label17
+    EntryField *Text8 = nullptr, *Text9 = nullptr;  // phases in degrees
+    QLabel *Label11 = nullptr, *Label12 = nullptr, *Label13 = nullptr, *Label14 = nullptr, *Label15 = nullptr;
+
+  private:
+    void MakeOptions();
+    void MakeAm();
+    void MakeFsk();
+    void MakePsk();
+    void AlignCaptions();
+    void opmod_Click(int index);
+    void opAmMod_Click(int index);
+    void Text5_Commit();
+    void CommitPhase(const EntryField& field, double& phase);
+    void EnableFor(int option);
+    void ShowDepth();
+    void ShowShiftFrequencies();
+    void ShowPhases();
+    void CapLevel();
+
+    PanelContext context_;
+    PanelState& panel_;
+    std::function<void()> refreshLevel_;
+};

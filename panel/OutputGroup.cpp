@@ -1,0 +1,46 @@
+#include "panel/OutputGroup.h"
+
+namespace {
+constexpr QRgb kLightRed = qRgb(255, 128, 128);
+constexpr QRgb kLightYellow = qRgb(255, 255, 128);
+constexpr QRgb kBlack = qRgb(0, 0, 0);
+}  // namespace
+
+OutputGroup::OutputGroup(PanelState& panel, Link& link, QWidget* parent)
+    : Label3(new QLabel(parent)),
+      Opoutput(new OptionGroup(QStringLiteral("Opoutput"), {QStringLiteral("On"), QStringLiteral("Off")}, parent)),
+      panel_(panel),
+      link_(link) {
+    Label3->setObjectName(QStringLiteral("Label3"));
+    Label3->setAlignment(Qt::AlignCenter);
+    Label3->setAutoFillBackground(true);
+    Label3->setMargin(3);
+    Opoutput->SetAccessibleName(QStringLiteral("Output"));
+    Opoutput->SetClick([this](int index) { Main_Opoutput_Click(index); });
+}
+
+void OutputGroup::Main_Opoutput_Click(int index) {
+    // A refresh within a link operation comes here as well; it sends under the gate that is held already.
+    const LinkOperation operation(link_.gate);
+    panel_.tmOut = ToTruth(index == 0);
+    link_.commands.SendOutput();
+    RefreshOutput();
+}
+
+void OutputGroup::RefreshOutput() {
+    if (panel_.tmOut) {
+        ShowLabel(QStringLiteral("Output: On"), kLightRed);
+        Opoutput->Select(0);
+    } else {
+        ShowLabel(QStringLiteral("Output: Off"), kLightYellow);
+        Opoutput->Select(1);
+    }
+}
+
+void OutputGroup::ShowLabel(const QString& text, QRgb ground) {
+    QPalette colours = Label3->palette();
+    colours.setColor(QPalette::Window, QColor(ground));
+    colours.setColor(QPalette::WindowText, QColor(kBlack));
+    Label3->setPalette(colours);
+    Label3->setText(text);
+}

@@ -1,0 +1,22 @@
+#include "panel/PanelContext.h"
+
+EntryField* MakeEntryField(const PanelContext& context, const QString& name, KeyClass keys, const QString& accessible,
+                           QWidget* parent) {
+    const UserNumbers* const numbers = &context.numbers;
+    auto* const field = new EntryField(
+        name, [keys, numbers](QChar typed) { return FilterKey(keys, typed, numbers->DecimalSeparator); }, parent);
+    field->setAccessibleName(accessible);
+    field->setAlignment(Qt::AlignRight);
+    field->SetCommitGuard(context.mayCommit);
+    // Wide enough for the longest number that the panel shows, a frequency in MHz.
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-00.00000000000")) + 16);
+    return field;
+}
+
+QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWidget* buddy) {
+    auto* const label = new QLabel(text, parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(buddy);
+    return label;
+}

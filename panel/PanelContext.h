@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+
+#include "core/Numbers.h"
+#include "core/PanelState.h"
+#include "panel/HintLine.h"
+#include "panel/KeyFilter.h"
+#include "platform/EntryField.h"
+
+// What every rule group of the panel works on.
+struct PanelContext {
+    PanelState& panel;
+    const UserNumbers& numbers;
+    HintLine& hint;
+    // False while the whole panel is being rebuilt: a field that loses its focus then still shows the old state.
+    std::function<bool()> mayCommit;
+};
+
+// An entry field with its key filter and a name for a screen reader.
+EntryField* MakeEntryField(const PanelContext& context, const QString& name, KeyClass keys, const QString& accessible,
+                           QWidget* parent);
+
+// A label with an object name.
+QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWidget* buddy = nullptr);
