@@ -1,6 +1,7 @@
 #include "overview/AboutForm.h"
 
 #include <QEvent>
+#include <QFocusEvent>
 #include <QFontInfo>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -18,6 +19,20 @@ QFont Emphasised(QFont font, double scale) {
     return font;
 }
 
+// A label that is one link. It takes the keyboard focus with the link chosen, so that Enter opens it.
+class LinkLabel : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+  protected:
+    void focusInEvent(QFocusEvent* event) override {
+        QLabel::focusInEvent(event);
+        if (event->reason() != Qt::MouseFocusReason && !hasSelectedText()) {
+            QLabel::focusNextPrevChild(true);
+        }
+    }
+};
+
 }  // namespace
 
 AboutForm::AboutForm(Desktop& desktop, QWidget* parent) : QDialog(parent), desktop_(desktop) {
@@ -31,17 +46,17 @@ AboutForm::AboutForm(Desktop& desktop, QWidget* parent) : QDialog(parent), deskt
     column->setSpacing(line / 4);
     column->setSizeConstraint(QLayout::SetFixedSize);
 
-    QLabel* const Label1 = AddLabel("Label1", QStringLiteral("TRX5276"));
+    QLabel* const Label1 = AddLabel(new QLabel(this), "Label1", QStringLiteral("TRX5276"));
     Label1->setFont(Emphasised(font(), kTitleScale));
-    Label2 = AddLabel("Label2", QString());
+    Label2 = AddLabel(new QLabel(this), "Label2", QString());
     column->addSpacing(line);
-    QLabel* const Label5 = AddLabel("Label5", QStringLiteral("Support:"));
+    QLabel* const Label5 = AddLabel(new QLabel(this), "Label5", QStringLiteral("Support:"));
     Label5->setFont(Emphasised(font(), 1.0));
-    AddLabel("Label6", QStringLiteral("TRX5276 project"));
-    AddLabel("Label7", QStringLiteral("Telephone: +1 555 0100"));
-    AddLabel("Label8", QStringLiteral("Telefax: +1 555 0101"));
-    AddLabel("Label13", QStringLiteral("E-mail: support@trx5276.example"));
-    Label14 = AddLabel("Label14", QString());
+    AddLabel(new QLabel(this), "Label6", QStringLiteral("TRX5276 project"));
+    AddLabel(new QLabel(this), "Label7", QStringLiteral("Telephone: +1 555 0100"));
+    AddLabel(new QLabel(this), "Label8", QStringLiteral("Telefax: +1 555 0101"));
+    AddLabel(new QLabel(this), "Label13", QStringLiteral("E-mail: support@trx5276.example"));
+    Label14 = AddLabel(new LinkLabel(this), "Label14", QString());
     Label14->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     Label14->setAccessibleName(QStringLiteral("Web site"));
     connect(Label14, &QLabel::linkActivated, this, &AboutForm::about_Label14_Click);
@@ -58,8 +73,8 @@ AboutForm::AboutForm(Desktop& desktop, QWidget* parent) : QDialog(parent), deskt
     about_Form_Load();
 }
 
-QLabel* AboutForm::AddLabel(const char* name, const QString& text) {
-    auto* const label = new QLabel(text, this);
+QLabel* AboutForm::AddLabel(QLabel* label, const char* name, const QString& text) {
+    label->setText(text);
     label->setObjectName(QLatin1String(name));
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);  // to copy a number or an address
     layout()->addWidget(label);

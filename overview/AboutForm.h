@@ -21,7 +21,7 @@ class AboutForm : public QDialog {
     void changeEvent(QEvent* event) override;
 
   private:
-    QLabel* AddLabel(const char* name, const QString& text);
+    QLabel* AddLabel(QLabel* label, const char* name, const QString& text);
     void RefreshLabel14();
 
     Desktop& desktop_;
