@@ -1,0 +1,52 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QTest>
+
+#include "panel/Main.h"
+
+// A user's hands on the form Main: finds controls by name, clicks, types.
+class FormHands {
+  public:
+    std::unique_ptr<Main> form;
+
+    // True once the form is shown and active.
+    bool Show() {
+        form->show();
+        QApplication::setActiveWindow(form.get());
+        return QTest::qWaitForWindowActive(form.get());
+    }
+
+    template <typename Control = QWidget>
+    Control* Get(const char* name) {
+        auto* const control = form->findChild<Control*>(QString::fromLatin1(name));
+        EXPECT_NE(control, nullptr) << name;
+        return control;
+    }
+
+    QString Text(const char* field) { return Get<EntryField>(field)->text(); }
+    QString Hint() { return Get<QLabel>("Label8")->text(); }
+    bool Checked(const char* option) { return Get<QAbstractButton>(option)->isChecked(); }
+    bool HasFocus(const char* name) { return QApplication::focusWidget() == Get(name); }
+
+    void ShowTab(int index) { Get<QTabWidget>("SSTab1")->setCurrentIndex(index); }
+    void Click(const char* name) {
+        QTest::mouseClick(Get(name), Qt::LeftButton, {}, QPoint(8, Get(name)->height() / 2));
+    }
+    void Key(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+
+    // Types over what the field holds, key by key.
+    void Type(const char* field, const char* text) {
+        auto* const entry = Get<EntryField>(field);
+        entry->setFocus();
+        entry->selectAll();
+        QTest::keyClick(entry, Qt::Key_Delete);
+        QTest::keyClicks(entry, QString::fromLatin1(text));
+    }
+    void Enter(const char* field, const char* text) {
+        Type(field, text);
+        QTest::keyClick(Get(field), Qt::Key_Return);
+    }
+};

@@ -1,0 +1,99 @@
+#include "WholeBench.h"
+
+namespace {
+
+struct WholeFaults : WholeBench {
+    sim::SimulatedInstrument& Connect() {
+        auto& instrument = Plug(2, {});
+        Open();
+        panel.Click("cRM");
+        EXPECT_EQ(program.link.LinkUp, 1);
+        instrument.ClearLog();
+        return instrument;
+    }
+
+    void ReconnectTo(sim::SimulatedInstrument& instrument) {
+        std::string error;
+        instrument.Stop();
+        instrument.SetFaults({});
+        ASSERT_TRUE(instrument.Start(&error)) << error;
+        panel.Click("cRM");
+        EXPECT_EQ(program.link.LinkUp, 1);
+        panel.Click("Command3");
+        EXPECT_EQ(desktop.boxes.size(), 1);
+    }
+};
+
+TEST_F(WholeFaults, AnAdapterPulledInTheMiddleOfASetGivesOneBox) {
+    auto& instrument = Connect();
+    instrument.SetFaults({.vanishAfterLines = 5});
+    panel.Click("Command4");
+    EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( amt?\r )")));
+    EXPECT_FALSE(panel.Checked("cRM"));
+    EXPECT_EQ(Lines(instrument).size(), 5);
+    EXPECT_EQ(panel.Text("Text2"), u"1.00000");
+    ReconnectTo(instrument);
+}
+
+TEST_F(WholeFaults, AnInstrumentKilledInTheMiddleOfAQueryGivesOneBoxAtOnce) {
+    auto& instrument = Connect();
+    instrument.SetFaults({.vanishAfterLines = 3});
+    panel.Click("Command3");
+    EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( ph0?\r )")));
+    EXPECT_EQ(program.link.LinkUp, 0);
+    EXPECT_TRUE(com.PortOpen());
+    panel.Enter("Text1", "5");  // the panel stays usable
+    EXPECT_EQ(program.panel.mFreq, 5000.0);
+    ReconnectTo(instrument);
+}
+
+TEST_F(WholeFaults, APullWhileIdleShowsAtTheNextUseAndTheSwitchStillWorks) {
+    auto& instrument = Connect();
+    instrument.Vanish();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return com.LineLost(); }));
+    panel.Click("cRM");  // off: nothing to give back, no box
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+    EXPECT_EQ(program.link.LinkUp, 0);
+    EXPECT_FALSE(com.PortOpen());
+}
+
+TEST_F(WholeFaults, BadRepliesLeadToTheDescribedValues) {
+    auto& instrument = Connect();
+    instrument.SetFaults({.lowerCaseStatus = true});
+    panel.Click("Command3");
+    EXPECT_TRUE(panel.Checked("opsignal_0"));
+    EXPECT_EQ(panel.Text("Text1"), u"1.0000000");
+    instrument.SetFaults({.garbledNumbers = true});
+    panel.Click("Command3");
+    EXPECT_EQ(program.panel.mFreq, 0.0);
+    EXPECT_EQ(program.panel.bmAmDepth, 0);
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+
+    instrument.SetFaults({.endlessReply = true});
+    panel.Click("Command3");
+    EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( amt?\r )")));
+}
+
+TEST_F(WholeFaults, ALineThatTakesNothingIsAFaultAndNoHang) {
+    auto& instrument = Connect();
+    instrument.SetFaults({.stall = std::chrono::minutes(5)});
+    // More than any buffer between holds.
+    com.ClearOutBuffer();
+    for (int i = 0; i < 200'000; ++i) {
+        com.Output('x');
+    }
+    QElapsedTimer elapsed;
+    elapsed.start();
+    EXPECT_FALSE(com.FlushOutput());
+    EXPECT_GE(elapsed.elapsed(), 2900);
+    elapsed.restart();
+    clock.silent = [] { return true; };
+    panel.Click("Command4");
+    EXPECT_EQ(desktop.boxes.size(), 1);
+    EXPECT_EQ(program.link.LinkUp, 0);
+    panel.form->close();
+    com.SetPortOpen(false);
+    EXPECT_LT(elapsed.elapsed(), 2900);
+}
+
+}  // namespace

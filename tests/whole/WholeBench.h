@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QTemporaryDir>
+
+#include "platform/ComPorts.h"
+#include "platform/EventClock.h"
+#include "platform/SerialControl.h"
+#include "simulator/SimulatedInstrument.h"
+#include "support/FakeDesktop.h"
+#include "support/FormHands.h"
+
+// The clock of the program, but a wait for an instrument that is known to be silent passes at once.
+class HastyClock : public EventClock {
+  public:
+    std::function<bool()> silent;
+
+    qint64 NowMs() const override {
+        if (silent && silent()) {
+            skippedMs_ += 3001;
+        }
+        return EventClock::NowMs() + skippedMs_;
+    }
+
+  private:
+    mutable qint64 skippedMs_ = 0;
+};
+
+// The whole program, short of its desktop: the form Main over the system's serial port to a simulated instrument.
+class WholeBench : public ::testing::Test {
+  public:
+    // An instrument at one of the ports com1 to com4.
+    sim::SimulatedInstrument& Plug(int port, sim::Options options) {
+        options.linkPath = folder.filePath(QStringLiteral("com%1").arg(port)).toStdString();
+        instruments_.push_back(std::make_unique<sim::SimulatedInstrument>(options));
+        std::string error;
+        EXPECT_TRUE(instruments_.back()->Start(&error)) << error;
+        return *instruments_.back();
+    }
+
+    void Open(const QLocale& locale = QLocale::c()) {
+        program.numbers = UserNumbers(locale);
+        const auto describePort = [this](int number, bool openHere) {
+            return DescribeComPort(number, folder.path(), openHere);
+        };
+        panel.form = std::make_unique<Main>(
+            MainServices{program, com, clock, desktop, folder.path(), {folder.path()}, describePort});
+        panel.form->Main_Form_Load();
+        ASSERT_TRUE(panel.Show());
+        desktop.boxes.clear();
+    }
+
+    // Everything up to and with "RM0" has arrived.
+    static bool GivenBack(sim::SimulatedInstrument& instrument) {
+        return instrument.WaitForLine("RM0", std::chrono::seconds(20));
+    }
+
+    static QStringList Lines(const sim::SimulatedInstrument& instrument) {
+        QStringList lines;
+        for (const std::string& line : instrument.ReceivedLines()) {
+            lines += QString::fromStdString(line);
+        }
+        return lines;
+    }
+
+    QTemporaryDir folder;
+    ProgramState program;
+    SerialControl com{[this](int number) { return FindComPort(number, folder.path()); }};
+    HastyClock clock;
+    FakeDesktop desktop;
+    FormHands panel;
+
+  private:
+    std::vector<std::unique_ptr<sim::SimulatedInstrument>> instruments_;
+};
+
+inline const QString kReadBackQueries = QStringLiteral("amt? fk0? fk1? ph0? ph1? sta? amp? OFS? frq?");
