@@ -1,6 +1,7 @@
+#include "panel/Main.h"
+
 #include <QApplication>
 
-#include "panel/Main.h"
 #include "platform/ComPorts.h"
 #include "platform/EventClock.h"
 #include "platform/ProgramFolder.h"
@@ -17,9 +18,8 @@ int main(int argc, char* argv[]) {
     SerialControl com([folder](int number) { return FindComPort(number, folder); });
     EventClock clock;
     QtDesktop desktop;
-    Main form({program, com, clock, desktop, folder, DocumentFolders(), [folder](int number, bool openHere) {
-                   return DescribeComPort(number, folder, openHere);
-               }});
+    Main form({program, com, clock, desktop, folder, DocumentFolders(),
+               [folder](int number, bool openHere) { return DescribeComPort(number, folder, openHere); }});
     desktop.SetParent(&form);
     form.Main_Form_Load();
     form.show();

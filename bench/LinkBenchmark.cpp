@@ -59,7 +59,8 @@ void SetWithReadBack(benchmark::State& state) {
         link.commands.SendAllToUnit();
         link.readBack.ReadAllFromUnit();
     }
-    const double waits = static_cast<double>(instrument.ReceivedLines().size()) / static_cast<double>(state.iterations());
+    const double waits =
+        static_cast<double>(instrument.ReceivedLines().size()) / static_cast<double>(state.iterations());
     state.counters["floor_ms"] = waits * kPaceMs;
     state.counters["linked"] = program.link.LinkUp;
 }

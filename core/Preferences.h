@@ -25,9 +25,9 @@ inline constexpr qsizetype kPreferencesSize = 31;  // bytes: mark and ten little
 QByteArray EncodePreferences(const Preferences& preferences);
 
 enum class PreferencesOutcome {
-    Read,        // all ten fields are in force
-    WrongMark,   // new, empty or another version: nothing was read
-    TooShort,    // the fields before the end are in force, the others keep their values
+    Read,       // all ten fields are in force
+    WrongMark,  // new, empty or another version: nothing was read
+    TooShort,   // the fields before the end are in force, the others keep their values
 };
 
 PreferencesOutcome DecodePreferences(const QByteArray& record, Preferences& preferences);

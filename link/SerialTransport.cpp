@@ -1,8 +1,8 @@
 #include "link/SerialTransport.h"
 
 namespace {
-constexpr qint64 kReplyTimeoutMs = 3000;      // for each byte of a reply
-constexpr qsizetype kLongestReply = 1024;     // characters; a line that never ends counts as a time-out
+constexpr qint64 kReplyTimeoutMs = 3000;   // for each byte of a reply
+constexpr qsizetype kLongestReply = 1024;  // characters; a line that never ends counts as a time-out
 constexpr QChar kCr(13);
 }  // namespace
 

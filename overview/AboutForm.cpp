@@ -3,9 +3,6 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QFontInfo>
-#include <QHBoxLayout>
-#include <QIcon>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace {

@@ -7,8 +7,9 @@
 
 FrequencyGroup::FrequencyGroup(const PanelContext& context, std::function<void()> drawOverviewSignal, QWidget* parent)
     : Frame5(new QGroupBox(QStringLiteral("Signal"), parent)),
-      frequency(context, {"Text1", "unit", "Label4", "Frequency"}, context.panel.mFreq, [this] { RefreshFrequency(); },
-                parent),
+      frequency(
+          context, {"Text1", "unit", "Label4", "Frequency"}, context.panel.mFreq, [this] { RefreshFrequency(); },
+          parent),
       context_(context),
       drawOverviewSignal_(std::move(drawOverviewSignal)) {
     Frame5->setObjectName(QStringLiteral("Frame5"));

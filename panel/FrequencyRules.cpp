@@ -16,8 +16,7 @@ HeldFrequency HoldFrequency(double entry, int unit) {
 }
 
 QString FrequencyRangeMessage(const UserNumbers& numbers) {
-    return u"Frequencyrange: " + numbers.Picture(kLowestHz, "0.0000") + u" to " +
-           numbers.Picture(kHighestHz, "0.0000");
+    return u"Frequencyrange: " + numbers.Picture(kLowestHz, "0.0000") + u" to " + numbers.Picture(kHighestHz, "0.0000");
 }
 
 QString FrequencyToolTip(quint8 bmSignal) {

@@ -13,8 +13,8 @@ LevelGroup::LevelGroup(const PanelContext& context, QWidget* parent) : context_(
     vunit->SetAccessibleName(QStringLiteral("Output voltage, unit"));
     vunit->Select(panel_.tmVPP ? 0 : 1);
     vunit->SetClick([this](int index) { vunit_Click(index); });
-    Text4 =
-        MakeEntryField(context, QStringLiteral("Text4"), KeyClass::Signed, QStringLiteral("Offset voltage, in V"), parent);
+    Text4 = MakeEntryField(context, QStringLiteral("Text4"), KeyClass::Signed, QStringLiteral("Offset voltage, in V"),
+                           parent);
     Text4->SetCommit([this] { Text4_Commit(); });
     Check1 = new QCheckBox(QStringLiteral("On"), parent);
     Check1->setObjectName(QStringLiteral("Check1"));
@@ -86,8 +86,7 @@ void LevelGroup::RefreshOffset() {
     HoldOffsetMagnitude();
     if (panel_.tmOffset && AmOn()) {
         SelectCheck1(false);
-        context_.hint.FlashMessage(
-            QStringLiteral("An offset voltage cannot be superimposed to an AM signal"));
+        context_.hint.FlashMessage(QStringLiteral("An offset voltage cannot be superimposed to an AM signal"));
     } else if (panel_.tmOffset) {
         SelectCheck1(true);
     }

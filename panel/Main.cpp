@@ -48,11 +48,12 @@ void Main::MakeControls() {
 
     const PanelContext context{program_.panel, program_.numbers, *hint_, [this] { return !rebuilding_; }};
     overview_ = std::make_unique<OverviewGroup>(program_, desktop_, overviewTab_);
-    frequency_ =
-        std::make_unique<FrequencyGroup>(context, [this] { overview_->DrawOverviewSignal(); }, outputColumn_);
+    frequency_ = std::make_unique<FrequencyGroup>(
+        context, [this] { overview_->DrawOverviewSignal(); }, outputColumn_);
     level_ = std::make_unique<LevelGroup>(context, outputColumn_);
     output_ = std::make_unique<OutputGroup>(program_.panel, link_, outputColumn_);
-    modulation_ = std::make_unique<ModulationGroup>(context, [this] { level_->RefreshLevel(); }, modulationTab_);
+    modulation_ = std::make_unique<ModulationGroup>(
+        context, [this] { level_->RefreshLevel(); }, modulationTab_);
     sweep_ = std::make_unique<SweepGroup>(context, modeTab_);
     mode_ = std::make_unique<ModeGroup>(program_.panel, modeTab_);
     frequency_->SetFrequencyFields({frequency_->frequency.field(), modulation_->carrier.field(),
@@ -78,12 +79,10 @@ void Main::ConnectMenu() {
     };
     onTrigger(menu_->mnucom, [this] { Main_mnucom_Click(); });
     onTrigger(menu_->mnuexit, [this] { close(); });
-    onTrigger(menu_->mnuhilfe, [this] {
-        OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualGerman));
-    });
-    onTrigger(menu_->mnuhelp, [this] {
-        OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualEnglish));
-    });
+    onTrigger(menu_->mnuhilfe,
+              [this] { OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualGerman)); });
+    onTrigger(menu_->mnuhelp,
+              [this] { OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualEnglish)); });
     onTrigger(menu_->mnuabout, [this] { Main_mnuabout_Click(); });
 }
 
@@ -170,7 +169,8 @@ void Main::OnGateChanged(bool running) {
         control->setFocusPolicy(running ? Qt::NoFocus : Qt::StrongFocus);
     }
     if (!running && std::exchange(closeWhenFree_, false)) {
-        QMetaObject::invokeMethod(this, [this] { close(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { close(); }, Qt::QueuedConnection);
     }
 }
 

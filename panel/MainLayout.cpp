@@ -38,13 +38,11 @@ void Main::Arrange() {
     upper->addWidget(SSTab1, 1);
     column->addLayout(upper, 1);
 
-    // The line keeps its place and height, with or without a text and a bar.
+    // The line keeps its height with or without a text; the bar takes its room from the line while it shows.
     auto* const lower = new QHBoxLayout;
-    hint_->setMinimumHeight(hint_->fontMetrics().height() + 10);
-    status->setFixedWidth(180);
-    QSizePolicy keepsItsPlace = status->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    status->setSizePolicy(keepsItsPlace);
+    const int height = hint_->fontMetrics().height() + 10;
+    hint_->setFixedHeight(height);
+    status->setFixedSize(240, height);
     status->setVisible(false);
     lower->addWidget(hint_, 1);
     lower->addWidget(status);

@@ -36,9 +36,9 @@ ModeGroup::ModeGroup(PanelState& panel, QWidget* parent)
     opmodes->SetAccessibleName(QStringLiteral("Operation mode"));
     opmodes->SetClick([this](int index) { panel_.bmMode = static_cast<quint8>(index); });
     Stack(Frame6, *opmodes);
-    opreference = new OptionGroup(QStringLiteral("opreference"),
-                                  {QStringLiteral("Internal crystal oscillator"), QStringLiteral("External oscillator")},
-                                  Frame8);
+    opreference =
+        new OptionGroup(QStringLiteral("opreference"),
+                        {QStringLiteral("Internal crystal oscillator"), QStringLiteral("External oscillator")}, Frame8);
     opreference->SetAccessibleName(QStringLiteral("Reference frequency"));
     opreference->SetClick([this](int index) { panel_.tmIntRef = ToTruth(index == 0); });
     Stack(Frame8, *opreference);

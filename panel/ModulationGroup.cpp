@@ -29,9 +29,11 @@ ModulationGroup::ModulationGroup(const PanelContext& context, std::function<void
       Frame2(MakeFrame(QStringLiteral("Frame2"), QStringLiteral("AM Modulation"), parent)),
       Frame3(MakeFrame(QStringLiteral("Frame3"), QStringLiteral("Frequency Shift Keying"), parent)),
       Frame4(MakeFrame(QStringLiteral("Frame4"), QStringLiteral("Phase Shift Keying"), parent)),
-      carrier(context, {"Text6", "ocFreq", "Label16", "Carrier frequency"}, context.panel.mcFreq,
-              [this] { RefreshModulation(); }, Frame3),
-      hop(context, {"Text7", "ohFreq", "Label17", "Hop frequency"}, context.panel.mhFreq,
+      carrier(
+          context, {"Text6", "ocFreq", "Label16", "Carrier frequency"}, context.panel.mcFreq,
+          [this] { RefreshModulation(); }, Frame3),
+      hop(
+          context, {"Text7", "ohFreq", "Label17", "Hop frequency"}, context.panel.mhFreq,
           [this] { RefreshModulation(); }, Frame3),
       context_(context),
       panel_(context.panel),
@@ -196,8 +198,8 @@ void ModulationGroup::ShowPhases() {
 // In FSK the phase fields keep their state: their frame closes them.
 void ModulationGroup::EnableFor(int option) {
     SetEnabled(option == kOptionAm, {Frame2, Text5, Label11, opAmMod->Option(0), opAmMod->Option(1)});
-    SetEnabled(option == kOptionFsk, {Frame3, Label12, Label13, carrier.unitLabel(), hop.unitLabel(), carrier.field(),
-                                      hop.field()});
+    SetEnabled(option == kOptionFsk,
+               {Frame3, Label12, Label13, carrier.unitLabel(), hop.unitLabel(), carrier.field(), hop.field()});
     SetEnabled(option == kOptionPsk, {Frame4});
     if (option != kOptionFsk) {
         SetEnabled(option == kOptionPsk, {Label14, Label15, Text8, Text9});

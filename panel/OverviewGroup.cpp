@@ -11,9 +11,8 @@ OverviewGroup::OverviewGroup(const ProgramState& program, Desktop& desktop, QWid
     Text3->setAccessibleName(QStringLiteral("Overview of the modes"));
     Text3->setReadOnly(true);
     Text3->setTabChangesFocus(true);
-    QObject::connect(Picture1, &PictureBox::RedrawNeeded, Picture1, [this] {
-        ::DrawOverviewSignal(*Picture1, program_.panel.bmSignal, program_.memories);
-    });
+    QObject::connect(Picture1, &PictureBox::RedrawNeeded, Picture1,
+                     [this] { ::DrawOverviewSignal(*Picture1, program_.panel.bmSignal, program_.memories); });
 }
 
 void OverviewGroup::RefreshOverview() {

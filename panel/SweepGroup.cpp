@@ -8,10 +8,12 @@
 
 SweepGroup::SweepGroup(const PanelContext& context, QWidget* parent)
     : Frame7(new QGroupBox(QStringLiteral("Sweep mode"), parent)),
-      start(context, {"Text10", "owopsfreq", "Label18", "Sweep start frequency"}, context.panel.msWobbel,
-            [this] { RefreshSweep(); }, Frame7),
-      stop(context, {"Text11", "owopefreq", "Label20", "Sweep stop frequency"}, context.panel.meWobbel,
-           [this] { RefreshSweep(); }, Frame7),
+      start(
+          context, {"Text10", "owopsfreq", "Label18", "Sweep start frequency"}, context.panel.msWobbel,
+          [this] { RefreshSweep(); }, Frame7),
+      stop(
+          context, {"Text11", "owopefreq", "Label20", "Sweep stop frequency"}, context.panel.meWobbel,
+          [this] { RefreshSweep(); }, Frame7),
       context_(context),
       panel_(context.panel) {
     Frame7->setObjectName(QStringLiteral("Frame7"));
@@ -22,7 +24,8 @@ SweepGroup::SweepGroup(const PanelContext& context, QWidget* parent)
     opwob = new OptionGroup(QStringLiteral("opwob"), captions, Frame7);
     opwob->SetAccessibleName(QStringLiteral("Sweep mode"));
     opwob->SetClick([this](int index) { opwob_Click(index); });
-    Text12 = MakeEntryField(context, QStringLiteral("Text12"), KeyClass::Plain, QStringLiteral("Sweep time, in s"), Frame7);
+    Text12 =
+        MakeEntryField(context, QStringLiteral("Text12"), KeyClass::Plain, QStringLiteral("Sweep time, in s"), Frame7);
     Text12->setToolTip(QStringLiteral("The sweep time is adjustable between 0.01s to 40s"));
     Text12->SetCommit([this] { Text12_Commit(); });
     start.field()->SetNext(stop.field());
@@ -86,8 +89,8 @@ void SweepGroup::Text12_Commit() {
 void SweepGroup::RefreshSweep() {
     opwob->Select(panel_.bmWobbel);
     const bool sweepOn = panel_.bmWobbel > kSweepOff;
-    const std::initializer_list<QWidget*> controls{start.field(),     stop.field(), Text12,           start.unitLabel(),
-                                                   Label19,           Label21,      stop.unitLabel(), Label22};
+    const std::initializer_list<QWidget*> controls{start.field(), stop.field(), Text12,           start.unitLabel(),
+                                                   Label19,       Label21,      stop.unitLabel(), Label22};
     for (QWidget* const control : controls) {
         control->setEnabled(sweepOn);
     }

@@ -13,10 +13,10 @@ class SweepGroup {
 
     QGroupBox* Frame7;
     OptionGroup* opwob = nullptr;
-    QFrame* Frame14 = nullptr;  // units of the start
-    QFrame* Frame15 = nullptr;  // units of the stop
-    FrequencyField start;       // Text10, owopsfreq, Label18
-    FrequencyField stop;        // Text11, owopefreq, Label20
+    QFrame* Frame14 = nullptr;     // units of the start
+    QFrame* Frame15 = nullptr;     // units of the stop
+    FrequencyField start;          // Text10, owopsfreq, Label18
+    FrequencyField stop;           // Text11, owopefreq, Label20
     EntryField* Text12 = nullptr;  // time
     QLabel *Label19 = nullptr, *Label21 = nullptr, *Label22 = nullptr;
 

@@ -12,8 +12,7 @@ constexpr int kGrabbablePixels = 60;  // as much of the title bar has to stay on
 
 qint16 ToTwips(int pixels) {
     using Limits = std::numeric_limits<qint16>;
-    return static_cast<qint16>(
-        std::clamp<int>(pixels * kTwipsPerPixel, Limits::min(), Limits::max()));
+    return static_cast<qint16>(std::clamp<int>(pixels * kTwipsPerPixel, Limits::min(), Limits::max()));
 }
 
 bool IsGrabbable(const QRect& titleBar) {

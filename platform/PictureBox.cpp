@@ -70,7 +70,9 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
 
 void PictureBox::FitImage() {
     const double ratio = devicePixelRatioF();
-    const QSize pixels(static_cast<int>(std::ceil(width() * ratio)), static_cast<int>(std::ceil(height() * ratio)));
+    // Never empty, so that a form may draw while its layout leaves no room.
+    const auto pixelCount = [&](int length) { return std::max(1, static_cast<int>(std::ceil(length * ratio))); };
+    const QSize pixels(pixelCount(width()), pixelCount(height()));
     if (image_.size() == pixels && image_.devicePixelRatio() == ratio) {
         return;
     }
@@ -96,7 +98,7 @@ PictureBox::Drawing::~Drawing() {
 }
 
 void PictureBox::Drawing::Cls() {
-    painter_.fillRect(box_.rect(), kBackColor);
+    painter_.fillRect(box_.rect().adjusted(0, 0, 1, 1), kBackColor);  // to the last fraction of a pixel
     box_.contentLost_ = false;
 }
 
@@ -130,7 +132,7 @@ void PictureBox::Drawing::Print(const QString& text) {
 }
 
 double PictureBox::Drawing::TextWidth(const QString& text) const {
-    return QFontMetricsF(Font(), &box_.image_).horizontalAdvance(text) / box_.width() * box_.scaleWidth_;
+    return QFontMetricsF(Font(), &box_.image_).horizontalAdvance(text) / std::max(1, box_.width()) * box_.scaleWidth_;
 }
 
 // Square ends and round joints: strokes that meet leave no gap at any angle.

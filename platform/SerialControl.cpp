@@ -15,7 +15,7 @@ constexpr int kStalledLineMs = 3000;
 constexpr int kInputRestMs = 1;
 constexpr int kLossWatchMs = 500;
 constexpr qint64 kDriverLatencyUs = 20'000;  // what adapters hold characters back for
-constexpr qint64 kBitsPerCharacter = 11;  // start, 8 data, 2 stop
+constexpr qint64 kBitsPerCharacter = 11;     // start, 8 data, 2 stop
 constexpr qint64 kLongestDrainUs = 10'000'000;
 
 struct LineSettings {

@@ -43,11 +43,11 @@ class SerialControl : public Com {
     int number_ = 1;
     QString settings_ = QStringLiteral("9600,N,8,1");
     qsizetype inputLen_ = 0;
-    QByteArray waiting_;    // not yet handed to the port
+    QByteArray waiting_;  // not yet handed to the port
     bool open_ = false;
     bool lost_ = false;
-    bool stalled_ = false;  // the line took nothing for the whole of its time-out
-    qint64 lineFreeUs_ = 0; // moment at which the line has carried all that was handed to it
+    bool stalled_ = false;   // the line took nothing for the whole of its time-out
+    qint64 lineFreeUs_ = 0;  // moment at which the line has carried all that was handed to it
     QElapsedTimer clock_;
     QTimer lossWatch_;  // sees an adapter pulled while the line is idle
 };

@@ -20,10 +20,9 @@ struct Faults {
     std::set<std::string> silentOn = {};            // queries not answered at all
     bool lowerCaseStatus = false;                   // the answer to "sta?" comes in lower case
     bool garbledNumbers = false;                    // text stands ahead of the number of a reply
-    std::optional<unsigned> vanishAfterLines =
-        {};                                   // this many lines are served, the next one makes the device vanish
-    std::chrono::milliseconds stall{0};       // for this long the line is not read ...
-    std::chrono::milliseconds stallEvery{0};  // ... each time this has gone by; 0: once, at once
+    std::optional<unsigned> vanishAfterLines = {};  // this many lines are served, the next one makes the device vanish
+    std::chrono::milliseconds stall{0};             // for this long the line is not read ...
+    std::chrono::milliseconds stallEvery{0};        // ... each time this has gone by; 0: once, at once
 };
 
 }  // namespace sim

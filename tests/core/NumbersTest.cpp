@@ -41,10 +41,11 @@ TEST(FormatPicture, RoundsTheDecimalValueHalfAwayFromZero) {
 
 TEST(ReadHeadNumber, TakesTheNumberAtTheHeadOfAReply) {
     const std::pair<const char*, double> cases[] = {
-        {"1000.5", 1000.5}, {"  12 34 Hz", 1234.0},  {"1\t2\n3", 123.0},      {"+5", 5.0},       {"-0.25V", -0.25},
-        {"1e3x", 1000.0},   {"1.5E-2", 0.015},       {"2E", 2.0},             {".5", 0.5},       {"-.5", -0.5},
-        {"F=5", 0.0},       {"", 0.0},               {"-", 0.0},              {"inf", 0.0},      {"nan", 0.0},
-        {"1e999", 0.0},     {"1,5", 1.0},            {"1.2.3", 1.2},          {"--5", 0.0},      {"+-5", 0.0},
+        {"1000.5", 1000.5}, {"  12 34 Hz", 1234.0}, {"1\t2\n3", 123.0}, {"+5", 5.0},
+        {"-0.25V", -0.25},  {"1e3x", 1000.0},       {"1.5E-2", 0.015},  {"2E", 2.0},
+        {".5", 0.5},        {"-.5", -0.5},          {"F=5", 0.0},       {"", 0.0},
+        {"-", 0.0},         {"inf", 0.0},           {"nan", 0.0},       {"1e999", 0.0},
+        {"1,5", 1.0},       {"1.2.3", 1.2},         {"--5", 0.0},       {"+-5", 0.0},
     };
     for (const auto& [text, value] : cases) {
         EXPECT_DOUBLE_EQ(ReadHeadNumber(QString::fromLatin1(text)), value) << text;
@@ -77,7 +78,7 @@ TEST(NearestEven, SendsAHalfToTheEvenNeighbour) {
 }
 
 TEST(LevelRange, BoundsAreInclusiveAndGapsBelongToRange3) {
-    const std::pair<double, int> vpp[] = {{0.019, 3}, {0.02, 1}, {0.2, 1},  {0.205, 3}, {0.21, 2},
+    const std::pair<double, int> vpp[] = {{0.019, 3}, {0.02, 1},  {0.2, 1},  {0.205, 3}, {0.21, 2},
                                           {2.0, 2},   {2.005, 3}, {2.01, 3}, {20.0, 3}};
     for (const auto& [level, range] : vpp) {
         EXPECT_EQ(LevelRangeNumber(level, kTrue), range) << level << " Vpp";

@@ -19,8 +19,9 @@ Preferences Sample() {
 
 TEST(PreferencesRecord, HasTheMarkAndTenLittleEndianNumbers) {
     const QByteArray record = EncodePreferences(Sample());
-    EXPECT_EQ(record.toHex(' '),
-              QByteArray("35 32 37 36 64 65 66 30 32 02 00 9c ff 02 01 03 00 00 c2 01 00 00 00 69 00 00 00 40 1f e1 10"));
+    EXPECT_EQ(
+        record.toHex(' '),
+        QByteArray("35 32 37 36 64 65 66 30 32 02 00 9c ff 02 01 03 00 00 c2 01 00 00 00 69 00 00 00 40 1f e1 10"));
 }
 
 TEST(PreferencesRecord, ComesBackWhole) {

@@ -112,8 +112,8 @@ TEST_F(Connection_, AutosearchTriesEachPortAtTheUsualRate) {
     line.ports = {3};
     line.replies = {{QStringLiteral("ID?"), "KL5276\r"}, {QStringLiteral("VER?"), "2\r"}};
     link.connection.AutoSearchUnit();
-    EXPECT_EQ(desktop.boxes, QStringList({kCantOpen, kCantOpen,
-                                          QStringLiteral("Autosearch|Unit found at port:  3   Baud:  19200")}));
+    EXPECT_EQ(desktop.boxes,
+              QStringList({kCantOpen, kCantOpen, QStringLiteral("Autosearch|Unit found at port:  3   Baud:  19200")}));
     EXPECT_EQ(state.LinkUp, 1);
     EXPECT_EQ(program.preferences.ComPortNumber, 3);
     EXPECT_FALSE(desktop.busy);

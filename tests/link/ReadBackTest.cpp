@@ -5,8 +5,8 @@ namespace {
 struct ReadBack_ : LinkBench {
     ReadBack_() {
         ConnectSilently();
-        for (const char* const query : {"stt?", "stp?", "swt?", "amt?", "fk0?", "fk1?", "ph0?", "ph1?", "amp?",
-                                        "OFS?", "frq?"}) {
+        for (const char* const query :
+             {"stt?", "stp?", "swt?", "amt?", "fk0?", "fk1?", "ph0?", "ph1?", "amp?", "OFS?", "frq?"}) {
             Answer(query, "0");
         }
         Answer("sta?", "SW0 SIN AM0 SK0 CTM VPP");
@@ -92,8 +92,8 @@ TEST_F(ReadBack_, ScalesTheOffsetByTheRangeAndZeroSwitchesItOff) {
 }
 
 TEST_F(ReadBack_, RoundsTheDepthAndKeepsItWhereItDoesNotFit) {
-    const std::pair<const char*, int> cases[] = {{"30.5", 30}, {"31.5", 32}, {"255.4", 255}, {"256", 255},
-                                                 {"-1", 255},  {"x", 0}};
+    const std::pair<const char*, int> cases[] = {{"30.5", 30}, {"31.5", 32}, {"255.4", 255},
+                                                 {"256", 255}, {"-1", 255},  {"x", 0}};
     for (const auto& [reply, depth] : cases) {
         Answer("amt?", reply);
         link.readBack.ReadModulation();

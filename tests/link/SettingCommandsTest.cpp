@@ -81,8 +81,8 @@ TEST_F(SettingCommands_, LevelGoesOutBehindTheFloorOfItsRange) {
         const char* sent;
     };
     const Case cases[] = {
-        {0.06, kTrue, 1, "amp:0.02 ofs:0 vpp amp:0.1"},   {0.205, kTrue, 3, "amp:2.01 ofs:0 vpp amp:0.2"},
-        {1.0, kTrue, 2, "amp:0.21 ofs:0 vpp amp:1.0"},    {12.0, kTrue, 3, "amp:2.01 ofs:0 vpp amp:12.0"},
+        {0.06, kTrue, 1, "amp:0.02 ofs:0 vpp amp:0.1"},     {0.205, kTrue, 3, "amp:2.01 ofs:0 vpp amp:0.2"},
+        {1.0, kTrue, 2, "amp:0.21 ofs:0 vpp amp:1.0"},      {12.0, kTrue, 3, "amp:2.01 ofs:0 vpp amp:12.0"},
         {0.0071, kFalse, 1, "amp:0.01 ofs:0 vrms amp:0.0"}, {0.7, kFalse, 2, "amp:0.07 ofs:0 vrms amp:0.7"},
         {5.0, kFalse, 3, "amp:0.71 ofs:0 vrms amp:5.0"},
     };
@@ -101,9 +101,12 @@ TEST_F(SettingCommands_, SetCutsTheTriangularSignalAloneAndSendsNoiseNoFrequency
         const char* frequency;
     };
     const Case cases[] = {
-        {2, 2.0e6, 1.0e6, "frq:01000000.0000"}, {2, 1.0e6, 1.0e6, "frq:01000000.0000"},
-        {3, 5.0e6, 5.0e6, "frq:05000000.0000"}, {6, 15.0e6, 15.0e6, "frq:15000000.0000"},
-        {7, 2.0e6, 2.0e6, nullptr},             {8, 2.0e6, 2.0e6, nullptr},
+        {2, 2.0e6, 1.0e6, "frq:01000000.0000"},
+        {2, 1.0e6, 1.0e6, "frq:01000000.0000"},
+        {3, 5.0e6, 5.0e6, "frq:05000000.0000"},
+        {6, 15.0e6, 15.0e6, "frq:15000000.0000"},
+        {7, 2.0e6, 2.0e6, nullptr},
+        {8, 2.0e6, 2.0e6, nullptr},
     };
     for (const Case& c : cases) {
         panel.bmSignal = c.bmSignal;

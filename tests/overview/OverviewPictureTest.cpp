@@ -190,6 +190,8 @@ TEST_F(OverviewPicture, IsSharpAndDrawnAgainWhenTheSizeChanges) {
     // At double density too, a slope is more than blocks of equal pixels.
     EXPECT_NE(image.scaled(image.size() / 2).scaled(image.size()), image);
 
+    Picture1.resize(0, 0);
+    DrawOverviewSignal(Picture1, kSignalWhiteNoise, *memories);
     Picture1.resize(kSize);
     Drawn(2);
     EXPECT_EQ(redraws, before + 1);  // drawn already when it came to be shown

@@ -6,8 +6,10 @@ using ConnectionPanel = PanelBench;
 
 TEST_F(ConnectionPanel, RemoteOnConnectsReadsAndShows) {
     Open();
-    line.replies = {{QStringLiteral("ID?"), "KL5276\r"}, {QStringLiteral("VER?"), "V3\r"},
-                    {QStringLiteral("amp?"), "5\r"},     {QStringLiteral("sta?"), "SW0SQRAM0SK0CTMVPPRFI\r"},
+    line.replies = {{QStringLiteral("ID?"), "KL5276\r"},
+                    {QStringLiteral("VER?"), "V3\r"},
+                    {QStringLiteral("amp?"), "5\r"},
+                    {QStringLiteral("sta?"), "SW0SQRAM0SK0CTMVPPRFI\r"},
                     {QStringLiteral("frq?"), "2500000\r"}};
     Click("cRM");
     EXPECT_EQ(program.link.LinkUp, 1);

@@ -17,12 +17,9 @@ TEST_F(EntryFields, EnterCommitsClampsAndShowsTheNormalForm) {
     };
     const Case cases[] = {
         {"999.9999", 999999.9, "999.9999000", "kHz", false},  // the field stood at kHz
-        {"15000", 15.0e6, "15.0000000000", "MHz", false},
-        {"15.0000001", 15.0e6, "15.0000000000", "MHz", true},
-        {"0.5", 5.0e5, "500.0000000", "kHz", false},
-        {"1/2", 0.0001, "0.0001", "Hz", true},
-        {"2e3", 2000.0, "2.0000000", "kHz", false},
-        {"", 0.0001, "0.0001", "Hz", true},
+        {"15000", 15.0e6, "15.0000000000", "MHz", false},    {"15.0000001", 15.0e6, "15.0000000000", "MHz", true},
+        {"0.5", 5.0e5, "500.0000000", "kHz", false},         {"1/2", 0.0001, "0.0001", "Hz", true},
+        {"2e3", 2000.0, "2.0000000", "kHz", false},          {"", 0.0001, "0.0001", "Hz", true},
         {"1000000", 1.0e6, "1.0000000000", "MHz", false},
     };
     for (const Case& c : cases) {
@@ -123,7 +120,8 @@ TEST_F(EntryFields, EnterWalksTheRings) {
 TEST_F(EntryFields, SweepFieldsFollowTheSweepOption) {
     Open();
     ShowTab(2);
-    const char* const controls[] = {"Text10", "Text11", "Text12", "Label18", "Label19", "Label20", "Label21", "Label22"};
+    const char* const controls[] = {"Text10",  "Text11",  "Text12",  "Label18",
+                                    "Label19", "Label20", "Label21", "Label22"};
     for (const int option : {1, 0, 2}) {
         Click(qPrintable(QStringLiteral("opwob_%1").arg(option)));
         EXPECT_EQ(panel.bmWobbel, option);

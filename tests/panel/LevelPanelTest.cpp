@@ -9,9 +9,9 @@ const QString kSum = QStringLiteral("2 X offset + output voltage is higher then 
 TEST_F(LevelAndOffset, TheSideChangedLastGivesWay) {
     Open();
     struct Case {
-        const char* level;     // set first
-        const char* offset;    // entered next
-        const char* relevel;   // entered last, if at all
+        const char* level;    // set first
+        const char* offset;   // entered next
+        const char* relevel;  // entered last, if at all
         const char *shownLevel, *shownOffset;
         QString hint;
     };

@@ -21,9 +21,8 @@ TEST(KeyFilter, PassesTheKeysOfEachClass) {
     };
     const char* const typed = "09./,+-eEx *\xe9";
     const Case cases[] = {
-        {KeyClass::Plain, 46, "09./.EE"},   {KeyClass::Plain, 44, "09,/,EE"},
-        {KeyClass::Signed, 46, "09./.+-EE"}, {KeyClass::Signed, 44, "09,/,+-EE"},
-        {KeyClass::Digits, 46, "09"},
+        {KeyClass::Plain, 46, "09./.EE"},    {KeyClass::Plain, 44, "09,/,EE"}, {KeyClass::Signed, 46, "09./.+-EE"},
+        {KeyClass::Signed, 44, "09,/,+-EE"}, {KeyClass::Digits, 46, "09"},
     };
     for (const Case& c : cases) {
         QString taken;
@@ -43,9 +42,9 @@ TEST(FrequencyRules, HoldsTheEntryInHertzWithinInclusiveBounds) {
         bool outOfRange;
     };
     const Case cases[] = {
-        {0.0001, 0, 0.0001, false}, {0.00009, 0, 0.0001, true}, {0.0, 0, 0.0001, true},    {-5.0, 0, 0.0001, true},
+        {0.0001, 0, 0.0001, false}, {0.00009, 0, 0.0001, true},    {0.0, 0, 0.0001, true},   {-5.0, 0, 0.0001, true},
         {15.0, 2, 15.0e6, false},   {15.0000001, 2, 15.0e6, true}, {100.0, 2, 15.0e6, true}, {0.5, 2, 5.0e5, false},
-        {2000.0, 0, 2000.0, false}, {2.0, 1, 2000.0, false},    {7.0, -1, 7.0, false},
+        {2000.0, 0, 2000.0, false}, {2.0, 1, 2000.0, false},       {7.0, -1, 7.0, false},
     };
     for (const Case& c : cases) {
         const HeldFrequency held = HoldFrequency(c.entry, c.unit);
@@ -92,9 +91,9 @@ TEST(LevelRules, SumTestIsStrictAndTakesTheSign) {
         bool exceeds;
     };
     const Case cases[] = {
-        {1.0, 0.5, 2, kTrue, false},   {1.0001, 0.5, 2, kTrue, true},  {1.7, 0.15, 2, kTrue, false},
-        {12.0, -5.0, 3, kTrue, false}, {12.0, 5.0, 3, kTrue, true},    {0.1, 0.05, 1, kTrue, false},
-        {6.0, 0.75, 3, kFalse, false}, {6.0, 0.757, 3, kFalse, true},  {0.07, -0.05, 1, kFalse, false},
+        {1.0, 0.5, 2, kTrue, false},   {1.0001, 0.5, 2, kTrue, true}, {1.7, 0.15, 2, kTrue, false},
+        {12.0, -5.0, 3, kTrue, false}, {12.0, 5.0, 3, kTrue, true},   {0.1, 0.05, 1, kTrue, false},
+        {6.0, 0.75, 3, kFalse, false}, {6.0, 0.757, 3, kFalse, true}, {0.07, -0.05, 1, kFalse, false},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(SumExceedsRange(c.level, c.offset, c.range, c.vpp), c.exceeds) << c.level << ' ' << c.offset;

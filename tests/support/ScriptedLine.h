@@ -12,8 +12,8 @@
 class ScriptedClock : public LinkClock {
   public:
     qint64 nowMs = 0;
-    qint64 waitedMs = 0;            // by WaitMs alone
-    std::function<void()> onWait;   // an event that enters during pacing
+    qint64 waitedMs = 0;           // by WaitMs alone
+    std::function<void()> onWait;  // an event that enters during pacing
 
     qint64 NowMs() const override { return nowMs; }
     void WaitMs(qint32& ms) override;
@@ -31,8 +31,8 @@ class ScriptedLine : public Com {
     bool takesOutput = true;
     bool lost = false;
 
-    QByteArray wire;        // all that was sent
-    QStringList openings;   // "port: settings" of each successful opening
+    QByteArray wire;       // all that was sent
+    QStringList openings;  // "port: settings" of each successful opening
     int flushes = 0;
 
     QStringList Lines() const;
