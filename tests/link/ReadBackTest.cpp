@@ -46,18 +46,16 @@ TEST_F(ReadBack_, FindsEachTokenAndItsRemainder) {
         const char* status;
         int out, intRef, sweep, signal, am, keying, mode, vpp;
     };
-    const Case cases[] = {
-        {"ot1 rfi sw0 sin am0 sk0 ctm vpp", -1, -1, 0, 0, 0, 0, 0, -1},
-        {"OT0;RFX;SL1;SQR;AMX;PS1;GT+", 0, 0, 1, 1, 1, 1, 1, 0},
-        {"", 0, 0, 2, 8, 2, 2, 4, 0},
-        {"SIN SQR TRI", 0, 0, 2, 0, 2, 2, 4, 0},
-        {"A16 GT-", 0, 0, 2, 6, 2, 2, 2, 0},
-        {"AR4TR+", 0, 0, 2, 5, 2, 2, 3, 0},
-        {"WNS", 0, 0, 2, 7, 2, 2, 4, 0},
-        {"RMN", 0, 0, 2, 4, 2, 2, 4, 0},
-        {"RMP", 0, 0, 2, 3, 2, 2, 4, 0},
-        {"TRI", 0, 0, 2, 2, 2, 2, 4, 0},
-    };
+    const Case cases[] = {{"ot1 rfi sw0 sin am0 sk0 ctm vpp", -1, -1, 0, 0, 0, 0, 0, -1},
+                          {"OT0;RFX;SL1;SQR;AMX;PS1;GT+", 0, 0, 1, 1, 1, 1, 1, 0},
+                          {"", 0, 0, 2, 8, 2, 2, 4, 0},
+                          {"SIN SQR TRI", 0, 0, 2, 0, 2, 2, 4, 0},
+                          {"A16 GT-", 0, 0, 2, 6, 2, 2, 2, 0},
+                          {"AR4TR+", 0, 0, 2, 5, 2, 2, 3, 0},
+                          {"WNS", 0, 0, 2, 7, 2, 2, 4, 0},
+                          {"RMN", 0, 0, 2, 4, 2, 2, 4, 0},
+                          {"RMP", 0, 0, 2, 3, 2, 2, 4, 0},
+                          {"TRI", 0, 0, 2, 2, 2, 2, 4, 0}};
     for (const Case& c : cases) {
         Answer("sta?", c.status);
         link.readBack.ReadStatus();
@@ -74,11 +72,10 @@ TEST_F(ReadBack_, ScalesTheOffsetByTheRangeAndZeroSwitchesItOff) {
         double mOffset;
         Truth tmOffset;
     };
-    const Case cases[] = {
-        {"VPP", "0.2", "5", 0.05, kTrue},   {"VPP", "2.0", "-4.5", -0.45, kTrue}, {"VPP", "12", "4", 4.0, kTrue},
-        {"RMS", "0.07", "5", 0.05, kTrue},  {"RMS", "0.7", "1", 0.1, kTrue},      {"VPP", "0.205", "4", 4.0, kTrue},
-        {"VPP", "1", "0.000", 9.0, kFalse}, {"VPP", "1", "off", 9.0, kFalse},
-    };
+    const Case cases[] = {{"VPP", "0.2", "5", 0.05, kTrue},   {"VPP", "2.0", "-4.5", -0.45, kTrue},
+                          {"VPP", "12", "4", 4.0, kTrue},     {"RMS", "0.07", "5", 0.05, kTrue},
+                          {"RMS", "0.7", "1", 0.1, kTrue},    {"VPP", "0.205", "4", 4.0, kTrue},
+                          {"VPP", "1", "0.000", 9.0, kFalse}, {"VPP", "1", "off", 9.0, kFalse}};
     for (const Case& c : cases) {
         Answer("sta?", c.status);
         Answer("amp?", c.level);
@@ -88,16 +85,6 @@ TEST_F(ReadBack_, ScalesTheOffsetByTheRangeAndZeroSwitchesItOff) {
         link.readBack.ReadLevel();
         EXPECT_DOUBLE_EQ(panel.mOffset, c.mOffset) << c.level << ' ' << c.offset;
         EXPECT_EQ(panel.tmOffset, c.tmOffset);
-    }
-}
-
-TEST_F(ReadBack_, RoundsTheDepthAndKeepsItWhereItDoesNotFit) {
-    const std::pair<const char*, int> cases[] = {{"30.5", 30}, {"31.5", 32}, {"255.4", 255},
-                                                 {"256", 255}, {"-1", 255},  {"x", 0}};
-    for (const auto& [reply, depth] : cases) {
-        Answer("amt?", reply);
-        link.readBack.ReadModulation();
-        EXPECT_EQ(panel.bmAmDepth, depth) << reply;
     }
 }
 
@@ -128,8 +115,7 @@ TEST_F(ReadBack_, ATimeOutLeavesWhatTheCollectedTextSays) {
              EXPECT_EQ(p.tmOffset, kTrue);
              EXPECT_EQ(p.mFreq, 1000.0);
          }},
-        {"frq?", "", [](const PanelState& p) { EXPECT_EQ(p.mFreq, 0.0); }},
-    };
+        {"frq?", "", [](const PanelState& p) { EXPECT_EQ(p.mFreq, 0.0); }}};
     for (const Case& c : cases) {
         panel = PanelState{};
         panel.bmWobbel = 1;

@@ -12,15 +12,13 @@ TEST_F(SerialTransport_, TreatsCommaCrAndPacingByTheKindOfSend) {
         const char* wire;
         qint64 waitedMs;
     };
-    const Case cases[] = {
-        {&SerialTransport::SendCommand, "amp:0,21", "amp:0.21\r", 5},
-        {&SerialTransport::SendCommand, "a,b,c", "a.b,c\r", 5},
-        {&SerialTransport::SendCommand, "twice\r", "twice\r\r", 5},
-        {&SerialTransport::SendCommandFast, "arp4:1=2", "arp4:1=2\r", 0},
-        {&SerialTransport::SendCommandSlow, "time:12,30", "time:12,30\r", 55},
-        {&SerialTransport::SendQuery, "frq?", "frq?\r", 5},
-        {&SerialTransport::SendQuery, "frq?\r", "frq?\r", 5},
-    };
+    const Case cases[] = {{&SerialTransport::SendCommand, "amp:0,21", "amp:0.21\r", 5},
+                          {&SerialTransport::SendCommand, "a,b,c", "a.b,c\r", 5},
+                          {&SerialTransport::SendCommand, "twice\r", "twice\r\r", 5},
+                          {&SerialTransport::SendCommandFast, "arp4:1=2", "arp4:1=2\r", 0},
+                          {&SerialTransport::SendCommandSlow, "time:12,30", "time:12,30\r", 55},
+                          {&SerialTransport::SendQuery, "frq?", "frq?\r", 5},
+                          {&SerialTransport::SendQuery, "frq?\r", "frq?\r", 5}};
     for (const Case& c : cases) {
         line.wire.clear();
         clock.waitedMs = 0;

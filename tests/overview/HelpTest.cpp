@@ -40,39 +40,6 @@ class About : public testing::Test {
     FakeDesktop desktop;
 };
 
-TEST_F(About, IsOneAndNotModal) {
-    AboutForm* const form = Forms().constFirst();
-    EXPECT_FALSE(form->isModal());
-    form->showMinimized();
-    ShowAbout(owner, desktop);
-    EXPECT_EQ(Forms(), QList<AboutForm*>{form});
-    EXPECT_FALSE(form->isMinimized());
-
-    form->close();
-    ShowAbout(owner, desktop);  // before the closed one is gone
-    Settle();
-    ASSERT_EQ(Forms().size(), 1);
-    EXPECT_TRUE(Forms().constFirst()->isVisible());
-}
-
-TEST_F(About, ClosesByButtonAndKeys) {
-    const auto press = [&](int way) {
-        AboutForm* const form = Forms().constFirst();
-        if (way == 0) {
-            QTest::mouseClick(form->findChild<QPushButton*>(QStringLiteral("Command1")), Qt::LeftButton);
-        } else {
-            QTest::keyClick(form, way == 1 ? Qt::Key_Return : Qt::Key_Escape);
-        }
-    };
-    for (const int way : {0, 1, 2}) {
-        ShowAbout(owner, desktop);
-        press(way);
-        Settle();
-        EXPECT_TRUE(Forms().isEmpty()) << way;
-    }
-    EXPECT_TRUE(desktop.viewed.isEmpty());
-}
-
 TEST_F(About, WebSiteOpensByMouseAndKey) {
     AboutForm* const form = Forms().constFirst();
     ASSERT_TRUE(QTest::qWaitForWindowActive(form));

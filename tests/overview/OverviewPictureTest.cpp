@@ -32,29 +32,15 @@ TEST(OverviewStrokes, FixedForms) {
     const struct {
         quint8 bmSignal = 0;
         QLineF first, second, last;
-    } table[]{
-        {2, {-4, 1800, 4, -1800}, {4, -1800, 12, 1800}, {60, 1800, 68, -1800}},
-        {3, {-4, -1800, 12, 1800}, {12, 1800, 12, -1800}, {60, -1800, 76, 1800}},
-        {4, {-4, 1800, 12, -1800}, {12, 1800, 12, -1800}, {60, 1800, 76, -1800}},
-    };
+    } table[]{{2, {-4, 1800, 4, -1800}, {4, -1800, 12, 1800}, {60, 1800, 68, -1800}},
+              {3, {-4, -1800, 12, 1800}, {12, 1800, 12, -1800}, {60, -1800, 76, 1800}},
+              {4, {-4, 1800, 12, -1800}, {12, 1800, 12, -1800}, {60, 1800, 76, -1800}}};
     for (const auto& ends : table) {
         const std::vector<QLineF> strokes = OverviewStrokes(ends.bmSignal, memories);
         ASSERT_EQ(strokes.size(), 9U);
         EXPECT_TRUE(strokes[0] == ends.first && strokes[1] == ends.second && strokes[8] == ends.last);
     }
     EXPECT_TRUE(OverviewStrokes(9, memories).empty());
-}
-
-TEST(OverviewStrokes, MemoriesReachJustUnder64) {
-    const auto memories = std::make_unique<ArbMemories>();
-    memories->ArbMemory4[4095] = 7;
-    memories->ArbMemory16[16383] = 8;
-    const std::vector<QLineF> strokes4 = OverviewStrokes(5, *memories);
-    const std::vector<QLineF> strokes16 = OverviewStrokes(6, *memories);
-    EXPECT_EQ(strokes4.size(), 4095U);
-    EXPECT_EQ(strokes4.back(), QLineF(4094 / 64.0, 0, 4095 / 64.0, 7));
-    EXPECT_EQ(strokes16.size(), 16383U);
-    EXPECT_EQ(strokes16.back(), QLineF(16382 / 256.0, 0, 16383 / 256.0, 8));
 }
 
 // A picture as its form keeps it: drawn again whenever its content is lost.
@@ -119,17 +105,6 @@ TEST_F(OverviewPicture, FullScaleTouchesTheEdgesInEitherMemory) {
     }
 }
 
-TEST_F(OverviewPicture, FixedFormsStayAt1800) {
-    constexpr double kTop = 247.0 / 4094.0 * 230.0;  // 1800, in pixels from the edge
-    for (quint8 form = 0; form <= 4; ++form) {
-        const QRectF ink = InkBounds(Drawn(form));
-        EXPECT_NEAR(ink.top(), kTop, 2.0) << int{form};
-        EXPECT_NEAR(ink.bottom(), 230.0 - kTop, 2.0) << int{form};
-        EXPECT_EQ(ink.left(), 0.0) << int{form};
-        EXPECT_EQ(ink.right(), 420.0) << int{form};
-    }
-}
-
 // The time saved in dense memories costs no ink: beside strokes drawn one by one, only its rim may differ.
 TEST_F(OverviewPicture, DenseMemoryKeepsItsShape) {
     unsigned random = 1;
@@ -163,20 +138,6 @@ TEST_F(OverviewPicture, DenseMemoryKeepsItsShape) {
         difference += differs(strokes, picture, x, y) || differs(picture, strokes, x, y) ? 1 : 0;
     }
     EXPECT_EQ(difference, 0);
-}
-
-TEST_F(OverviewPicture, NoiseIsAWordThatFits) {
-    for (const int width : {420, 150}) {
-        Picture1.resize(width, 230);
-        for (const quint8 form : {kSignalWhiteNoise, quint8{8}}) {
-            const QRectF ink = InkBounds(Drawn(form));
-            const double start = (form == kSignalWhiteNoise ? 10 : 13) / 63.0 * width;
-            EXPECT_NEAR(ink.left(), start, 8.0);
-            EXPECT_GT(ink.width(), width * 0.4);
-            EXPECT_LT(ink.right(), width);
-        }
-    }
-    EXPECT_TRUE(InkBounds(Drawn(9)).isEmpty());
 }
 
 TEST_F(OverviewPicture, IsSharpAndDrawnAgainWhenTheSizeChanges) {

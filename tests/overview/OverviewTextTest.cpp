@@ -17,16 +17,14 @@ TEST(OverviewText, WholeTexts) {
         std::string expected;
         quint8 bmWobbel, bmAmpMod, bmFMod;
         const char* locale;
-    } cases[]{
-        {kNoSweep + kNoAm + kNoKeying + kEnd, 0, 0, 0, "C"},
-        {"Sweep: Linear" + kSweep + kNoAm + kNoKeying + kEnd, 1, 0, 0, "C"},
-        {"Sweep: Logarithmic" + kSweep + kNoAm + kNoKeying + kEnd, 7, 0, 0, "C"},
-        {kNoSweep + "Amplitude modulation: External\r\nModulation depth: 50.0\r\n\r\n" + kNoKeying + kEnd, 0, 1, 0,
-         "C"},
-        {kNoSweep + "Amplitude modulation: Internal\r\nModulation depth: 50,0\r\n\r\n" +
-             "PSK modulation: On\r\nPhase0 : 90,0\r\nPhase1 : 180,0\r\n\r\n" + kEnd,
-         0, 2, 1, "de"},
-    };
+    } cases[]{{kNoSweep + kNoAm + kNoKeying + kEnd, 0, 0, 0, "C"},
+              {"Sweep: Linear" + kSweep + kNoAm + kNoKeying + kEnd, 1, 0, 0, "C"},
+              {"Sweep: Logarithmic" + kSweep + kNoAm + kNoKeying + kEnd, 7, 0, 0, "C"},
+              {kNoSweep + "Amplitude modulation: External\r\nModulation depth: 50.0\r\n\r\n" + kNoKeying + kEnd, 0, 1,
+               0, "C"},
+              {kNoSweep + "Amplitude modulation: Internal\r\nModulation depth: 50,0\r\n\r\n" +
+                   "PSK modulation: On\r\nPhase0 : 90,0\r\nPhase1 : 180,0\r\n\r\n" + kEnd,
+               0, 2, 1, "de"}};
     for (const auto& c : cases) {
         PanelState panel;
         panel.bmWobbel = c.bmWobbel;
@@ -41,12 +39,10 @@ TEST(OverviewText, HopFollowsTheCarriersUnit) {
     const struct {
         double mcFreq, mhFreq;
         const char *carrier, *hop;
-    } cases[]{
-        {1000, 1100, "1.0000000kHz", "1.1000000kHz"},
-        {1e6, 1e6, "1.0000000000MHz", "1.0000000000MHz"},
-        {500, 2e6, "500.0000Hz", "2000000.0000Hz"},
-        {2e6, 500, "2.0000000000MHz", "0.0005000000MHz"},
-    };
+    } cases[]{{1000, 1100, "1.0000000kHz", "1.1000000kHz"},
+              {1e6, 1e6, "1.0000000000MHz", "1.0000000000MHz"},
+              {500, 2e6, "500.0000Hz", "2000000.0000Hz"},
+              {2e6, 500, "2.0000000000MHz", "0.0005000000MHz"}};
     for (const auto& c : cases) {
         PanelState panel;
         panel.bmFMod = 2;

@@ -4,26 +4,6 @@ namespace {
 
 using ConnectionPanel = PanelBench;
 
-TEST_F(ConnectionPanel, RemoteOnConnectsReadsAndShows) {
-    Open();
-    line.replies = {{QStringLiteral("ID?"), "KL5276\r"},
-                    {QStringLiteral("VER?"), "V3\r"},
-                    {QStringLiteral("amp?"), "5\r"},
-                    {QStringLiteral("sta?"), "SW0SQRAM0SK0CTMVPPRFI\r"},
-                    {QStringLiteral("frq?"), "2500000\r"}};
-    Click("cRM");
-    EXPECT_EQ(program.link.LinkUp, 1);
-    EXPECT_EQ(form->windowTitle(), u"KL5276 - V1.02       Unit:V3");
-    EXPECT_EQ(Text("Text1"), u"2.5000000000");
-    EXPECT_EQ(Text("Text2"), u"5.00000");
-    EXPECT_TRUE(Checked("opsignal_1"));
-    EXPECT_FALSE(desktop.busy);
-    Click("cRM");
-    EXPECT_EQ(program.link.LinkUp, 0);
-    EXPECT_TRUE(line.wire.endsWith("frq?\rRM0\r"));
-    EXPECT_EQ(form->windowTitle(), u"KL5276 - V1.02       Offline");
-}
-
 TEST_F(ConnectionPanel, AFailedConnectionLeavesTheSwitchOff) {
     Open();
     line.ports.clear();
@@ -32,14 +12,6 @@ TEST_F(ConnectionPanel, AFailedConnectionLeavesTheSwitchOff) {
     EXPECT_FALSE(Checked("cRM"));
     EXPECT_EQ(desktop.boxes.size(), 1);
     EXPECT_EQ(panel.mFreq, 1000.0);  // the field committed what it showed; nothing was read
-}
-
-TEST_F(ConnectionPanel, SetCommitsTheFieldThatHadTheFocus) {
-    Open();
-    Connect();
-    Type("Text2", "3");
-    Click("Command4");
-    EXPECT_TRUE(line.wire.contains("amp:2.01\rofs:0\rvpp\ramp:3.0\r")) << line.wire.constData();
 }
 
 TEST_F(ConnectionPanel, WithoutALinkReadAndSetOnlyHint) {
@@ -161,20 +133,6 @@ TEST_F(ComsetDialog, AnUnknownRateIsKeptAndExitChangesNothing) {
     ShowDialog();
     Click("cbok");
     EXPECT_EQ(line.openings.constFirst(), u"2: 1200,N,8,2");
-}
-
-TEST_F(ComsetDialog, AutosearchClosesTheDialogOnSuccessAlone) {
-    Open();
-    ShowDialog();
-    line.ports.clear();
-    Click("Command1");
-    EXPECT_TRUE(Get("comset")->isVisible());
-    line.ports = {1};
-    line.replies = {{QStringLiteral("ID?"), "KL5276\r"}, {QStringLiteral("VER?"), "V3\r"}};
-    Click("Command1");
-    EXPECT_FALSE(Get("comset")->isVisible());
-    EXPECT_EQ(desktop.boxes.constLast(), u"Autosearch|Unit found at port:  1   Baud:  19200");
-    EXPECT_TRUE(Checked("cRM"));
 }
 
 }  // namespace

@@ -20,8 +20,7 @@ TEST_F(EntryFields, EnterCommitsClampsAndShowsTheNormalForm) {
         {"15000", 15.0e6, "15.0000000000", "MHz", false},    {"15.0000001", 15.0e6, "15.0000000000", "MHz", true},
         {"0.5", 5.0e5, "500.0000000", "kHz", false},         {"1/2", 0.0001, "0.0001", "Hz", true},
         {"2e3", 2000.0, "2.0000000", "kHz", false},          {"", 0.0001, "0.0001", "Hz", true},
-        {"1000000", 1.0e6, "1.0000000000", "MHz", false},
-    };
+        {"1000000", 1.0e6, "1.0000000000", "MHz", false}};
     for (const Case& c : cases) {
         desktop.beeps = 0;
         Enter("Text1", c.typed);

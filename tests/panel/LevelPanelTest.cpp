@@ -15,17 +15,15 @@ TEST_F(LevelAndOffset, TheSideChangedLastGivesWay) {
         const char *shownLevel, *shownOffset;
         QString hint;
     };
-    const Case cases[] = {
-        {"1", "0.6", nullptr, "1.00000", "0.5000", QStringLiteral("Max Offset in Range2 is 500mV")},
-        {"1.5", "0.4", nullptr, "1.50000", "0.2500", kSum + u"Range2: 2.00V"},
-        {"12", "-5", nullptr, "12.00000", "-4.0000", kSum + u"Range3: 20.00V"},
-        {"5", "4", "15", "12.00000", "4.0000", kSum + u"Range3: 20.00V"},
-        {"5", "-4", "15", "15.00000", "-2.5000", kSum + u"Range3: 20.00V"},
-        {"3", "4", "1", "1.00000", "0.5000", QStringLiteral("Max Offset in Range2 is 500mV")},
-        {"0.1", "0.04567", nullptr, "0.10000", "0.0457", QString()},
-        {"1", "0.12345", nullptr, "1.00000", "0.1230", QString()},
-        {"5", "1.234", nullptr, "5.00000", "1.2300", QString()},
-    };
+    const Case cases[] = {{"1", "0.6", nullptr, "1.00000", "0.5000", QStringLiteral("Max Offset in Range2 is 500mV")},
+                          {"1.5", "0.4", nullptr, "1.50000", "0.2500", kSum + u"Range2: 2.00V"},
+                          {"12", "-5", nullptr, "12.00000", "-4.0000", kSum + u"Range3: 20.00V"},
+                          {"5", "4", "15", "12.00000", "4.0000", kSum + u"Range3: 20.00V"},
+                          {"5", "-4", "15", "15.00000", "-2.5000", kSum + u"Range3: 20.00V"},
+                          {"3", "4", "1", "1.00000", "0.5000", QStringLiteral("Max Offset in Range2 is 500mV")},
+                          {"0.1", "0.04567", nullptr, "0.10000", "0.0457", QString()},
+                          {"1", "0.12345", nullptr, "1.00000", "0.1230", QString()},
+                          {"5", "1.234", nullptr, "5.00000", "1.2300", QString()}};
     for (const Case& c : cases) {
         Enter("Text4", "0");
         Enter("Text2", c.level);
@@ -95,28 +93,6 @@ TEST_F(LevelAndOffset, AmplitudeModulationCapsTheLevelAndRefusesAnOffset) {
     Enter("Text4", "1");
     EXPECT_FALSE(Checked("Check1"));
     EXPECT_EQ(panel.tmOffset, kFalse);
-}
-
-TEST_F(LevelAndOffset, ToolTipsFollowUnitRangeAndSignal) {
-    Open();
-    EXPECT_EQ(Get("Text4")->toolTip(), u"Max offset in range2 is 500mV (level <= 2.00 Vpp)");
-    Enter("Text2", "0.205");
-    EXPECT_EQ(Get("Text4")->toolTip(), u"Max offset in range3 is 5.00V (level <= 20.00 Vpp)");
-    EXPECT_EQ(panel.bmBereich, 3);
-    const std::pair<const char*, const char*> signals_[] = {
-        {"opsignal_1", "The maximum frequency range is 15MHz"},
-        {"opsignal_2", "The maximum frequency range is 1MHz"},
-        {"opsignal_4", "The maximum frequency range is 100kHz"},
-        {"opsignal_6", "The maximum frequency is 10MHz (sampling rate 40MHz)"},
-        {"opsignal_8", "The frequency can not be varied in noise mode"},
-    };
-    for (const auto& [option, toolTip] : signals_) {
-        Click(option);
-        for (const char* const field : {"Text1", "Text6", "Text7", "Text10", "Text11"}) {
-            EXPECT_EQ(Get(field)->toolTip(), QLatin1StringView(toolTip)) << field;
-        }
-    }
-    EXPECT_EQ(panel.mFreq, 1000.0);
 }
 
 }  // namespace

@@ -35,22 +35,6 @@ TEST_F(MainForm, FirstRunMakesAnEmptyFileAndShowsTheDefaults) {
     EXPECT_EQ(desktop.beeps, 0);
 }
 
-TEST_F(MainForm, PreferencesComeBackAndOnlyAYesWrites) {
-    Preferences stored;
-    stored.MainLeft = 1500;
-    stored.MainTop = 1200;
-    stored.ComPortNumber = 4;
-    stored.ComBaudRate = 4800;
-    WriteFile(folder, EncodePreferences(stored) + QByteArray("behind"));
-    Open();
-    EXPECT_EQ(program.preferences.ComPortNumber, 4);
-    EXPECT_EQ(form->frameGeometry().topLeft(), QPoint(100, 80));
-    program.preferences.ComPortNumber = 1;
-    EXPECT_TRUE(form->close());
-    EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Exit Program|Save default settings?")));
-    EXPECT_EQ(FileIn(folder), EncodePreferences(stored) + QByteArray("behind"));
-}
-
 TEST_F(MainForm, AYesAtExitWritesTheRecordOverTheHeadOfTheFile) {
     WriteFile(folder, QByteArray("5276def01").leftJustified(40, '#'));
     Open();

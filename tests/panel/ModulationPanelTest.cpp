@@ -77,13 +77,4 @@ TEST_F(Modulation, FieldsHoldTheirValues) {
     EXPECT_EQ(Get<QLabel>("Label17")->text(), u"Hz");
 }
 
-TEST_F(Modulation, BothKindsOnShowAm) {
-    Open();
-    panel.bmAmpMod = 2;
-    panel.bmFMod = 1;
-    form->RefreshPanel();
-    EXPECT_TRUE(Checked("opmod_0"));
-    EXPECT_EQ(panel.bmFMod, 0);  // the selection runs the click routine
-}
-
 }  // namespace

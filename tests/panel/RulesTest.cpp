@@ -20,10 +20,11 @@ TEST(KeyFilter, PassesTheKeysOfEachClass) {
         const char* taken;
     };
     const char* const typed = "09./,+-eEx *\xe9";
-    const Case cases[] = {
-        {KeyClass::Plain, 46, "09./.EE"},    {KeyClass::Plain, 44, "09,/,EE"}, {KeyClass::Signed, 46, "09./.+-EE"},
-        {KeyClass::Signed, 44, "09,/,+-EE"}, {KeyClass::Digits, 46, "09"},
-    };
+    const Case cases[] = {{KeyClass::Plain, 46, "09./.EE"},
+                          {KeyClass::Plain, 44, "09,/,EE"},
+                          {KeyClass::Signed, 46, "09./.+-EE"},
+                          {KeyClass::Signed, 44, "09,/,+-EE"},
+                          {KeyClass::Digits, 46, "09"}};
     for (const Case& c : cases) {
         QString taken;
         for (const QChar key : QString::fromLatin1(typed)) {
@@ -41,11 +42,10 @@ TEST(FrequencyRules, HoldsTheEntryInHertzWithinInclusiveBounds) {
         double hertz;
         bool outOfRange;
     };
-    const Case cases[] = {
-        {0.0001, 0, 0.0001, false}, {0.00009, 0, 0.0001, true},    {0.0, 0, 0.0001, true},   {-5.0, 0, 0.0001, true},
-        {15.0, 2, 15.0e6, false},   {15.0000001, 2, 15.0e6, true}, {100.0, 2, 15.0e6, true}, {0.5, 2, 5.0e5, false},
-        {2000.0, 0, 2000.0, false}, {2.0, 1, 2000.0, false},       {7.0, -1, 7.0, false},
-    };
+    const Case cases[] = {{0.0001, 0, 0.0001, false}, {0.00009, 0, 0.0001, true}, {0.0, 0, 0.0001, true},
+                          {-5.0, 0, 0.0001, true},    {15.0, 2, 15.0e6, false},   {15.0000001, 2, 15.0e6, true},
+                          {100.0, 2, 15.0e6, true},   {0.5, 2, 5.0e5, false},     {2000.0, 0, 2000.0, false},
+                          {2.0, 1, 2000.0, false},    {7.0, -1, 7.0, false}};
     for (const Case& c : cases) {
         const HeldFrequency held = HoldFrequency(c.entry, c.unit);
         EXPECT_DOUBLE_EQ(held.hertz, c.hertz) << c.entry << ' ' << c.unit;
@@ -63,19 +63,17 @@ TEST(LevelRules, HoldsALevelWithinTheBoundsOfItsUnit) {
         double held;
         const char* message;
     };
-    const Case cases[] = {
-        {0.02, kTrue, false, 0.02, ""},
-        {0.0199, kTrue, false, 0.02, "Min. Level: 0.0200"},
-        {20.0, kTrue, false, 20.0, ""},
-        {20.001, kTrue, false, 20.0, "Max. Level: 20.0000"},
-        {10.0, kTrue, true, 10.0, ""},
-        {15.0, kTrue, true, 10.0, "Am-Modulation is On. Max. Level: 10.0000"},
-        {0.0071, kFalse, false, 0.0071, ""},
-        {0.0, kFalse, true, 0.0071, "Min. Level: 0.0071"},
-        {7.07, kFalse, false, 7.07, ""},
-        {7.08, kFalse, false, 7.07, "Max. Level: 7.0700"},
-        {3.6, kFalse, true, 3.535, "Am-Modulation is On. Max. Level: 3.5350"},
-    };
+    const Case cases[] = {{0.02, kTrue, false, 0.02, ""},
+                          {0.0199, kTrue, false, 0.02, "Min. Level: 0.0200"},
+                          {20.0, kTrue, false, 20.0, ""},
+                          {20.001, kTrue, false, 20.0, "Max. Level: 20.0000"},
+                          {10.0, kTrue, true, 10.0, ""},
+                          {15.0, kTrue, true, 10.0, "Am-Modulation is On. Max. Level: 10.0000"},
+                          {0.0071, kFalse, false, 0.0071, ""},
+                          {0.0, kFalse, true, 0.0071, "Min. Level: 0.0071"},
+                          {7.07, kFalse, false, 7.07, ""},
+                          {7.08, kFalse, false, 7.07, "Max. Level: 7.0700"},
+                          {3.6, kFalse, true, 3.535, "Am-Modulation is On. Max. Level: 3.5350"}};
     for (const Case& c : cases) {
         const HeldLevel held = HoldLevel(c.level, c.vpp, c.am);
         EXPECT_DOUBLE_EQ(held.level, c.held) << c.level;
@@ -93,8 +91,7 @@ TEST(LevelRules, SumTestIsStrictAndTakesTheSign) {
     const Case cases[] = {
         {1.0, 0.5, 2, kTrue, false},   {1.0001, 0.5, 2, kTrue, true}, {1.7, 0.15, 2, kTrue, false},
         {12.0, -5.0, 3, kTrue, false}, {12.0, 5.0, 3, kTrue, true},   {0.1, 0.05, 1, kTrue, false},
-        {6.0, 0.75, 3, kFalse, false}, {6.0, 0.757, 3, kFalse, true}, {0.07, -0.05, 1, kFalse, false},
-    };
+        {6.0, 0.75, 3, kFalse, false}, {6.0, 0.757, 3, kFalse, true}, {0.07, -0.05, 1, kFalse, false}};
     for (const Case& c : cases) {
         EXPECT_EQ(SumExceedsRange(c.level, c.offset, c.range, c.vpp), c.exceeds) << c.level << ' ' << c.offset;
     }

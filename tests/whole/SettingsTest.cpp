@@ -95,10 +95,11 @@ TEST_F(WholeSettings, WhatTheInstrumentHoldsShowsInEveryControl) {
                                      "Check1", "ocFreq_0", "ohFreq_2"}) {
         EXPECT_TRUE(panel.Checked(option)) << option;
     }
-    const std::pair<const char*, const char*> texts[] = {
-        {"Text1", "2.5000000000"}, {"Text2", "0.50000"},      {"Text4", "0.1250"},
-        {"Text6", "777.0000"},     {"Text7", "3.0000000000"},
-    };
+    const std::pair<const char*, const char*> texts[] = {{"Text1", "2.5000000000"},
+                                                         {"Text2", "0.50000"},
+                                                         {"Text4", "0.1250"},
+                                                         {"Text6", "777.0000"},
+                                                         {"Text7", "3.0000000000"}};
     for (const auto& [field, text] : texts) {
         EXPECT_EQ(panel.Text(field), QLatin1StringView(text)) << field;
     }
