@@ -36,6 +36,7 @@ void Main::MakeControls() {
     status->setObjectName(QStringLiteral("status"));
     status->setAccessibleName(QStringLiteral("Progress of the transfer"));
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    SSTab1->setAccessibleName(QStringLiteral("Overview, modulation and mode"));
     cRM->setObjectName(QStringLiteral("cRM"));
     cRM->setAccessibleName(QStringLiteral("Remote On: link to the instrument"));
     Command3->setObjectName(QStringLiteral("Command3"));
@@ -155,19 +156,12 @@ bool Main::RefuseWhileRunning() {
     return false;
 }
 
-QList<QWidget*> Main::LinkControls() const {
-    QList<QWidget*> controls{cRM, Command3, Command4, Command7};
-    const auto options = output_->Opoutput->Options();
-    controls.append(QList<QWidget*>(options.cbegin(), options.cend()));
-    return controls;
-}
-
 // While an operation runs, a press that will be refused must not move the focus either.
 void Main::OnGateChanged(bool running) {
-    const auto controls = LinkControls();
-    for (QWidget* const control : controls) {
+    for (QWidget* const control : std::initializer_list<QWidget*>{cRM, Command3, Command4, Command7}) {
         control->setFocusPolicy(running ? Qt::NoFocus : Qt::StrongFocus);
     }
+    output_->Opoutput->SetTakesFocus(!running);
     if (!running && std::exchange(closeWhenFree_, false)) {
         QMetaObject::invokeMethod(
             this, [this] { close(); }, Qt::QueuedConnection);

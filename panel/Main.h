@@ -72,7 +72,6 @@ class Main : public QMainWindow, private LinkFront {
     bool ReadyForCommand();
     void ReadAndRefresh();
     void OnGateChanged(bool running);
-    QList<QWidget*> LinkControls() const;
 
     // Layout (MainLayout.cpp)
     void Arrange();

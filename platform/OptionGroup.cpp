@@ -10,6 +10,7 @@ OptionGroup::OptionGroup(const QString& name, const QStringList& captions, QWidg
         buttons_.addButton(option, index);
     }
     connect(&buttons_, &QButtonGroup::idClicked, this, &OptionGroup::UserClick);
+    FixTabStops();
 }
 
 QRadioButton* OptionGroup::Option(int index) const { return qobject_cast<QRadioButton*>(buttons_.button(index)); }
@@ -39,8 +40,23 @@ void OptionGroup::UserClick(int index) {
         return;
     }
     selected_ = index;
+    FixTabStops();
     if (click_) {
         click_(index);
+    }
+}
+
+void OptionGroup::SetTakesFocus(bool takes) {
+    takesFocus_ = takes;
+    FixTabStops();
+}
+
+void OptionGroup::FixTabStops() {
+    const QAbstractButton* const checked = buttons_.checkedButton();
+    const auto options = buttons_.buttons();
+    for (QAbstractButton* const option : options) {
+        const bool tabStop = option == (checked != nullptr ? checked : options.constFirst());
+        option->setFocusPolicy(!takesFocus_ ? Qt::NoFocus : tabStop ? Qt::StrongFocus : Qt::ClickFocus);
     }
 }
 
@@ -52,4 +68,5 @@ void OptionGroup::Show(int index) {
         checked->setChecked(false);
         buttons_.setExclusive(true);
     }
+    FixTabStops();
 }

@@ -5,7 +5,8 @@
 #include <functional>
 
 // A group of options of which one is selected. A user's click always runs the group's click routine, also on the
-// option already selected; a selection from code runs it only if the selection changes, at once and nested.
+// option already selected; a selection from code runs it only if the selection changes, at once and nested. The Tab key
+// stops at the selected option alone; the arrow keys walk the group.
 class OptionGroup : public QObject {
     Q_OBJECT
 
@@ -26,15 +27,20 @@ class OptionGroup : public QObject {
     QRadioButton* Option(int index) const;
     QList<QAbstractButton*> Options() const { return buttons_.buttons(); }
 
+    // While it takes no focus, not even a click moves the focus to an option.
+    void SetTakesFocus(bool takes);
+
     // "name: caption" for each option, so that a screen reader tells groups with equal captions apart.
     void SetAccessibleName(const QString& name);
 
   private:
     void UserClick(int index);
     void Show(int index);
+    void FixTabStops();
 
     QButtonGroup buttons_;
     int selected_ = -1;
+    bool takesFocus_ = true;
     std::function<void(int)> click_;
     std::function<bool()> guard_;
 };

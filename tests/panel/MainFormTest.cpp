@@ -124,12 +124,28 @@ TEST_F(MainForm, ModeReferenceAndOutputStoreAndShow) {
     EXPECT_TRUE(Checked("opmodes_0") && Checked("opreference_0") && Checked("Opoutput_1"));
 }
 
+TEST_F(MainForm, TheTabKeyWalksFromTheSignalToTheTabs) {
+    Open();
+    Get("opsignal_0")->setFocus();
+    for (const char* const stop : {"Text1", "unit_1", "Text2", "vunit_0", "Text4", "Check1", "Opoutput_1", "cRM",
+                                   "Command3", "Command4", "Command7"}) {
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(HasFocus(stop)) << stop << ' ' << QApplication::focusWidget()->objectName().toStdString();
+    }
+    ShowTab(1);
+    Click("opmod_1");
+    for (const char* const stop : {"Text6", "ocFreq_1", "Text7", "ohFreq_1"}) {
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(HasFocus(stop)) << stop;
+    }
+}
+
 TEST_F(MainForm, EveryControlHasANameForAScreenReader) {
     Open();
     const auto controls = form->findChildren<QWidget*>();
     int reachable = 0;
     for (const QWidget* const control : controls) {
-        if (control->focusPolicy() == Qt::StrongFocus && !control->objectName().startsWith(u"qt_")) {
+        if (control->focusPolicy() != Qt::NoFocus && !control->objectName().startsWith(u"qt_")) {
             ++reachable;
             const auto* const button = qobject_cast<const QAbstractButton*>(control);
             EXPECT_TRUE(!control->accessibleName().isEmpty() || (button != nullptr && !button->text().isEmpty()))
