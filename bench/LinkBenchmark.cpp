@@ -29,6 +29,9 @@ class NoFront : public LinkFront {
   public:
     void CheckRemote(bool) override {}
     void ShowCaption(const QString&) override {}
+    void ShowTransfer(const QString&, int) override {}
+    void ShowProgress(int) override {}
+    void HideTransfer() override {}
 };
 
 void WaitOf5Ms(benchmark::State& state) {

@@ -2,6 +2,7 @@
 
 #include "link/Connection.h"
 #include "link/LinkGate.h"
+#include "link/MemoryTransfer.h"
 #include "link/ReadBack.h"
 #include "link/SerialTransport.h"
 #include "link/SettingCommands.h"
@@ -12,11 +13,13 @@ struct Link {
         : transport(program.link, com, clock, desktop, front),
           connection(program, transport, desktop, front),
           commands(program, transport),
-          readBack(program, transport) {}
+          readBack(program, transport),
+          memory(program, transport, clock, desktop, front) {}
 
     LinkGate gate;
     SerialTransport transport;
     Connection connection;
     SettingCommands commands;
     ReadBack readBack;
+    MemoryTransfer memory;
 };

@@ -11,6 +11,11 @@ class LinkFront {
     virtual void CheckRemote(bool checked) = 0;
     // The caption of Main.
     virtual void ShowCaption(const QString& caption) = 0;
+
+    // The progress bar from 0 to `last`, and a text on the hint line, both painted at once.
+    virtual void ShowTransfer(const QString& text, int last) = 0;
+    virtual void ShowProgress(int value) = 0;
+    virtual void HideTransfer() = 0;
 };
 
 // The captions of Main without and with a link.

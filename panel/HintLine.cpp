@@ -30,6 +30,13 @@ void HintLine::FlashMessage(const QString& text) {
     Timer3.start();
 }
 
+void HintLine::ShowText(const QString& text) {
+    Timer3.stop();
+    ShowGround(kYellow);
+    setText(text);
+    repaint();
+}
+
 void HintLine::Timer3_Timer() {
     ++FlashCount;
     ShowGround(FlashCount % 2 == 0 ? kGreen : kYellow);

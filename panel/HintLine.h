@@ -15,6 +15,9 @@ class HintLine : public QLabel {
     // Beeps and shows the text for 41 ticks of 250 ms, changing colour at each. A new text starts the time again.
     void FlashMessage(const QString& text);
 
+    // A text that stands until it is taken away, in place of a message; empty to take it away. Painted at once.
+    void ShowText(const QString& text);
+
     QTimer Timer3;
 
   private:

@@ -1,6 +1,7 @@
 #include "panel/Main.h"
 
 #include <QCloseEvent>
+#include <QLayout>
 #include <QScopedValueRollback>
 
 #include "overview/Manuals.h"
@@ -78,6 +79,10 @@ void Main::ConnectMenu() {
             act();
         });
     };
+    onTrigger(menu_->mnuRdArb4, [this] { Main_mnuRdArb4_Click(); });
+    onTrigger(menu_->mnuStArb4, [this] { Main_mnuStArb4_Click(); });
+    onTrigger(menu_->mnuRdArb16, [this] { Main_mnuRdArb16_Click(); });
+    onTrigger(menu_->mnuStArb16, [this] { Main_mnuStArb16_Click(); });
     onTrigger(menu_->mnucom, [this] { Main_mnucom_Click(); });
     onTrigger(menu_->mnuexit, [this] { close(); });
     onTrigger(menu_->mnuhilfe,
@@ -112,6 +117,7 @@ void Main::RefreshPanel() {
 void Main::closeEvent(QCloseEvent* event) {
     if (link_.gate.Running()) {
         closeWhenFree_ = true;
+        link_.memory.Abandon();
         event->ignore();
         return;
     }
@@ -229,6 +235,33 @@ void Main::Main_Command7_Click() {
     CommitFocusedField(this);
     const LinkOperation operation(link_.gate);
     link_.commands.SendTimeDate();
+}
+
+void Main::Transfer(void (MemoryTransfer::*routine)()) {
+    if (ReadyForCommand()) {
+        const LinkOperation operation(link_.gate);
+        (link_.memory.*routine)();
+    }
+}
+
+void Main::ShowTransfer(const QString& text, int last) {
+    status->setRange(0, last);
+    status->setValue(0);
+    status->setVisible(true);
+    // In place before the first point goes out, which may keep events waiting.
+    centralWidget()->layout()->activate();
+    hint_->ShowText(text);
+    status->repaint();
+}
+
+void Main::ShowProgress(int value) {
+    status->setValue(value);
+    status->repaint();
+}
+
+void Main::HideTransfer() {
+    status->setVisible(false);
+    hint_->ShowText(QString());
 }
 
 void Main::Main_SSTab1_Click(int tab) {

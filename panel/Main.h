@@ -54,6 +54,9 @@ class Main : public QMainWindow, private LinkFront {
     // LinkFront
     void CheckRemote(bool checked) override { cRM->setChecked(checked); }
     void ShowCaption(const QString& caption) override { setWindowTitle(caption); }
+    void ShowTransfer(const QString& text, int last) override;
+    void ShowProgress(int value) override;
+    void HideTransfer() override;
 
     void Main_Form_Unload();
     void SaveOnExit();
@@ -62,6 +65,11 @@ class Main : public QMainWindow, private LinkFront {
     void Main_Command4_Click();
     void Main_Command7_Click();
     void Main_SSTab1_Click(int tab);
+    void Transfer(void (MemoryTransfer::*routine)());
+    void Main_mnuRdArb4_Click() { Transfer(&MemoryTransfer::ReadArb4); }
+    void Main_mnuRdArb16_Click() { Transfer(&MemoryTransfer::ReadArb16); }
+    void Main_mnuStArb4_Click() { Transfer(&MemoryTransfer::SendArb4); }
+    void Main_mnuStArb16_Click() { Transfer(&MemoryTransfer::SendArb16); }
     void Main_mnucom_Click();
     void Main_mnuabout_Click();
 

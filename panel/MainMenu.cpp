@@ -33,8 +33,8 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnuhilfe = AddItem(mnuab, "mnuhilfe", "Handbuch deutsch (PDF)");
     mnuhelp = AddItem(mnuab, "mnuhelp", "Manual english (PDF)");
     mnuabout = AddItem(mnuab, "mnuabout", "About");
-    // Files, transfers and the editor aren't there yet.
-    for (QAction* const item : {mnulset, mnusset, mnuRdArb4, mnuStArb4, mnuRdArb16, mnuStArb16, mnueditor}) {
+    // Files and the editor aren't there yet.
+    for (QAction* const item : {mnulset, mnusset, mnueditor}) {
         item->setEnabled(false);
     }
 }

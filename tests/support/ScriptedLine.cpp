@@ -50,7 +50,7 @@ bool ScriptedLine::FlushOutput() {
     }
     wire += waiting_;
     if (waiting_.endsWith('\r')) {
-        const QString line = Lines().constLast();
+        const QString line = QString::fromLatin1(wire.sliced(wire.lastIndexOf('\r', -2) + 1)).chopped(1);
         input_ += replies.contains(line) ? replies.value(line) : reply ? reply(line, settings_) : QByteArray();
         nextByteMs_ = clock_.nowMs + byteDelayMs;
     }

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "core/MemorySize.h"
+#include "core/ProgramState.h"
+#include "link/SerialTransport.h"
+
+// Moves a whole arbitrary memory between the instrument and its array, one short line for each point, under the
+// progress bar. Neither direction reports a failure of its own.
+class MemoryTransfer {
+  public:
+    MemoryTransfer(ProgramState& program, SerialTransport& transport, LinkClock& clock, Desktop& desktop,
+                   LinkFront& front)
+        : memories_(program.memories),
+          link_(program.link),
+          transport_(transport),
+          clock_(clock),
+          desktop_(desktop),
+          front_(front) {}
+
+    // A time-out takes the link down; each point behind it then gets what stands in ReplyText, 0 with nothing.
+    void ReadArb4() { Read(kMemory4k); }
+    void ReadArb16() { Read(kMemory16k); }
+    void SendArb4() { Send(kMemory4k); }
+    void SendArb16() { Send(kMemory16k); }
+
+    // Ends a running transfer behind its current point. The user can ask for it wherever events are served.
+    void Abandon() { abandoned_ = true; }
+
+  private:
+    void Read(const MemorySize& size);
+    void ReadPoint(const MemorySize& size, int address);
+    void Send(const MemorySize& size);
+    void SendPoint(const MemorySize& size, int address);
+    void Begin(const MemorySize& size, const char* caption);
+    void End();
+
+    ArbMemories& memories_;
+    LinkState& link_;
+    SerialTransport& transport_;
+    LinkClock& clock_;
+    Desktop& desktop_;
+    LinkFront& front_;
+    bool abandoned_ = false;
+};
