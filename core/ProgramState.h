@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ArbMemory.h"
+#include "core/FixedName.h"
 #include "core/LinkState.h"
 #include "core/Numbers.h"
 #include "core/PanelState.h"
@@ -13,4 +14,5 @@ struct ProgramState {
     ArbMemories memories;
     Preferences preferences;
     UserNumbers numbers;
+    FixedName SettingFileName;  // the setting file last chosen
 };

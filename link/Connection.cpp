@@ -1,5 +1,7 @@
 #include "link/Connection.h"
 
+#include "core/Text.h"
+
 QString LineSettings(qint32 baud) { return QString::number(baud) + u",N,8,2"; }
 
 namespace {
@@ -63,7 +65,7 @@ void Connection::ConnectUnit() {
     if (!Ask("ID?") || !Ask("VER?")) {
         return;
     }
-    link_.UnitVersion = link_.ReplyText.trimmed();
+    link_.UnitVersion = TrimBlanks(link_.ReplyText);
     front_.ShowCaption(LinkedCaption(link_.UnitVersion));
     preferences_.ComBaudRate = static_cast<qint32>(ReadHeadNumber(com_.Settings().section(u',', 0, 0)));
     desktop_.BusyOff();
@@ -111,7 +113,7 @@ void Connection::AutoSearchUnit() {
     desktop_.BusyOn();
     link_.LinkUp = 0;
     front_.CheckRemote(false);
-    for (qint16 port = kFirstComPort; port <= kLastComPort && link_.LinkUp == 0; ++port) {
+    for (qint16 port = kFirstComPort; port <= kLastComPort && link_.LinkUp == 0 && !gate_.Abandoned(); ++port) {
         preferences_.ComPortNumber = port;
         preferences_.ComBaudRate = kUsualBaudRate;
         ConnectUnit();
@@ -121,7 +123,7 @@ void Connection::AutoSearchUnit() {
                                 .arg(preferences_.ComPortNumber)
                                 .arg(preferences_.ComBaudRate),
                             QStringLiteral("Autosearch"));
-    } else {
+    } else if (!gate_.Abandoned()) {
         link_.SerialErrorText = NotFound();
         transport_.ShowSerialError();
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ProgramState.h"
+#include "link/LinkGate.h"
 #include "link/SerialTransport.h"
 
 // How the link comes into being and ends. The outcome of each routine stands in LinkUp and SerialFault; whoever calls
@@ -9,10 +10,12 @@
 // Offline: port closed. Linked: LinkUp 1. Faulted: LinkUp 0 with the port still open, until the next attempt.
 class Connection {
   public:
-    Connection(ProgramState& program, SerialTransport& transport, Desktop& desktop, LinkFront& front)
+    Connection(ProgramState& program, SerialTransport& transport, const LinkGate& gate, Desktop& desktop,
+               LinkFront& front)
         : link_(program.link),
           preferences_(program.preferences),
           transport_(transport),
+          gate_(gate),
           com_(transport.com()),
           desktop_(desktop),
           front_(front) {}
@@ -25,7 +28,7 @@ class Connection {
     void ConnectUnit();
     // Gives the instrument back with "RM0" and closes the port.
     void DisconnectUnit();
-    // ConnectUnit on each port in turn.
+    // ConnectUnit on each port in turn, until it is found or the search is abandoned at the gate.
     void AutoSearchUnit();
 
   private:
@@ -35,6 +38,7 @@ class Connection {
     LinkState& link_;
     Preferences& preferences_;
     SerialTransport& transport_;
+    const LinkGate& gate_;
     Com& com_;
     Desktop& desktop_;
     LinkFront& front_;

@@ -11,10 +11,10 @@
 struct Link {
     Link(ProgramState& program, Com& com, LinkClock& clock, Desktop& desktop, LinkFront& front)
         : transport(program.link, com, clock, desktop, front),
-          connection(program, transport, desktop, front),
+          connection(program, transport, gate, desktop, front),
           commands(program, transport),
           readBack(program, transport),
-          memory(program, transport, clock, desktop, front) {}
+          memory(program, transport, gate, clock, desktop, front) {}
 
     LinkGate gate;
     SerialTransport transport;

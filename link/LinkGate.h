@@ -8,6 +8,9 @@
 class LinkGate {
   public:
     bool Running() const { return running_; }
+    // The user wants the running operation to end early; long ones look at it between their steps.
+    void Abandon() { abandoned_ = running_; }
+    bool Abandoned() const { return abandoned_; }
     // Called when an operation has begun (true) and when it has ended (false).
     void SetWhenChanged(std::function<void(bool running)> whenChanged) { whenChanged_ = std::move(whenChanged); }
 
@@ -15,11 +18,13 @@ class LinkGate {
     friend class LinkOperation;
     void Set(bool running) {
         running_ = running;
+        abandoned_ = false;
         if (whenChanged_) {
             whenChanged_(running);
         }
     }
     bool running_ = false;
+    bool abandoned_ = false;
     std::function<void(bool)> whenChanged_;
 };
 

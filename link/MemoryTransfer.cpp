@@ -14,7 +14,6 @@ double SampleOf(const QString& reply) { return NearestEven(ReadHeadNumber(reply.
 }  // namespace
 
 void MemoryTransfer::Begin(const MemorySize& size, const char* caption) {
-    abandoned_ = false;
     desktop_.BusyOn();
     front_.ShowTransfer(QString::fromLatin1(caption), size.LastAdr);
 }
@@ -27,7 +26,7 @@ void MemoryTransfer::End() {
 void MemoryTransfer::Read(const MemorySize& size) {
     Begin(size, size.readCaption);
     if (link_.LinkUp == 1) {
-        for (int address = 0; address <= size.LastAdr && !abandoned_; ++address) {
+        for (int address = 0; address <= size.LastAdr && !gate_.Abandoned(); ++address) {
             ReadPoint(size, address);
             if (address % size.progressStep == 0) {
                 front_.ShowProgress(address);
@@ -53,7 +52,7 @@ void MemoryTransfer::Send(const MemorySize& size) {
     link_.CommandText = QString::fromLatin1(size.startCommand);
     transport_.SendCommand();
     // A line that has stopped taking output has reported that already; the points behind it would all be lost.
-    for (int address = 0; address <= size.LastAdr && link_.LinkUp == 1 && !abandoned_; ++address) {
+    for (int address = 0; address <= size.LastAdr && link_.LinkUp == 1 && !gate_.Abandoned(); ++address) {
         SendPoint(size, address);
         if (address % size.progressStep == 0) {
             front_.ShowProgress(address);

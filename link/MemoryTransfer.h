@@ -2,17 +2,20 @@
 
 #include "core/MemorySize.h"
 #include "core/ProgramState.h"
+#include "link/LinkGate.h"
 #include "link/SerialTransport.h"
 
 // Moves a whole arbitrary memory between the instrument and its array, one short line for each point, under the
 // progress bar. Neither direction reports a failure of its own.
 class MemoryTransfer {
   public:
-    MemoryTransfer(ProgramState& program, SerialTransport& transport, LinkClock& clock, Desktop& desktop,
-                   LinkFront& front)
+    // A transfer that is abandoned at the gate ends behind its current point.
+    MemoryTransfer(ProgramState& program, SerialTransport& transport, const LinkGate& gate, LinkClock& clock,
+                   Desktop& desktop, LinkFront& front)
         : memories_(program.memories),
           link_(program.link),
           transport_(transport),
+          gate_(gate),
           clock_(clock),
           desktop_(desktop),
           front_(front) {}
@@ -22,9 +25,6 @@ class MemoryTransfer {
     void ReadArb16() { Read(kMemory16k); }
     void SendArb4() { Send(kMemory4k); }
     void SendArb16() { Send(kMemory16k); }
-
-    // Ends a running transfer behind its current point. The user can ask for it wherever events are served.
-    void Abandon() { abandoned_ = true; }
 
   private:
     void Read(const MemorySize& size);
@@ -37,8 +37,8 @@ class MemoryTransfer {
     ArbMemories& memories_;
     LinkState& link_;
     SerialTransport& transport_;
+    const LinkGate& gate_;
     LinkClock& clock_;
     Desktop& desktop_;
     LinkFront& front_;
-    bool abandoned_ = false;
 };

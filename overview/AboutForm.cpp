@@ -99,7 +99,7 @@ void AboutForm::RefreshLabel14() {
     if (paper.lightness() < kHalfBright && link.lightness() <= kHalfBright) {
         link = QColor(127, 180, 255);
     }
-    Label14->setText(QStringLiteral("Web site: <a href=\"%1\" style=\"color: %2\">%1</a>")
+    Label14->setText(QStringLiteral("<a href=\"%1\" style=\"color: %2\">Web site: %1</a>")
                          .arg(QLatin1String(kWebSite), link.name()));
 }
 

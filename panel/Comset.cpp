@@ -1,5 +1,6 @@
 #include "panel/Comset.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -12,7 +13,6 @@ namespace {
 QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
     auto* const button = new QPushButton(caption, parent);
     button->setObjectName(name);
-    button->setAutoDefault(false);
     return button;
 }
 
@@ -28,8 +28,8 @@ QGroupBox* MakeColumn(const QString& title, const OptionGroup& group, QWidget* p
 
 }  // namespace
 
-Comset::Comset(ProgramState& program, Link& link, Desktop& desktop, const PortDescriber& describePort, QWidget* parent)
-    : QDialog(parent), program_(program), link_(link), desktop_(desktop) {
+Comset::Comset(ProgramState& program, Link& link, Desktop& desktop, PortDescriber describePort, QWidget* parent)
+    : QDialog(parent), program_(program), link_(link), desktop_(desktop), describePort_(std::move(describePort)) {
     setObjectName(QStringLiteral("comset"));
     setWindowTitle(QStringLiteral("Serial port setup"));
     QStringList ports;
@@ -52,8 +52,10 @@ Comset::Comset(ProgramState& program, Link& link, Desktop& desktop, const PortDe
     connect(cbok, &QPushButton::clicked, this, &Comset::comset_cbok_Click);
     connect(cbabbruch, &QPushButton::clicked, this, &Comset::comset_cbabbruch_Click);
     connect(Command1, &QPushButton::clicked, this, &Comset::comset_Command1_Click);
+    for (int number = kFirstComPort; number <= kLastComPort; ++number) {
+        port->Option(number)->installEventFilter(this);
+    }
     Arrange();
-    comset_Form_Load(describePort);
 }
 
 void Comset::Arrange() {
@@ -74,17 +76,30 @@ void Comset::Arrange() {
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-void Comset::comset_Form_Load(const PortDescriber& describePort) {
-    const int current = program_.preferences.ComPortNumber;
+void Comset::comset_Form_Load() {
     for (int number = kFirstComPort; number <= kLastComPort; ++number) {
-        const bool openHere = number == current && link_.transport.com().PortOpen();
-        const QString device = describePort(number, openHere);
-        port->Option(number)->setToolTip(device);
-        port->Option(number)->setAccessibleDescription(device);
+        DescribePort(number);
     }
-    port->Select(current);
+    port->Select(program_.preferences.ComPortNumber);
     const auto* const rate = std::find(std::begin(kBaudRates), std::end(kBaudRates), program_.preferences.ComBaudRate);
     baud->Select(rate != std::end(kBaudRates) ? static_cast<int>(rate - std::begin(kBaudRates)) + 1 : -1);
+}
+
+void Comset::DescribePort(int number) {
+    const bool openHere = number == program_.preferences.ComPortNumber && link_.transport.com().PortOpen();
+    const QString device = describePort_(number, openHere);
+    port->Option(number)->setToolTip(device);
+    port->Option(number)->setAccessibleDescription(device);
+}
+
+// The tool tip tells what is behind the port at the moment of reading, not of opening the dialog.
+bool Comset::eventFilter(QObject* watched, QEvent* event) {
+    for (int number = kFirstComPort; event->type() == QEvent::ToolTip && number <= kLastComPort; ++number) {
+        if (watched == port->Option(number)) {
+            DescribePort(number);
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void Comset::comset_cbok_Click() {

@@ -8,7 +8,7 @@
 #include "platform/OptionGroup.h"
 
 // The dialog comset, "Serial port setup": port, rate, and the automatic search. Shown without blocking Main. It only
-// hides when it closes, since it may be closed in the middle of its own search.
+// hides when it closes, since it may be closed in the middle of its own search; each opening loads it anew.
 class Comset : public QDialog {
     Q_OBJECT
 
@@ -16,14 +16,20 @@ class Comset : public QDialog {
     // `describePort` says which device is behind a port number, for the tool tips.
     using PortDescriber = std::function<QString(int number, bool openHere)>;
 
-    Comset(ProgramState& program, Link& link, Desktop& desktop, const PortDescriber& describePort, QWidget* parent);
+    Comset(ProgramState& program, Link& link, Desktop& desktop, PortDescriber describePort, QWidget* parent);
+
+    // Selects the port and the rate in force.
+    void comset_Form_Load();
 
     OptionGroup* port;
     OptionGroup* baud;
     QPushButton *cbok, *cbabbruch, *Command1;
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
-    void comset_Form_Load(const PortDescriber& describePort);
+    void DescribePort(int number);
     void comset_cbok_Click();
     void comset_cbabbruch_Click();
     void comset_Command1_Click();
@@ -32,4 +38,5 @@ class Comset : public QDialog {
     ProgramState& program_;
     Link& link_;
     Desktop& desktop_;
+    PortDescriber describePort_;
 };

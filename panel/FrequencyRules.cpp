@@ -1,18 +1,25 @@
 #include "panel/FrequencyRules.h"
 
+#include <algorithm>
+
 #include "core/Enumerations.h"
 #include "core/FrequencyDisplay.h"
+
+namespace {
+// An entry of 0.0000001 kHz is the lowest frequency; its product with 1000 is less by the last binary digit.
+constexpr double kDust = 1.0e-12;
+}  // namespace
 
 HeldFrequency HoldFrequency(double entry, int unit) {
     const bool known = unit >= 0 && unit < static_cast<int>(kFrequencyUnits.size());
     const double hertz = entry * (known ? kFrequencyUnits[static_cast<std::size_t>(unit)].hertz : 1.0);
-    if (hertz < kLowestHz) {
+    if (hertz < kLowestHz * (1.0 - kDust)) {
         return {kLowestHz, true};
     }
-    if (hertz > kHighestHz) {
+    if (hertz > kHighestHz * (1.0 + kDust)) {
         return {kHighestHz, true};
     }
-    return {hertz, false};
+    return {std::clamp(hertz, kLowestHz, kHighestHz), false};
 }
 
 QString FrequencyRangeMessage(const UserNumbers& numbers) {

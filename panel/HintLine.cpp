@@ -1,5 +1,7 @@
 #include "panel/HintLine.h"
 
+#include "core/Text.h"
+
 namespace {
 constexpr QRgb kYellow = qRgb(255, 255, 0);
 constexpr QRgb kGreen = qRgb(0, 255, 0);
@@ -25,7 +27,7 @@ HintLine::HintLine(Desktop& desktop, QWidget* parent) : QLabel(parent), desktop_
 void HintLine::FlashMessage(const QString& text) {
     desktop_.Beep();
     Timer3.stop();
-    setText(text.trimmed());
+    setText(TrimBlanks(text));
     FlashCount = 0;
     Timer3.start();
 }

@@ -86,6 +86,7 @@ void LevelGroup::RefreshOffset() {
     HoldOffsetMagnitude();
     if (panel_.tmOffset && AmOn()) {
         SelectCheck1(false);
+        panel_.tmOffset = kFalse;  // also where the box was clear already, as when a read-back reports an offset
         context_.hint.FlashMessage(QStringLiteral("An offset voltage cannot be superimposed to an AM signal"));
     } else if (panel_.tmOffset) {
         SelectCheck1(true);

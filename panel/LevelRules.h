@@ -36,9 +36,10 @@ double ConvertLevel(double level, bool toVpp);
 // Whether level and offset together exceed the range's level bound: 2 x offset + level in Vpp, the square root of
 // 2 x offset + level in Vrms. The offset counts with the sign it is given with.
 bool SumExceedsRange(double level, double offset, quint8 bmBereich, Truth tmVPP);
-// The level that gives way to the offset. In Vrms it is held within its range, and is never raised.
+// The level that gives way to the offset. In Vrms it is held within its range, and is never raised
+// (a level in a gap of the ranges stays).
 double LevelBesideOffset(double level, double offset, quint8 bmBereich, Truth tmVPP);
-// The magnitude of the offset that gives way to the level.
+// The magnitude of the offset that gives way to the level; 0 for a level that is above its range by itself.
 double OffsetBesideLevel(double level, quint8 bmBereich, Truth tmVPP);
 // An offset's magnitude at the resolution of its range: three decimals in range 2, two in range 3, all in range 1.
 double RoundOffset(double magnitude, quint8 bmBereich);

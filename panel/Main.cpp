@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QLayout>
 #include <QScopedValueRollback>
+#include <QTabBar>
 
 #include "overview/Manuals.h"
 #include "panel/PreferencesFile.h"
@@ -37,6 +38,7 @@ void Main::MakeControls() {
     status->setObjectName(QStringLiteral("status"));
     status->setAccessibleName(QStringLiteral("Progress of the transfer"));
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
+    SSTab1->tabBar()->setFocusPolicy(Qt::StrongFocus);  // a click on a tab leaves the entry field, which commits
     SSTab1->setAccessibleName(QStringLiteral("Overview, modulation and mode"));
     cRM->setObjectName(QStringLiteral("cRM"));
     cRM->setAccessibleName(QStringLiteral("Remote On: link to the instrument"));
@@ -45,6 +47,7 @@ void Main::MakeControls() {
     Command4->setObjectName(QStringLiteral("Command4"));
     Command4->setAccessibleName(QStringLiteral("Set the instrument to all settings"));
     Command7->setObjectName(QStringLiteral("Command7"));
+    Command7->setAccessibleName(QStringLiteral("Set the instrument's time and date to those of the PC"));
     Command7->setToolTip(QStringLiteral("Transmit the PC-Time and date to the KL5276-x"));
     menu_ = std::make_unique<MainMenu>(menuBar());
 
@@ -117,7 +120,7 @@ void Main::RefreshPanel() {
 void Main::closeEvent(QCloseEvent* event) {
     if (link_.gate.Running()) {
         closeWhenFree_ = true;
-        link_.memory.Abandon();
+        link_.gate.Abandon();
         event->ignore();
         return;
     }
@@ -271,8 +274,11 @@ void Main::Main_SSTab1_Click(int tab) {
 }
 
 void Main::Main_mnucom_Click() {
-    if (comset_ == nullptr || (!comset_->isVisible() && !link_.gate.Running())) {
+    if (comset_ == nullptr) {
         comset_ = std::make_unique<Comset>(program_, link_, desktop_, services_.describePort, this);
+    }
+    if (!comset_->isVisible()) {
+        comset_->comset_Form_Load();
     }
     comset_->show();
     comset_->raise();

@@ -3,6 +3,14 @@
 #include <QString>
 #include <QUrl>
 
+// What a file dialog is to show.
+struct FileRequest {
+    QString title;
+    QString filter;     // "Settings (*.set) |*.set": what is shown, then the pattern
+    QString fileName;   // the name that stands in the dialog at first; a pattern stands for none
+    QString extension;  // given to a name that is typed without one
+};
+
 // What the program asks of the desktop around it. An interface, so that tests answer the boxes.
 class Desktop {
   public:
@@ -12,6 +20,10 @@ class Desktop {
     virtual void MessageBox(const QString& text, const QString& title) = 0;
     // Yes and No; true for Yes. Closing the box counts as No.
     virtual bool Question(const QString& text, const QString& title) = 0;
+
+    // The chosen file's path, empty on Cancel. Opening takes existing files only; saving asks before it overwrites.
+    virtual QString OpenFile(const FileRequest& request) = 0;
+    virtual QString SaveFile(const FileRequest& request) = 0;
 
     virtual void Beep() = 0;
 

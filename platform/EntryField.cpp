@@ -47,18 +47,10 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    const bool typesText = !event->text().isEmpty() && event->text().at(0).isPrint() &&
-                           !event->modifiers().testFlag(Qt::ControlModifier) &&
-                           !event->modifiers().testFlag(Qt::AltModifier);
-    if (!typesText) {
-        QLineEdit::keyPressEvent(event);
-        return;
-    }
-    const QString taken = Filtered(event->text());
-    if (!taken.isEmpty()) {
-        insert(taken);
-    }
-    event->accept();
+    // The base class looks at the key for editing and at the text for typing, so the text alone is filtered.
+    QKeyEvent filtered(event->type(), event->key(), event->modifiers(), Filtered(event->text()), event->isAutoRepeat());
+    QLineEdit::keyPressEvent(&filtered);
+    event->setAccepted(filtered.isAccepted() || (!event->text().isEmpty() && event->text().at(0).isPrint()));
 }
 
 void EntryField::inputMethodEvent(QInputMethodEvent* event) {

@@ -44,6 +44,8 @@ qint16 FormLeft(const QWidget& form) { return ToTwips(form.frameGeometry().left(
 qint16 FormTop(const QWidget& form) { return ToTwips(form.frameGeometry().top()); }
 
 void MoveForm(QWidget& form, qint16 left, qint16 top) {
+    // A form without a size of its own would be moved by its frame's width once more when it is shown.
+    form.resize(form.size().expandedTo(form.sizeHint()));
     QPoint place(left / kTwipsPerPixel, top / kTwipsPerPixel);
     const QRect titleBar(place, QSize(form.width(), 20));
     if (!IsGrabbable(titleBar)) {

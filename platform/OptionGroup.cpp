@@ -1,5 +1,7 @@
 #include "platform/OptionGroup.h"
 
+#include <QKeyEvent>
+
 OptionGroup::OptionGroup(const QString& name, const QStringList& captions, QWidget* parent, int first)
     : QObject(parent) {
     setObjectName(name);
@@ -8,6 +10,7 @@ OptionGroup::OptionGroup(const QString& name, const QStringList& captions, QWidg
         auto* const option = new QRadioButton(captions.at(i), parent);
         option->setObjectName(QStringLiteral("%1_%2").arg(name).arg(index));
         buttons_.addButton(option, index);
+        option->installEventFilter(this);
     }
     connect(&buttons_, &QButtonGroup::idClicked, this, &OptionGroup::UserClick);
     FixTabStops();
@@ -35,14 +38,48 @@ void OptionGroup::Select(int index) {
 }
 
 void OptionGroup::UserClick(int index) {
-    if (guard_ && !guard_()) {
+    if (Refused()) {
         Show(selected_);
         return;
     }
+    Run(index);
+}
+
+// What a user's choice does, however it was made.
+void OptionGroup::Run(int index) {
     selected_ = index;
     FixTabStops();
     if (click_) {
         click_(index);
+    }
+}
+
+// The toolkit would put the focus on the option behind the click routine, and take it from where the routine put it.
+bool OptionGroup::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        auto* const option = static_cast<QAbstractButton*>(watched);
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Left) {
+            Walk(option, -1);
+            return true;
+        }
+        if (key == Qt::Key_Down || key == Qt::Key_Right) {
+            Walk(option, +1);
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+// Clicks the next option in this direction, and goes on at the other end.
+void OptionGroup::Walk(QAbstractButton* from, int step) {
+    const auto options = buttons_.buttons();
+    const qsizetype count = options.size();
+    QAbstractButton* const to = options.at((options.indexOf(from) + step + count) % count);
+    if (to->isEnabled() && !Refused()) {
+        to->setFocus(Qt::TabFocusReason);
+        to->setChecked(true);
+        Run(buttons_.id(to));
     }
 }
 

@@ -33,8 +33,14 @@ class OptionGroup : public QObject {
     // "name: caption" for each option, so that a screen reader tells groups with equal captions apart.
     void SetAccessibleName(const QString& name);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void UserClick(int index);
+    void Run(int index);
+    bool Refused() const { return guard_ && !guard_(); }
+    void Walk(QAbstractButton* from, int step);
     void Show(int index);
     void FixTabStops();
 

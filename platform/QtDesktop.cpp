@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 
 QWidget* QtDesktop::Parent() const {
@@ -10,6 +12,8 @@ QWidget* QtDesktop::Parent() const {
 }
 
 void QtDesktop::MessageBox(const QString& text, const QString& title) {
+    // A close of the window that came while the program was waiting would get lost behind the box.
+    QCoreApplication::processEvents();
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, Parent());
     box.setTextFormat(Qt::PlainText);
     box.exec();
@@ -21,6 +25,31 @@ bool QtDesktop::Question(const QString& text, const QString& title) {
     box.setDefaultButton(QMessageBox::Yes);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
+}
+
+namespace {
+
+QString ChooseFile(QWidget* parent, const FileRequest& request, QFileDialog::AcceptMode mode) {
+    QFileDialog dialog(parent, request.title, QString(), request.filter.section(u'|', 0, 0).trimmed());
+    dialog.setAcceptMode(mode);
+    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(request.extension.toLower());
+    if (!request.fileName.contains(u'*')) {
+        const QFileInfo last(request.fileName);
+        dialog.setDirectory(last.absolutePath());
+        dialog.selectFile(last.fileName());
+    }
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace
+
+QString QtDesktop::OpenFile(const FileRequest& request) {
+    return ChooseFile(Parent(), request, QFileDialog::AcceptOpen);
+}
+
+QString QtDesktop::SaveFile(const FileRequest& request) {
+    return ChooseFile(Parent(), request, QFileDialog::AcceptSave);
 }
 
 void QtDesktop::Beep() { QApplication::beep(); }

@@ -12,6 +12,8 @@ class QtDesktop : public Desktop {
 
     void MessageBox(const QString& text, const QString& title) override;
     bool Question(const QString& text, const QString& title) override;
+    QString OpenFile(const FileRequest& request) override;
+    QString SaveFile(const FileRequest& request) override;
     void Beep() override;
     void BusyOn() override;
     void BusyOff() override;

@@ -14,6 +14,7 @@ namespace {
 constexpr int kStalledLineMs = 3000;
 constexpr int kInputRestMs = 1;
 constexpr int kLossWatchMs = 500;
+constexpr qint64 kReadBufferBytes = 4096;    // a far end that never falls silent must not fill the memory
 constexpr qint64 kDriverLatencyUs = 20'000;  // what adapters hold characters back for
 constexpr qint64 kBitsPerCharacter = 11;     // start, 8 data, 2 stop
 constexpr qint64 kLongestDrainUs = 10'000'000;
@@ -45,6 +46,7 @@ bool ParseSettings(const QString& text, LineSettings& line) {
 
 SerialControl::SerialControl(PortFinder findPort) : findPort_(std::move(findPort)) {
     clock_.start();
+    port_.setReadBufferSize(kReadBufferBytes);
     lossWatch_.setInterval(kLossWatchMs);
     QObject::connect(&lossWatch_, &QTimer::timeout, &lossWatch_, [this] { LookForLoss(); });
 }
@@ -112,7 +114,7 @@ void SerialControl::Close() {
 // The last command must leave whole at the rate it was sent with, before the port's own settings are restored.
 // The system's drain knows nothing of the buffer in an adapter, so the time the line needs is waited for as well.
 void SerialControl::Drain() {
-    if (lost_ || !FlushOutput() || lost_) {
+    if (lost_ || stalled_ || !FlushOutput() || lost_) {
         return;
     }
 #ifdef Q_OS_UNIX

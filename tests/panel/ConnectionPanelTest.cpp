@@ -119,6 +119,31 @@ TEST_F(ComsetDialog, ShowsThePortInForceAndConnectsWithTheChoice) {
     EXPECT_EQ(program.link.LinkUp, 1);
 }
 
+TEST_F(ComsetDialog, EnterPressesTheButtonThatHasTheFocus) {
+    Open();
+    Connect();
+    ShowDialog();
+    Click("port_4");
+    Get("cbabbruch")->setFocus();
+    QTest::keyClick(Get("cbabbruch"), Qt::Key_Return);
+    EXPECT_FALSE(Get("comset")->isVisible());
+    EXPECT_TRUE(line.wire.isEmpty());
+    clock.onWait = [this] { ShowDialog(); };
+    Click("Opoutput_0");
+    EXPECT_TRUE(Checked("port_2"));  // the abandoned choice is gone
+}
+
+TEST_F(ComsetDialog, ClosingTheWindowEndsAnAutosearch) {
+    Open();
+    ShowDialog();
+    line.reply = nullptr;
+    clock.onWait = [this] { form->close(); };
+    Click("Command1");
+    EXPECT_EQ(desktop.boxes.size(), 2);  // of the first port
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(form->isVisible());
+}
+
 TEST_F(ComsetDialog, AnUnknownRateIsKeptAndExitChangesNothing) {
     Open();
     program.preferences.ComBaudRate = 1200;

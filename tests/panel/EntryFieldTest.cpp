@@ -37,10 +37,19 @@ TEST_F(EntryFields, AUnitIsAppliedToTheSameDigitsAtTheNextCommit) {
     Open();
     Enter("Text1", "100");
     EXPECT_EQ(Text("Text1"), u"100.0000000");
-    Click("unit_2");
-    EXPECT_TRUE(HasFocus("Text1"));
-    EXPECT_EQ(panel.mFreq, 1.0e5);
-    EXPECT_EQ(Text("Text1"), u"100.0000000");
+    for (const bool byMouse : {true, false}) {
+        panel.mFreq = 1.0e5;
+        form->RefreshPanel();
+        if (byMouse) {
+            Click("unit_2");
+        } else {
+            Get("unit_1")->setFocus();
+            Key(Qt::Key_Right);
+        }
+        EXPECT_TRUE(HasFocus("Text1") && Checked("unit_2"));
+        EXPECT_EQ(panel.mFreq, 1.0e5);
+        EXPECT_EQ(Text("Text1"), u"100.0000000");
+    }
     Key(Qt::Key_Return);
     EXPECT_EQ(panel.mFreq, 15.0e6);
     EXPECT_EQ(Hint(), u"Frequencyrange: 0.0001 to 15000000.0000");
@@ -55,6 +64,9 @@ TEST_F(EntryFields, FilterEveryWayInAndDropTheRestInSilence) {
     QGuiApplication::clipboard()->setText(QStringLiteral("x12,5 Hz"));
     Type("Text1", "");
     QTest::keySequence(Get("Text1"), QKeySequence::Paste);
+    EXPECT_EQ(Text("Text1"), u"12.5");
+    QTest::keyClick(Get("Text1"), 'z', Qt::AltModifier);
+    QTest::keyClick(Get("Text1"), '-', Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(Text("Text1"), u"12.5");
     EXPECT_EQ(desktop.beeps, 0);
     ShowTab(1);

@@ -93,6 +93,9 @@ TEST_F(LevelAndOffset, AmplitudeModulationCapsTheLevelAndRefusesAnOffset) {
     Enter("Text4", "1");
     EXPECT_FALSE(Checked("Check1"));
     EXPECT_EQ(panel.tmOffset, kFalse);
+    panel.tmOffset = kTrue;  // as a read-back reports it
+    form->RefreshPanel();
+    EXPECT_EQ(panel.tmOffset, kFalse);
 }
 
 }  // namespace

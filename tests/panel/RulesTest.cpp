@@ -42,10 +42,10 @@ TEST(FrequencyRules, HoldsTheEntryInHertzWithinInclusiveBounds) {
         double hertz;
         bool outOfRange;
     };
-    const Case cases[] = {{0.0001, 0, 0.0001, false}, {0.00009, 0, 0.0001, true}, {0.0, 0, 0.0001, true},
-                          {-5.0, 0, 0.0001, true},    {15.0, 2, 15.0e6, false},   {15.0000001, 2, 15.0e6, true},
-                          {100.0, 2, 15.0e6, true},   {0.5, 2, 5.0e5, false},     {2000.0, 0, 2000.0, false},
-                          {2.0, 1, 2000.0, false},    {7.0, -1, 7.0, false}};
+    const Case cases[] = {{0.0001, 0, 0.0001, false},    {0.00009, 0, 0.0001, true}, {0.0000001, 1, 0.0001, false},
+                          {0.0, 0, 0.0001, true},        {-5.0, 0, 0.0001, true},    {15.0, 2, 15.0e6, false},
+                          {15.0000001, 2, 15.0e6, true}, {100.0, 2, 15.0e6, true},   {0.5, 2, 5.0e5, false},
+                          {2000.0, 0, 2000.0, false},    {2.0, 1, 2000.0, false},    {7.0, -1, 7.0, false}};
     for (const Case& c : cases) {
         const HeldFrequency held = HoldFrequency(c.entry, c.unit);
         EXPECT_DOUBLE_EQ(held.hertz, c.hertz) << c.entry << ' ' << c.unit;

@@ -15,6 +15,8 @@ class FakeDesktop : public Desktop {
     bool busy = false;
     bool answer = false;               // to questions
     std::function<void()> whileShown;  // run while a message box stands
+    QString chosen;                    // what the file dialogs give; empty for Cancel
+    QStringList dialogs;               // "open|title|filter|fileName|extension" of each file dialog
 
     void MessageBox(const QString& text, const QString& title) override {
         boxes += title + u'|' + text;
@@ -26,10 +28,18 @@ class FakeDesktop : public Desktop {
         boxes += title + u'|' + text;
         return answer;
     }
+    QString OpenFile(const FileRequest& request) override { return Choose(QStringLiteral("open"), request); }
+    QString SaveFile(const FileRequest& request) override { return Choose(QStringLiteral("save"), request); }
     void Beep() override { ++beeps; }
     void BusyOn() override { busy = true; }
     void BusyOff() override { busy = false; }
     void OpenInViewer(const QUrl& address) override { viewed += address; }
+
+  private:
+    QString Choose(const QString& kind, const FileRequest& request) {
+        dialogs += QStringList{kind, request.title, request.filter, request.fileName, request.extension}.join(u'|');
+        return chosen;
+    }
 };
 
 struct FakeFront : LinkFront {

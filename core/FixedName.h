@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QRegularExpression>
+#include <QString>
+
+// A file name as the program keeps it: a text of 200 characters, filled with blanks on the right. A longer name is cut.
+class FixedName {
+  public:
+    static constexpr qsizetype kLength = 200;
+
+    void Set(const QString& name) { text_ = name.leftJustified(kLength, u' ', true); }
+    const QString& Text() const { return text_; }
+    // Without the blanks at its end; empty if nothing was chosen yet.
+    QString Name() const { return text_.first(text_.lastIndexOf(QRegularExpression(QStringLiteral("[^ ]"))) + 1); }
+
+  private:
+    QString text_ = QString(kLength, u' ');
+};
