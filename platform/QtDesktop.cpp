@@ -8,7 +8,11 @@
 
 QWidget* QtDesktop::Parent() const {
     QWidget* const active = QApplication::activeWindow();
-    return active != nullptr ? active : parent_.data();
+    if (active != nullptr) {
+        return active;
+    }
+    // A box would create a window that is not shown yet, which then no longer goes where it is moved.
+    return parent_ != nullptr && parent_->isVisible() ? parent_.data() : nullptr;
 }
 
 void QtDesktop::MessageBox(const QString& text, const QString& title) {
