@@ -4,6 +4,8 @@
 
 namespace {
 
+constexpr qint64 kServeEventsMs = 20;  // between two looks at the user's events
+
 QString PointText(const MemorySize& size, int address) {
     return QString::fromLatin1(size.pointCommand) + QString::number(address) + u'=';
 }
@@ -49,6 +51,7 @@ void MemoryTransfer::ReadPoint(const MemorySize& size, int address) {
 
 void MemoryTransfer::Send(const MemorySize& size) {
     Begin(size, size.sendCaption);
+    servedMs_ = clock_.NowMs();
     link_.CommandText = QString::fromLatin1(size.startCommand);
     transport_.SendCommand();
     // A line that has stopped taking output has reported that already; the points behind it would all be lost.
@@ -56,13 +59,21 @@ void MemoryTransfer::Send(const MemorySize& size) {
         SendPoint(size, address);
         if (address % size.progressStep == 0) {
             front_.ShowProgress(address);
-            qint32 moment = 0;  // the points aren't paced, but the window must stay alive for minutes at 4800 baud
-            clock_.WaitMs(moment);
+            ServeEvents();
         }
     }
     link_.CommandText = QStringLiteral("are");
     transport_.SendCommand();
     End();
+}
+
+// The points aren't paced, but the window must stay alive for minutes at 4800 baud.
+void MemoryTransfer::ServeEvents() {
+    if (clock_.NowMs() - servedMs_ >= kServeEventsMs) {
+        qint32 moment = 0;
+        clock_.WaitMs(moment);
+        servedMs_ = clock_.NowMs();
+    }
 }
 
 void MemoryTransfer::SendPoint(const MemorySize& size, int address) {

@@ -31,6 +31,7 @@ class MemoryTransfer {
     void ReadPoint(const MemorySize& size, int address);
     void Send(const MemorySize& size);
     void SendPoint(const MemorySize& size, int address);
+    void ServeEvents();
     void Begin(const MemorySize& size, const char* caption);
     void End();
 
@@ -41,4 +42,5 @@ class MemoryTransfer {
     LinkClock& clock_;
     Desktop& desktop_;
     LinkFront& front_;
+    qint64 servedMs_ = 0;  // when events were served last
 };

@@ -6,7 +6,9 @@
 
 #ifdef Q_OS_UNIX
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <termios.h>
+#include <unistd.h>
 #endif
 
 namespace {
@@ -155,13 +157,20 @@ void SerialControl::ClearOutBuffer() {
     if (stalled_ && open_ && !lost_) {
         port_.clear(QSerialPort::Output);
     }
-    waiting_.clear();
+    waiting_.resize(0);
 }
 
 void SerialControl::ClearInBuffer() {
-    if (open_ && !lost_) {
-        port_.clear(QSerialPort::Input);
+    if (!open_ || lost_) {
+        return;
     }
+#ifdef Q_OS_UNIX
+    int arrived = 0;
+    if (port_.bytesAvailable() == 0 && ::ioctl(port_.handle(), FIONREAD, &arrived) == 0 && arrived == 0) {
+        return;  // as nearly always between the thousands of points of a memory
+    }
+#endif
+    port_.clear(QSerialPort::Input);
 }
 
 qsizetype SerialControl::InBufferCount() {
@@ -182,13 +191,26 @@ QByteArray SerialControl::Input() {
     return open_ && !lost_ ? port_.read(inputLen_ > 0 ? inputLen_ : port_.bytesAvailable()) : QByteArray();
 }
 
+// What the driver takes without waiting needs no notifier and no event.
+void SerialControl::WriteAtOnce() {
+#ifdef Q_OS_UNIX
+    if (port_.bytesToWrite() == 0) {
+        const ssize_t taken = ::write(port_.handle(), waiting_.constData(), static_cast<std::size_t>(waiting_.size()));
+        waiting_.remove(0, std::max<ssize_t>(taken, 0));
+    }
+#endif
+}
+
 bool SerialControl::FlushOutput() {
     if (!open_ || lost_ || waiting_.isEmpty()) {
         return true;
     }
     const qsizetype count = waiting_.size();
-    port_.write(waiting_);
-    waiting_.clear();
+    WriteAtOnce();
+    if (!waiting_.isEmpty()) {
+        port_.write(waiting_);
+        waiting_.resize(0);
+    }
     qint64 left = port_.bytesToWrite();
     QElapsedTimer sinceProgress;
     sinceProgress.start();

@@ -36,6 +36,7 @@ class SerialControl : public Com {
     void Close();
     void Drain();
     void LookForLoss();
+    void WriteAtOnce();
     void CountLineTime(qsizetype bytes);
 
     PortFinder findPort_;

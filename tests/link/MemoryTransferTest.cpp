@@ -87,6 +87,7 @@ TEST_F(MemoryTransfer_, ATimeOutFillsTheRestFromTheCollectedText) {
 
 TEST_F(MemoryTransfer_, EndsBehindTheCurrentPointWhenAbandoned) {
     const LinkOperation operation(link.gate);
+    line.lineTimeMs = 1;
     clock.onWait = [this] {
         if (line.Lines().size() >= 200) {
             link.gate.Abandon();

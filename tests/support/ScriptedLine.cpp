@@ -49,6 +49,7 @@ bool ScriptedLine::FlushOutput() {
         return false;
     }
     wire += waiting_;
+    clock_.nowMs += lineTimeMs;
     if (waiting_.endsWith('\r')) {
         const QString line = QString::fromLatin1(wire.sliced(wire.lastIndexOf('\r', -2) + 1)).chopped(1);
         input_ += replies.contains(line) ? replies.value(line) : reply ? reply(line, settings_) : QByteArray();
