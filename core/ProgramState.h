@@ -14,5 +14,6 @@ struct ProgramState {
     ArbMemories memories;
     Preferences preferences;
     UserNumbers numbers;
-    FixedName SettingFileName;  // the setting file last chosen
+    FixedName SettingFileName;       // the setting file last chosen
+    FixedName ConstructionFileName;  // the construction file in use
 };

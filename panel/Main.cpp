@@ -13,7 +13,8 @@ Main::Main(const MainServices& services)
     : services_(services),
       program_(services.program),
       desktop_(services.desktop),
-      link_(services.program, services.com, services.clock, services.desktop, *this) {
+      link_(services.program, services.com, services.clock, services.desktop, *this),
+      settingFiles_(services.program, services.desktop) {
     setObjectName(QStringLiteral("Main"));
     MakeControls();
     Arrange();
@@ -82,6 +83,8 @@ void Main::ConnectMenu() {
             act();
         });
     };
+    onTrigger(menu_->mnulset, [this] { Main_mnulset_Click(); });
+    onTrigger(menu_->mnusset, [this] { Main_mnusset_Click(); });
     onTrigger(menu_->mnuRdArb4, [this] { Main_mnuRdArb4_Click(); });
     onTrigger(menu_->mnuStArb4, [this] { Main_mnuStArb4_Click(); });
     onTrigger(menu_->mnuRdArb16, [this] { Main_mnuRdArb16_Click(); });
@@ -270,6 +273,14 @@ void Main::HideTransfer() {
 void Main::Main_SSTab1_Click(int tab) {
     if (tab <= 0) {
         overview_->RefreshOverview();
+    }
+}
+
+// The rebuild may switch the instrument's output, so a load waits for the end of an operation on the link.
+void Main::Main_mnulset_Click() {
+    if (!RefuseWhileRunning() && settingFiles_.Load()) {
+        RefreshPanel();
+        desktop_.BusyOff();
     }
 }
 

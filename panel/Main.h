@@ -20,6 +20,7 @@
 #include "panel/ModulationGroup.h"
 #include "panel/OutputGroup.h"
 #include "panel/OverviewGroup.h"
+#include "panel/SettingFileMenu.h"
 #include "panel/SweepGroup.h"
 
 // What the form Main stands on. Tests bring their own.
@@ -70,6 +71,8 @@ class Main : public QMainWindow, private LinkFront {
     void Main_mnuRdArb16_Click() { Transfer(&MemoryTransfer::ReadArb16); }
     void Main_mnuStArb4_Click() { Transfer(&MemoryTransfer::SendArb4); }
     void Main_mnuStArb16_Click() { Transfer(&MemoryTransfer::SendArb16); }
+    void Main_mnulset_Click();
+    void Main_mnusset_Click() { settingFiles_.Save(); }
     void Main_mnucom_Click();
     void Main_mnuabout_Click();
 
@@ -94,6 +97,7 @@ class Main : public QMainWindow, private LinkFront {
     ProgramState& program_;
     Desktop& desktop_;
     Link link_;
+    SettingFileMenu settingFiles_;
     bool rebuilding_ = false;     // RefreshPanel runs
     bool closeWhenFree_ = false;  // the user closed the window in the middle of a link operation
     bool unloaded_ = false;       // Main_Form_Unload has run

@@ -33,8 +33,5 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnuhilfe = AddItem(mnuab, "mnuhilfe", "Handbuch deutsch (PDF)");
     mnuhelp = AddItem(mnuab, "mnuhelp", "Manual english (PDF)");
     mnuabout = AddItem(mnuab, "mnuabout", "About");
-    // Files and the editor aren't there yet.
-    for (QAction* const item : {mnulset, mnusset, mnueditor}) {
-        item->setEnabled(false);
-    }
+    mnueditor->setEnabled(false);  // the editor isn't there yet
 }

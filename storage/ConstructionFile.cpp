@@ -1,0 +1,44 @@
+#include "storage/ConstructionFile.h"
+
+#include "core/MemorySize.h"
+#include "storage/MemoryTable.h"
+#include "storage/NewFile.h"
+#include "storage/RecordStore.h"
+
+bool CreateConstructionFile(const QString& fileName) {
+    return BuildNewFile(fileName, [](SQLite::Database& database) {
+        for (const MemorySize* const size : kMemorySizes) {
+            CreateMemoryTable(database, size->table);
+        }
+    });
+}
+
+bool SaveConstructionFile(const QString& fileName) {
+    return FinishNewFile(fileName, [](SQLite::Database& database) {
+        for (const MemorySize* const size : kMemorySizes) {
+            MemoryWriter writer(database, size->table);
+            writer.Add(0, 0);
+            writer.Add(size->LastAdr, 0);
+        }
+    });
+}
+
+ConstructionOutcome CheckConstructionFile(const QString& fileName) {
+    RecordStore store;
+    switch (store.Open(fileName)) {
+        case StoreOutcome::Done:
+            break;
+        case StoreOutcome::NotADatabase:
+            return ConstructionOutcome::NotAConstructionFile;
+        case StoreOutcome::Locked:
+            return ConstructionOutcome::Locked;
+        default:
+            return ConstructionOutcome::Unreadable;
+    }
+    for (const MemorySize* const size : kMemorySizes) {
+        if (!RecordTable(store, size->table).Usable()) {
+            return ConstructionOutcome::NotAConstructionFile;
+        }
+    }
+    return ConstructionOutcome::Usable;
+}

@@ -1,0 +1,46 @@
+#include "storage/ConstructionFileChoice.h"
+
+#include "storage/ConstructionFile.h"
+
+namespace {
+
+FileRequest Request(const QString& title, const QString& extension) {
+    return {title, QStringLiteral("Settings (*.con) |*.con"), QStringLiteral("*.con"), extension};
+}
+
+// The hourglass stays for the caller, which goes on with the file.
+bool Take(FixedName& name, const QString& chosen, Desktop& desktop) {
+    if (chosen.isEmpty()) {
+        return false;
+    }
+    desktop.BusyOn();
+    name.Set(chosen);
+    return true;
+}
+
+}  // namespace
+
+bool EnsureConstructionFile(FixedName& ConstructionFileName, Desktop& desktop) {
+    if (!ConstructionFileName.Name().isEmpty()) {
+        return true;
+    }
+    const bool makeNew =
+        desktop.Question(QStringLiteral("Do you want to create a new Signal?"), QStringLiteral("Arbitrary Editor"));
+    return makeNew ? ChooseNewConstructionFile(ConstructionFileName, desktop)
+                   : ChooseConstructionFile(ConstructionFileName, desktop);
+}
+
+bool ChooseNewConstructionFile(FixedName& ConstructionFileName, Desktop& desktop) {
+    const QString chosen = desktop.SaveFile(Request(QStringLiteral("New construction data"), QStringLiteral("con")));
+    if (!Take(ConstructionFileName, chosen, desktop)) {
+        return false;
+    }
+    CreateConstructionFile(ConstructionFileName.Name());
+    SaveConstructionFile(ConstructionFileName.Name());
+    return true;
+}
+
+bool ChooseConstructionFile(FixedName& ConstructionFileName, Desktop& desktop) {
+    return Take(ConstructionFileName,
+                desktop.OpenFile(Request(QStringLiteral("Select construction data"), QStringLiteral("CON"))), desktop);
+}

@@ -1,0 +1,143 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "storage/StoreOutcome.h"
+
+namespace SQLite {
+class Database;
+class Statement;
+class Transaction;
+}  // namespace SQLite
+
+// One row of a memory table or a table of construction points.
+struct Record {
+    qint64 id = 0;  // names the row inside its table; grows in the order in which rows are added
+    qint16 Adr = 0;
+    qint16 Value = 0;
+};
+
+enum class RecordOrder { Insertion, Address };  // equal addresses stand in the order of insertion
+
+// One open database file. A failure throws nothing: the operation says so, and Outcome tells what it was.
+class RecordStore {
+  public:
+    RecordStore();
+    ~RecordStore();
+    Q_DISABLE_COPY_MOVE(RecordStore)
+
+    // Opens an existing file; makes none. Done only if the file can be read as a database. May wait kLockWaitMs.
+    StoreOutcome Open(const QString& fileName);
+    void Close();
+    bool IsOpen() const { return database_ != nullptr; }
+
+    // The first failure since the file was opened or the latest transaction began; Done if there was none.
+    StoreOutcome Outcome() const { return outcome_; }
+
+    // The engine's own handle, for the statements of this room; null while no file is open.
+    SQLite::Database* Engine() const { return database_.get(); }
+
+    // Runs work, which may throw; keeps the failure. False if it failed or no file is open.
+    template <typename Work>
+    bool Attempt(const Work& work) {
+        try {
+            if (database_) {
+                work();
+                return true;
+            }
+            Note(StoreOutcome::Failed);
+        } catch (const std::exception& fault) {
+            Note(OutcomeOf(fault));
+        }
+        return false;
+    }
+
+  private:
+    friend class RecordTable;
+    friend class StoreTransaction;
+
+    void Note(StoreOutcome failure) {
+        if (outcome_ == StoreOutcome::Done) {
+            outcome_ = failure;
+        }
+    }
+    // After a failure in a transaction the engine may have ended it: a later change would stand alone.
+    bool RefusesChanges() const { return inTransaction_ && outcome_ != StoreOutcome::Done; }
+
+    std::shared_ptr<SQLite::Database> database_;
+    StoreOutcome outcome_ = StoreOutcome::Done;
+    bool inTransaction_ = false;
+};
+
+// The rows of one table (Adr, Value) of an open store. Its statements are prepared once, so keep it for a whole
+// operation. A table opened on a store stays with the file that was open then.
+class RecordTable {
+  public:
+    RecordTable(RecordStore& store, const char* table);  // the name in any case of letters
+    ~RecordTable();
+    Q_DISABLE_COPY_MOVE(RecordTable)
+
+    // The table exists and has both fields.
+    bool Usable();
+
+    // Both ways of walking pass over rows whose Adr or Value is no 16-bit integer. False on a failure: the rows before
+    // it were walked.
+
+    // The quick way, for reading alone; visit must not change the table.
+    bool Walk(RecordOrder order, const std::function<void(qint16 adr, qint16 value)>& visit);
+
+    // Fills records with a picture of the whole table, which later changes don't touch: rows can be changed and
+    // removed while it is walked.
+    bool Read(RecordOrder order, std::vector<Record>& records);
+
+    // The first record added of those with this address; none on a failure too. Searches row by row: where many
+    // addresses are wanted, Read once.
+    std::optional<Record> FindFirst(int adr);
+
+    // Each is false on a failure, or if no row has that id.
+    bool Change(const Record& record);
+    bool Remove(qint64 id);
+    bool Add(qint16 adr, qint16 value);
+
+    int Count();  // -1 on a failure
+
+  private:
+    enum Text : std::size_t { kChange, kRemove, kAdd, kTexts };
+    SQLite::Statement& Prepared(Text text);
+    template <typename Bind>
+    bool ChangeRow(Text text, const Bind& bind);
+
+    RecordStore& store_;
+    std::shared_ptr<SQLite::Database> database_;  // outlives the statements
+    const char* table_;
+    std::array<std::unique_ptr<SQLite::Statement>, kTexts> statements_;
+};
+
+// All that is read or changed between begin and commit belongs together. Not nested.
+class StoreTransaction {
+  public:
+    enum class Kind {
+        Write,  // takes the write lock at once; may wait kLockWaitMs
+        Read,   // every read sees the file as it is now
+    };
+
+    explicit StoreTransaction(RecordStore& store, Kind kind = Kind::Write);
+    ~StoreTransaction();  // rolls back what was not committed
+    Q_DISABLE_COPY_MOVE(StoreTransaction)
+
+    // False if the lock could not be had; every change is then refused.
+    bool Begun() const { return transaction_ != nullptr; }
+    // False if anything failed since the begin: nothing of it reaches the file.
+    bool Commit();
+
+  private:
+    RecordStore& store_;
+    std::shared_ptr<SQLite::Database> database_;  // outlives the transaction
+    std::unique_ptr<SQLite::Transaction> transaction_;
+};

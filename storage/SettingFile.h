@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+#include "core/ArbMemory.h"
+#include "core/PanelState.h"
+
+// A setting file holds a whole setting of the instrument and both arbitrary memories, in the tables ARB4, ARB16 and
+// Settings; ARB_CON4 and ARB_CON16 stay empty. The reference choice tmIntRef is no part of it.
+//
+// Create and save run as a pair, create first. The file at fileName changes only in the last step of the save: until
+// then, and after any failure, the old one stays whole.
+
+// Starts a new file to take the place of fileName. False after three failed attempts; nothing is left behind.
+bool CreateSettingFile(const QString& fileName);
+
+// Fills the file that CreateSettingFile started and puts it in place. False: what stood at fileName is untouched and
+// nothing is left behind. May wait kLockWaitMs for a file that another program has locked.
+bool SaveSettingFile(const QString& fileName, const PanelState& panel, const ArbMemories& memories);
+
+enum class LoadOutcome {
+    Loaded,
+    OtherVersion,  // the memories are loaded, PanelState is untouched
+    Damaged,       // a table could not be read to its end; what was read is in force
+    // In these, nothing was changed:
+    NotASettingFile,  // no database, or one without the tables
+    Locked,           // another program kept its lock for longer than kLockWaitMs
+    Unreadable,       // missing, no permission, fault of the disk
+};
+
+// Elements and fields for which the file holds nothing that fits keep their values. Makes and changes no file, except
+// that it rolls back what a killed writer left unfinished.
+LoadOutcome LoadSettingFile(const QString& fileName, PanelState& panel, ArbMemories& memories);

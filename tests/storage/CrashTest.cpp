@@ -1,0 +1,135 @@
+// Saves that are killed, each at another of the operations by which a process changes the disk. The C functions below
+// stand in for those of the system, also in the libraries that this program loads.
+
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <regex>
+
+#include "StorageBench.h"
+
+namespace {
+
+struct Operations {
+    bool watched = false;
+    std::string done;       // one letter each
+    std::size_t fatal = 0;  // the process dies at the head of this one, counted from 1
+};
+Operations operations;
+
+int Do(char letter, long number, auto... arguments) {
+    if (operations.watched && (operations.done += letter).size() == operations.fatal) {
+        ::kill(::getpid(), SIGKILL);
+    }
+    return static_cast<int>(::syscall(number, arguments...));
+}
+
+// Runs work in a process of its own and returns its wait status.
+int InChild(const auto& work) {
+    int status = -1;
+    const pid_t child = ::fork();
+    if (child == 0) {
+        work();
+        ::_exit(0);
+    }
+    ::waitpid(child, &status, 0);
+    return status;
+}
+
+}  // namespace
+
+extern "C" {
+ssize_t pwrite64(int file, const void* bytes, size_t count, off64_t at) {
+    return Do('w', SYS_pwrite64, file, bytes, count, at);
+}
+int fdatasync(int file) { return Do('s', SYS_fdatasync, file); }
+int fsync(int file) { return Do('s', SYS_fsync, file); }
+int unlink(const char* path) noexcept { return Do('u', SYS_unlink, path); }
+int rename(const char* from, const char* to) noexcept { return Do('r', SYS_rename, from, to); }
+}
+
+namespace {
+
+class CrashTest : public StorageTest {
+  protected:
+    void SetUp() override { ASSERT_TRUE(old_.Save(name_)); }
+
+    // The file holds the whole new content; if not, then the whole old one.
+    bool HoldsNew(std::size_t moment) const {
+        Content loaded(3);
+        EXPECT_EQ(loaded.Load(name_), LoadOutcome::Loaded) << moment;
+        EXPECT_EQ(Ask("PRAGMA integrity_check"), "ok") << moment;
+        const bool isNew = loaded == new_.Over(Content(3));
+        EXPECT_TRUE(isNew || loaded == old_.Over(Content(3))) << moment;
+        return isNew;
+    }
+
+    const Content old_ = Content(1);
+    const Content new_ = Content(2);
+};
+
+TEST_F(CrashTest, ASaveSyncsThenRenamesThenSyncsTheFolder) {
+    operations = {true, {}, 0};
+    ASSERT_TRUE(new_.Save(name_));
+    operations.watched = false;
+    EXPECT_TRUE(std::regex_match(operations.done, std::regex("u*w{50,}su*rs"))) << operations.done;
+}
+
+TEST_F(CrashTest, AKillAtAnyMomentLeavesTheOldFileOrTheNewOne) {
+    int status = -1;
+    std::size_t moments = 0;
+    std::size_t withNewFile = 0;
+    while (status != 0) {
+        ++moments;
+        status = InChild([&] {
+            operations = {true, {}, moments};
+            new_.Save(name_);
+        });
+        ASSERT_TRUE(status == 0 || WTERMSIG(status) == SIGKILL) << moments;
+        EXPECT_LE(Files(), 2) << moments;  // at most one unfinished file
+        if (HoldsNew(moments)) {
+            ++withNewFile;
+            ASSERT_TRUE(old_.Save(name_));
+            EXPECT_EQ(Files(), 1) << moments;
+        }
+    }
+    EXPECT_GT(moments, 50U);
+    EXPECT_EQ(withNewFile, 2U);  // killed at the sync of the folder, and not at all
+}
+
+TEST_F(CrashTest, AFullDiskLeavesTheOldFile) {
+    for (const rlim_t bytes : {0, 5000, 100000, 250000}) {
+        EXPECT_EQ(InChild([&] {
+                      const rlimit limit{bytes, bytes};
+                      ::setrlimit(RLIMIT_FSIZE, &limit);
+                      ::signal(SIGXFSZ, SIG_IGN);
+                      ::_exit(new_.Save(name_) ? 1 : 0);
+                  }),
+                  0);
+        EXPECT_FALSE(HoldsNew(bytes));
+        EXPECT_EQ(Files(), 1);
+    }
+}
+
+// The journal that a killed editor leaves belongs to the file that it edited, and to no other that takes its place.
+TEST_F(CrashTest, AJournalOfTheOldFileDoesNotReachTheNewOne) {
+    enum { kLoad, kSaveOver, kSaveAnew };
+    for (const int next : {kLoad, kSaveOver, kSaveAnew}) {
+        ASSERT_TRUE(old_.Save(name_));
+        InChild([&] {
+            SQLite::Database editor(name_.toStdString(), SQLite::OPEN_READWRITE);
+            editor.exec("PRAGMA cache_size = 1; BEGIN; UPDATE ARB16 SET Value = 5; UPDATE ARB4 SET Value = 5");
+            ::kill(::getpid(), SIGKILL);
+        });
+        ASSERT_EQ(Files(), 2);
+        ASSERT_TRUE(next != kSaveAnew || QFile::remove(name_));
+        ASSERT_TRUE(next == kLoad || new_.Save(name_));
+        EXPECT_EQ(HoldsNew(0), next != kLoad);
+        EXPECT_EQ(Files(), 1);
+    }
+}
+
+}  // namespace
