@@ -92,16 +92,6 @@ TEST_F(SerialTransport_, EndsALineThatNeverEnds) {
     EXPECT_LT(clock.nowMs, 3000);
 }
 
-TEST_F(SerialTransport_, FailsAtOnceWhenTheDeviceIsGone) {
-    ConnectSilently();
-    line.lost = true;
-    state.CommandText = QStringLiteral("frq?");
-    link.transport.QueryUnit();
-    EXPECT_EQ(desktop.boxes.size(), 1);
-    EXPECT_LT(clock.nowMs, 500);
-    EXPECT_TRUE(line.PortOpen());
-}
-
 TEST_F(SerialTransport_, ReportsAStalledLineOnceAndGoesOnInSilence) {
     ConnectSilently();
     line.takesOutput = false;

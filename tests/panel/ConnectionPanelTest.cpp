@@ -4,16 +4,6 @@ namespace {
 
 using ConnectionPanel = PanelBench;
 
-TEST_F(ConnectionPanel, AFailedConnectionLeavesTheSwitchOff) {
-    Open();
-    line.ports.clear();
-    panel.mFreq = 123.0;
-    Click("cRM");
-    EXPECT_FALSE(Checked("cRM"));
-    EXPECT_EQ(desktop.boxes.size(), 1);
-    EXPECT_EQ(panel.mFreq, 1000.0);  // the field committed what it showed; nothing was read
-}
-
 TEST_F(ConnectionPanel, WithoutALinkReadAndSetOnlyHint) {
     Open();
     for (const char* const button : {"Command3", "Command4"}) {
@@ -24,17 +14,6 @@ TEST_F(ConnectionPanel, WithoutALinkReadAndSetOnlyHint) {
     Click("Command7");
     EXPECT_TRUE(line.wire.isEmpty());
     EXPECT_EQ(panel.mFreq, 1000.0);
-}
-
-TEST_F(ConnectionPanel, ARefreshThatChangesTheOutputSwitchesItAtOnce) {
-    Open();
-    Connect();
-    Click("Opoutput_0");
-    EXPECT_EQ(line.wire, "OT1\r");
-    panel.tmOut = kFalse;
-    form->RefreshPanel();
-    EXPECT_EQ(line.wire, "OT1\rOT0\r");
-    EXPECT_TRUE(Checked("Opoutput_1"));
 }
 
 TEST_F(ConnectionPanel, ASecondOperationIsRefusedDuringPacing) {

@@ -94,17 +94,6 @@ TEST_F(StorageTest, LeavesStateAndFolderAloneWhereThereIsNoSettingFile) {
     EXPECT_TRUE(loaded == kBefore);
 }
 
-TEST_F(StorageTest, DamageEndsTheWalkOfItsTableOnly) {
-    ASSERT_TRUE(kStored.Save(name_));
-    const int root = std::stoi(Ask("SELECT rootpage FROM sqlite_master WHERE name = 'ARB4'"));
-    Write(QByteArray(4096, '\x7f'), qint64{4096} * (root - 1));
-    Content expected = kStored.Over(kBefore);
-    expected.memories.ArbMemory4 = kBefore.memories.ArbMemory4;
-    Content loaded = kBefore;
-    EXPECT_EQ(loaded.Load(name_), LoadOutcome::Damaged);
-    EXPECT_TRUE(loaded == expected);
-}
-
 TEST_F(StorageTest, WaitsForALockAndGivesUp) {
     ASSERT_TRUE(kStored.Save(name_));
     Content loaded = kBefore;
