@@ -41,13 +41,24 @@ bool SerialTransport::Write(Pacing pacing) {
     for (const char character : line) {
         com_.Output(character);
         if (pacing == Pacing::Character) {
-            if (!com_.FlushOutput()) {
+            if (!Flush()) {
                 return false;
             }
             Pace();
         }
     }
-    return com_.FlushOutput();
+    return Flush();
+}
+
+// False if the line has stalled. While it is merely busy the user's events are served.
+bool SerialTransport::Flush() {
+    Com::OutputState state = com_.FlushOutput();
+    while (state == Com::OutputState::Waiting) {
+        qint32 moment = 0;
+        clock_.WaitMs(moment);
+        state = com_.FlushOutput();
+    }
+    return state == Com::OutputState::Taken;
 }
 
 void SerialTransport::Pace() {

@@ -43,6 +43,7 @@ class SerialTransport {
     };
     void Send(const SendForm& form);
     bool Write(Pacing pacing);
+    bool Flush();
     void Pace();
     bool AwaitByte();
     QChar ReadReplyChar();

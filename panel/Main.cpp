@@ -284,6 +284,13 @@ void Main::Main_mnulset_Click() {
     }
 }
 
+// A memory must not be saved half read, nor a transfer wait for a dialog.
+void Main::Main_mnusset_Click() {
+    if (!RefuseWhileRunning()) {
+        settingFiles_.Save();
+    }
+}
+
 void Main::Main_mnucom_Click() {
     if (comset_ == nullptr) {
         comset_ = std::make_unique<Comset>(program_, link_, desktop_, services_.describePort, this);

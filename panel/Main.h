@@ -72,7 +72,7 @@ class Main : public QMainWindow, private LinkFront {
     void Main_mnuStArb4_Click() { Transfer(&MemoryTransfer::SendArb4); }
     void Main_mnuStArb16_Click() { Transfer(&MemoryTransfer::SendArb16); }
     void Main_mnulset_Click();
-    void Main_mnusset_Click() { settingFiles_.Save(); }
+    void Main_mnusset_Click();
     void Main_mnucom_Click();
     void Main_mnuabout_Click();
 

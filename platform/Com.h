@@ -36,7 +36,9 @@ class Com {
 
     // Puts one character in line to be sent, in order.
     virtual void Output(char character) = 0;
-    // Hands what is in line to the port. False if the port took nothing for 3.0 s: what it did not take stays in line
-    // until ClearOutBuffer. On a line that is still stalled from before, it does not wait again.
-    virtual bool FlushOutput() = 0;
+    // Hands what is in line to the port, and waits for a moment if the port can't take it all. Call it until it no
+    // longer says Waiting. Stalled: the line has carried nothing for 3.0 s; what it did not take stays in line until
+    // ClearOutBuffer, and while it stays stalled there is no second wait.
+    enum class OutputState { Taken, Waiting, Stalled };
+    virtual OutputState FlushOutput() = 0;
 };

@@ -38,7 +38,7 @@ QString ChooseFile(QWidget* parent, const FileRequest& request, QFileDialog::Acc
     dialog.setAcceptMode(mode);
     dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setDefaultSuffix(request.extension.toLower());
-    if (!request.fileName.contains(u'*')) {
+    if (!request.fileName.isEmpty() && !request.fileName.contains(u'*')) {
         const QFileInfo last(request.fileName);
         dialog.setDirectory(last.absolutePath());
         dialog.selectFile(last.fileName());

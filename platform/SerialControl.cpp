@@ -13,7 +13,8 @@
 
 namespace {
 
-constexpr int kStalledLineMs = 3000;
+constexpr qint64 kStalledLineUs = 3'000'000;
+constexpr int kOutputRestMs = 20;
 constexpr int kInputRestMs = 1;
 constexpr int kLossWatchMs = 500;
 constexpr qint64 kReadBufferBytes = 4096;    // a far end that never falls silent must not fill the memory
@@ -92,6 +93,7 @@ bool SerialControl::Open() {
     stalled_ = false;
     waiting_.clear();
     lineFreeUs_ = 0;
+    untaken_ = 0;
     lossWatch_.start();
     return true;
 }
@@ -116,13 +118,17 @@ void SerialControl::Close() {
 // The last command must leave whole at the rate it was sent with, before the port's own settings are restored.
 // The system's drain knows nothing of the buffer in an adapter, so the time the line needs is waited for as well.
 void SerialControl::Drain() {
-    if (lost_ || stalled_ || !FlushOutput() || lost_) {
+    OutputState state = OutputState::Waiting;
+    while (!stalled_ && state == OutputState::Waiting) {
+        state = FlushOutput();
+    }
+    if (lost_ || stalled_) {
         return;
     }
 #ifdef Q_OS_UNIX
     ::tcdrain(port_.handle());
 #endif
-    const qint64 restUs = lineFreeUs_ + kDriverLatencyUs - clock_.nsecsElapsed() / 1000;
+    const qint64 restUs = lineFreeUs_ + kDriverLatencyUs - NowUs();
     if (lineFreeUs_ > 0 && restUs > 0) {
         QThread::usleep(static_cast<unsigned long>(std::min(restUs, kLongestDrainUs)));
     }
@@ -147,8 +153,8 @@ void SerialControl::LookForLoss() {
     }
 }
 
-void SerialControl::CountLineTime(qsizetype bytes) {
-    const qint64 nowUs = clock_.nsecsElapsed() / 1000;
+void SerialControl::CountLineTime(qint64 bytes) {
+    const qint64 nowUs = NowUs();
     const qint64 costUs = bytes * kBitsPerCharacter * 1'000'000 / std::max(port_.baudRate(), 1);
     lineFreeUs_ = std::max(lineFreeUs_, nowUs) + costUs;
 }
@@ -156,6 +162,7 @@ void SerialControl::CountLineTime(qsizetype bytes) {
 void SerialControl::ClearOutBuffer() {
     if (stalled_ && open_ && !lost_) {
         port_.clear(QSerialPort::Output);
+        untaken_ = 0;
     }
     waiting_.resize(0);
 }
@@ -196,40 +203,52 @@ void SerialControl::WriteAtOnce() {
 #ifdef Q_OS_UNIX
     if (port_.bytesToWrite() == 0) {
         const ssize_t taken = ::write(port_.handle(), waiting_.constData(), static_cast<std::size_t>(waiting_.size()));
-        waiting_.remove(0, std::max<ssize_t>(taken, 0));
+        if (taken > 0) {
+            CountLineTime(taken);
+            waiting_.remove(0, taken);
+        }
     }
 #endif
 }
 
-bool SerialControl::FlushOutput() {
-    if (!open_ || lost_ || waiting_.isEmpty()) {
-        return true;
+void SerialControl::NoteTaken() {
+    const qint64 left = port_.bytesToWrite();
+    if (left < untaken_) {
+        CountLineTime(untaken_ - left);
+        takenUs_ = NowUs();
+        stalled_ = false;
     }
-    const qsizetype count = waiting_.size();
-    WriteAtOnce();
+    untaken_ = left;
+}
+
+Com::OutputState SerialControl::FlushOutput() {
+    if (!open_ || lost_) {
+        return OutputState::Taken;
+    }
+    NoteTaken();
     if (!waiting_.isEmpty()) {
-        port_.write(waiting_);
-        waiting_.resize(0);
-    }
-    qint64 left = port_.bytesToWrite();
-    QElapsedTimer sinceProgress;
-    sinceProgress.start();
-    while (left > 0) {
-        const qint64 patience = stalled_ ? 0 : kStalledLineMs - sinceProgress.elapsed();
-        port_.waitForBytesWritten(static_cast<int>(std::max<qint64>(patience, 0)));
-        LookForLoss();
-        if (lost_) {
-            return true;
-        }
-        if (port_.bytesToWrite() < left) {
-            left = port_.bytesToWrite();
-            stalled_ = false;
-            sinceProgress.restart();
-        } else if (stalled_ || sinceProgress.elapsed() >= kStalledLineMs) {
-            stalled_ = true;
-            return false;
+        WriteAtOnce();
+        if (!waiting_.isEmpty()) {
+            port_.write(waiting_);
+            waiting_.resize(0);
+            untaken_ = port_.bytesToWrite();
+            takenUs_ = NowUs();
         }
     }
-    CountLineTime(count);
-    return true;
+    if (untaken_ == 0) {
+        stalled_ = false;
+        return OutputState::Taken;
+    }
+    port_.waitForBytesWritten(stalled_ ? 0 : kOutputRestMs);
+    LookForLoss();
+    if (lost_) {
+        return OutputState::Taken;
+    }
+    NoteTaken();
+    if (untaken_ == 0) {
+        return OutputState::Taken;
+    }
+    // A driver with a full buffer takes nothing while the line works on it, for seconds at 4800 baud.
+    stalled_ = stalled_ || NowUs() - std::max(takenUs_, lineFreeUs_) >= kStalledLineUs;
+    return stalled_ ? OutputState::Stalled : OutputState::Waiting;
 }

@@ -29,7 +29,7 @@ class SerialControl : public Com {
     void SetInputLen(qsizetype count) override { inputLen_ = count; }
     QByteArray Input() override;
     void Output(char character) override { waiting_ += character; }
-    bool FlushOutput() override;
+    OutputState FlushOutput() override;
 
   private:
     bool Open();
@@ -37,7 +37,9 @@ class SerialControl : public Com {
     void Drain();
     void LookForLoss();
     void WriteAtOnce();
-    void CountLineTime(qsizetype bytes);
+    void NoteTaken();
+    void CountLineTime(qint64 bytes);
+    qint64 NowUs() const { return clock_.nsecsElapsed() / 1000; }
 
     PortFinder findPort_;
     QSerialPort port_;
@@ -47,7 +49,9 @@ class SerialControl : public Com {
     QByteArray waiting_;  // not yet handed to the port
     bool open_ = false;
     bool lost_ = false;
-    bool stalled_ = false;   // the line took nothing for the whole of its time-out
+    bool stalled_ = false;   // the line carried nothing for the whole of its time-out
+    qint64 untaken_ = 0;     // bytes that the driver had not taken at the last look
+    qint64 takenUs_ = 0;     // when it took some last
     qint64 lineFreeUs_ = 0;  // moment at which the line has carried all that was handed to it
     QElapsedTimer clock_;
     QTimer lossWatch_;  // sees an adapter pulled while the line is idle

@@ -205,7 +205,10 @@ LoadOutcome LoadSettingFile(const QString& fileName, PanelState& panel, ArbMemor
     RecordTable memory4(store, kMemory4k.table);
     RecordTable memory16(store, kMemory16k.table);
     const bool hasSettings = store.Engine()->tryExec("select 1 from settings limit 0") == SQLite::OK;
-    if (!hasSettings || !memory4.Usable() || !memory16.Usable()) {
+    const bool hasMemory4 = memory4.Usable();
+    const bool hasMemory16 = memory16.Usable();
+    // A file of this kind that has lost one memory still gives the rest.
+    if (!hasSettings || (!hasMemory4 && !hasMemory16)) {
         return LoadOutcome::NotASettingFile;
     }
     bool current = false;

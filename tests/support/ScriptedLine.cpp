@@ -42,11 +42,11 @@ QByteArray ScriptedLine::Input() {
     return taken;
 }
 
-bool ScriptedLine::FlushOutput() {
+Com::OutputState ScriptedLine::FlushOutput() {
     ++flushes;
     if (!takesOutput) {
         clock_.nowMs += 3000;
-        return false;
+        return OutputState::Stalled;
     }
     wire += waiting_;
     clock_.nowMs += lineTimeMs;
@@ -56,5 +56,5 @@ bool ScriptedLine::FlushOutput() {
         nextByteMs_ = clock_.nowMs + byteDelayMs;
     }
     waiting_.clear();
-    return true;
+    return OutputState::Taken;
 }

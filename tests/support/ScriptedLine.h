@@ -27,7 +27,7 @@ class ScriptedLine : public Com {
     QMap<QString, QByteArray> replies;  // by the line without its CR; the reply needs its own CR
     std::function<QByteArray(const QString& line, const QString& settings)> reply;  // asked where replies has none
     qint64 byteDelayMs = 0;
-    qint64 lineTimeMs = 0;  // that each line takes to go out
+    qint64 lineTimeMs = 0;        // that each line takes to go out
     QSet<int> ports{1, 2, 3, 4};  // that can be opened
     bool takesOutput = true;
     bool lost = false;
@@ -50,7 +50,7 @@ class ScriptedLine : public Com {
     void SetInputLen(qsizetype count) override { inputLen_ = count; }
     QByteArray Input() override;
     void Output(char character) override { waiting_ += character; }
-    bool FlushOutput() override;
+    OutputState FlushOutput() override;
 
   private:
     ScriptedClock& clock_;
