@@ -3,7 +3,7 @@
 #include "storage/SettingFile.h"
 
 QString SettingFileMenu::Choose(QString (Desktop::*dialog)(const FileRequest&)) {
-    const QString chosen =
+    QString chosen =
         (desktop_.*dialog)({QStringLiteral("Select Settings"), QStringLiteral("Settings (*.set) |*.set"),
                             dialogFileName_, QStringLiteral("SET")});
     if (!chosen.isEmpty()) {

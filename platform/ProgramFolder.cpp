@@ -6,11 +6,11 @@
 #include <QStandardPaths>
 
 QString ProgramFolder() {
-    const QString beside = QCoreApplication::applicationDirPath();
+    QString beside = QCoreApplication::applicationDirPath();
     if (QFileInfo(beside).isWritable()) {
         return beside;
     }
-    const QString own = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+    QString own = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     QDir().mkpath(own);
     return own;
 }
