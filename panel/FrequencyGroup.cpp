@@ -6,18 +6,13 @@
 #include "panel/FrequencyRules.h"
 
 FrequencyGroup::FrequencyGroup(const PanelContext& context, std::function<void()> drawOverviewSignal, QWidget* parent)
-    : Frame5(new QGroupBox(QStringLiteral("Signal"), parent)),
+    : Frame5(MakeFrame(QStringLiteral("Frame5"), QStringLiteral("Signal"), parent)),
       frequency(
           context, {"Text1", "unit", "Label4", "Frequency"}, context.panel.mFreq, [this] { RefreshFrequency(); },
           parent),
       context_(context),
       drawOverviewSignal_(std::move(drawOverviewSignal)) {
-    Frame5->setObjectName(QStringLiteral("Frame5"));
-    QStringList captions;
-    for (const EnumerationRow& signal : kSignals) {
-        captions += QString::fromLatin1(signal.caption);
-    }
-    opsignal = new OptionGroup(QStringLiteral("opsignal"), captions, Frame5);
+    opsignal = new OptionGroup(QStringLiteral("opsignal"), CaptionsOf(kSignals), Frame5);
     opsignal->SetAccessibleName(QStringLiteral("Signal"));
     opsignal->SetClick([this](int index) { opsignal_Click(index); });
     // Down the columns: the ramps under the other periodic forms, the noises under the memories.

@@ -3,14 +3,9 @@
 #include <QVBoxLayout>
 
 #include "core/Enumerations.h"
+#include "panel/PanelContext.h"
 
 namespace {
-
-QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
-    auto* const frame = new QGroupBox(title, parent);
-    frame->setObjectName(name);
-    return frame;
-}
 
 void Stack(QGroupBox* frame, const OptionGroup& group) {
     auto* const column = new QVBoxLayout(frame);
@@ -28,11 +23,7 @@ ModeGroup::ModeGroup(PanelState& panel, QWidget* parent)
       Frame8(MakeFrame(QStringLiteral("Frame8"), QStringLiteral("Reference frequency (10MHz)"), parent)),
       opreference(nullptr),
       panel_(panel) {
-    QStringList captions;
-    for (const EnumerationRow& mode : kModes) {
-        captions += QString::fromLatin1(mode.caption);
-    }
-    opmodes = new OptionGroup(QStringLiteral("opmodes"), captions, Frame6);
+    opmodes = new OptionGroup(QStringLiteral("opmodes"), CaptionsOf(kModes), Frame6);
     opmodes->SetAccessibleName(QStringLiteral("Operation mode"));
     opmodes->SetClick([this](int index) { panel_.bmMode = static_cast<quint8>(index); });
     Stack(Frame6, *opmodes);

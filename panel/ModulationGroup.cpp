@@ -10,12 +10,6 @@
 
 namespace {
 
-QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
-    auto* const frame = new QGroupBox(title, parent);
-    frame->setObjectName(name);
-    return frame;
-}
-
 void SetEnabled(bool enabled, std::initializer_list<QWidget*> controls) {
     for (QWidget* const control : controls) {
         control->setEnabled(enabled);
@@ -61,11 +55,7 @@ void ModulationGroup::AlignCaptions() {
 }
 
 void ModulationGroup::MakeOptions() {
-    QStringList captions;
-    for (const ModulationOption& option : kModulationOptions) {
-        captions += QString::fromLatin1(option.caption);
-    }
-    opmod = new OptionGroup(QStringLiteral("opmod"), captions, Frame1);
+    opmod = new OptionGroup(QStringLiteral("opmod"), CaptionsOf(kModulationOptions), Frame1);
     opmod->SetAccessibleName(QStringLiteral("Modulation"));
     opmod->SetClick([this](int index) { opmod_Click(index); });
     auto* const row = new QHBoxLayout(Frame1);

@@ -13,6 +13,12 @@ EntryField* MakeEntryField(const PanelContext& context, const QString& name, Key
     return field;
 }
 
+QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
+    auto* const frame = new QGroupBox(title, parent);
+    frame->setObjectName(name);
+    return frame;
+}
+
 QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWidget* buddy) {
     auto* const label = new QLabel(text, parent);
     label->setObjectName(name);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QGroupBox>
 #include <functional>
 
 #include "core/Numbers.h"
@@ -20,6 +21,19 @@ struct PanelContext {
 // An entry field with its key filter and a name for a screen reader.
 EntryField* MakeEntryField(const PanelContext& context, const QString& name, KeyClass keys, const QString& accessible,
                            QWidget* parent);
+
+// A frame with an object name and a title.
+QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent);
+
+// The captions of an enumeration's table, in order of value.
+template <typename Table>
+QStringList CaptionsOf(const Table& table) {
+    QStringList captions;
+    for (const auto& row : table) {
+        captions += QString::fromLatin1(row.caption);
+    }
+    return captions;
+}
 
 // A label with an object name.
 QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWidget* buddy = nullptr);

@@ -16,12 +16,11 @@ void LoadPreferences(const QString& folder, Preferences& preferences, Desktop& d
     }
 }
 
-bool SavePreferences(const QString& folder, const Preferences& preferences, Desktop& desktop) {
+void SavePreferences(const QString& folder, const Preferences& preferences, Desktop& desktop) {
     QFile file(PreferencesPath(folder));
     const QByteArray record = EncodePreferences(preferences);
     const bool written = file.open(QIODevice::ReadWrite) && file.write(record) == record.size() && file.flush();
     if (!written) {
         desktop.MessageBox(QStringLiteral("Data Error: Save settings"), QStringLiteral("Save Settings"));
     }
-    return written;
 }

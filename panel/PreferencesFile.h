@@ -8,5 +8,5 @@
 // Reads the preferences at start-up; makes an empty file where there is none. What can't be read keeps its value.
 void LoadPreferences(const QString& folder, Preferences& preferences, Desktop& desktop);
 
-// Writes the record over the first bytes of the file. False if the file can't be opened or written.
-bool SavePreferences(const QString& folder, const Preferences& preferences, Desktop& desktop);
+// Writes the record over the first bytes of the file.
+void SavePreferences(const QString& folder, const Preferences& preferences, Desktop& desktop);

@@ -3,9 +3,8 @@
 #include "storage/SettingFile.h"
 
 QString SettingFileMenu::Choose(QString (Desktop::*dialog)(const FileRequest&)) {
-    QString chosen =
-        (desktop_.*dialog)({QStringLiteral("Select Settings"), QStringLiteral("Settings (*.set) |*.set"),
-                            dialogFileName_, QStringLiteral("SET")});
+    QString chosen = (desktop_.*dialog)({QStringLiteral("Select Settings"), QStringLiteral("Settings (*.set) |*.set"),
+                                         dialogFileName_, QStringLiteral("SET")});
     if (!chosen.isEmpty()) {
         dialogFileName_ = chosen;
     }

@@ -7,7 +7,7 @@
 #include "panel/SweepRules.h"
 
 SweepGroup::SweepGroup(const PanelContext& context, QWidget* parent)
-    : Frame7(new QGroupBox(QStringLiteral("Sweep mode"), parent)),
+    : Frame7(MakeFrame(QStringLiteral("Frame7"), QStringLiteral("Sweep mode"), parent)),
       start(
           context, {"Text10", "owopsfreq", "Label18", "Sweep start frequency"}, context.panel.msWobbel,
           [this] { RefreshSweep(); }, Frame7),
@@ -16,12 +16,7 @@ SweepGroup::SweepGroup(const PanelContext& context, QWidget* parent)
           [this] { RefreshSweep(); }, Frame7),
       context_(context),
       panel_(context.panel) {
-    Frame7->setObjectName(QStringLiteral("Frame7"));
-    QStringList captions;
-    for (const EnumerationRow& sweep : kSweeps) {
-        captions += QString::fromLatin1(sweep.caption);
-    }
-    opwob = new OptionGroup(QStringLiteral("opwob"), captions, Frame7);
+    opwob = new OptionGroup(QStringLiteral("opwob"), CaptionsOf(kSweeps), Frame7);
     opwob->SetAccessibleName(QStringLiteral("Sweep mode"));
     opwob->SetClick([this](int index) { opwob_Click(index); });
     Text12 =

@@ -33,6 +33,9 @@ TEST_F(MainForm, FirstRunMakesAnEmptyFileAndShowsTheDefaults) {
     EXPECT_EQ(program.preferences.ComPortNumber, 2);
     EXPECT_EQ(program.preferences.ComBaudRate, 19200);
     EXPECT_EQ(desktop.beeps, 0);
+    program.preferences.ComPortNumber = 4;
+    EXPECT_TRUE(form->close());  // answered with No
+    EXPECT_EQ(FileIn(folder).size(), 0);
 }
 
 TEST_F(MainForm, AYesAtExitWritesTheRecordOverTheHeadOfTheFile) {

@@ -3,16 +3,6 @@
 namespace {
 
 struct WholeFaults : WholeBench {
-    sim::SimulatedInstrument& Connect(qint32 baud = 19200) {
-        auto& instrument = Plug(2, {});
-        Open();
-        program.preferences.ComBaudRate = baud;
-        panel.Click("cRM");
-        EXPECT_EQ(program.link.LinkUp, 1);
-        instrument.ClearLog();
-        return instrument;
-    }
-
     void ReconnectTo(sim::SimulatedInstrument& instrument) {
         std::string error;
         instrument.Stop();
@@ -76,7 +66,7 @@ TEST_F(WholeFaults, BadRepliesLeadToTheDescribedValues) {
 }
 
 TEST_F(WholeFaults, ALineThatTakesNothingIsAFaultAndNoHang) {
-    auto& instrument = Connect(115200);
+    auto& instrument = Connect({}, 115200);
     instrument.SetFaults({.stall = std::chrono::minutes(5)});
     // More than any buffer between holds.
     com.ClearOutBuffer();

@@ -5,17 +5,6 @@
 namespace {
 
 struct WholeMemory : WholeBench {
-    sim::SimulatedInstrument& Connect(sim::Options options, qint32 baud = 19200) {
-        options.rate = baud;
-        auto& instrument = Plug(2, std::move(options));
-        Open();
-        program.preferences.ComBaudRate = baud;
-        panel.Click("cRM");
-        EXPECT_EQ(program.link.LinkUp, 1);
-        instrument.ClearLog();
-        return instrument;
-    }
-
     void Fill(std::span<qint16> samples) {
         for (qint16& sample : samples) {
             sample = static_cast<qint16>(std::uniform_int_distribution<int>(-2047, 2047)(random));

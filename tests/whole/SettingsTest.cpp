@@ -2,16 +2,7 @@
 
 namespace {
 
-struct WholeSettings : WholeBench {
-    sim::SimulatedInstrument& Connect(const QLocale& locale = QLocale::c()) {
-        auto& instrument = Plug(2, {.rate = 19200});
-        Open(locale);
-        panel.Click("cRM");
-        EXPECT_EQ(program.link.LinkUp, 1);
-        instrument.ClearLog();
-        return instrument;
-    }
-};
+using WholeSettings = WholeBench;
 
 const QString kDefaultSet = QStringLiteral(
     "sin\rctm\rSW0\rrfi\ram0\rpsk0\rfsk0\rfrq:00001000.0000\ramp:0.21\rofs:0\rvpp\ramp:1.0\rOT0\r"
@@ -24,7 +15,7 @@ TEST_F(WholeSettings, ADefaultSetPutsExactlyThisOnTheWire) {
 }
 
 TEST_F(WholeSettings, ACommaLocalePutsTheSameOnTheWire) {
-    auto& instrument = Connect(QLocale(QLocale::German, QLocale::Germany));
+    auto& instrument = Connect({}, 19200, QLocale(QLocale::German, QLocale::Germany));
     panel.Click("Command4");
     EXPECT_EQ(QString::fromStdString(instrument.ReceivedBytes()), kDefaultSet);
     EXPECT_EQ(panel.Text("Text1"), u"1,0000000");

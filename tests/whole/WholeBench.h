@@ -55,6 +55,19 @@ class WholeBench : public ::testing::Test {
         desktop.boxes.clear();
     }
 
+    // The program linked to an instrument on Com2 at this rate.
+    sim::SimulatedInstrument& Connect(sim::Options options = {}, qint32 baud = 19200,
+                                      const QLocale& locale = QLocale::c()) {
+        options.rate = baud;
+        auto& instrument = Plug(2, std::move(options));
+        Open(locale);
+        program.preferences.ComBaudRate = baud;
+        panel.Click("cRM");
+        EXPECT_EQ(program.link.LinkUp, 1);
+        instrument.ClearLog();
+        return instrument;
+    }
+
     // Everything up to and with "RM0" has arrived.
     static bool GivenBack(sim::SimulatedInstrument& instrument) {
         return instrument.WaitForLine("RM0", std::chrono::seconds(20));
