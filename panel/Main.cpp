@@ -14,7 +14,8 @@ Main::Main(const MainServices& services)
       program_(services.program),
       desktop_(services.desktop),
       link_(services.program, services.com, services.clock, services.desktop, *this),
-      settingFiles_(services.program, services.desktop) {
+      boxfile(services.desktop),
+      settingFiles_(services.program, boxfile, services.desktop) {
     setObjectName(QStringLiteral("Main"));
     MakeControls();
     Arrange();

@@ -97,6 +97,7 @@ class Main : public QMainWindow, private LinkFront {
     ProgramState& program_;
     Desktop& desktop_;
     Link link_;
+    FileBox boxfile;
     SettingFileMenu settingFiles_;
     bool rebuilding_ = false;     // RefreshPanel runs
     bool closeWhenFree_ = false;  // the user closed the window in the middle of a link operation

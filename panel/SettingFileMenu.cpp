@@ -2,18 +2,19 @@
 
 #include "storage/SettingFile.h"
 
-QString SettingFileMenu::Choose(QString (Desktop::*dialog)(const FileRequest&)) {
-    QString chosen = (desktop_.*dialog)({QStringLiteral("Select Settings"), QStringLiteral("Settings (*.set) |*.set"),
-                                         dialogFileName_, QStringLiteral("SET")});
-    if (!chosen.isEmpty()) {
-        dialogFileName_ = chosen;
-    }
-    return chosen;
+namespace {
+
+FileRequest Request() {
+    return {.title = QStringLiteral("Select Settings"),
+            .filter = QStringLiteral("Settings (*.set) |*.set"),
+            .extension = QStringLiteral("SET")};
 }
 
+}  // namespace
+
 bool SettingFileMenu::Load() {
-    dialogFileName_ = QStringLiteral("*.set");
-    const QString chosen = Choose(&Desktop::OpenFile);
+    boxfile_.FileName = QStringLiteral("*.set");
+    const QString chosen = boxfile_.ShowOpen(Request());
     if (chosen.isEmpty()) {
         desktop_.BusyOff();
         return false;
@@ -31,7 +32,7 @@ bool SettingFileMenu::Load() {
 }
 
 void SettingFileMenu::Save() {
-    const QString chosen = Choose(&Desktop::SaveFile);
+    const QString chosen = boxfile_.ShowSave(Request());
     if (!chosen.isEmpty()) {
         desktop_.BusyOn();
         program_.SettingFileName.Set(chosen);

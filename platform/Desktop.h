@@ -6,9 +6,9 @@
 // What a file dialog is to show.
 struct FileRequest {
     QString title;
-    QString filter;     // "Settings (*.set) |*.set": what is shown, then the pattern
-    QString fileName;   // the name that stands in the dialog at first; a pattern stands for none
-    QString extension;  // given to a name that is typed without one
+    QString filter;         // "Settings (*.set) |*.set": what is shown, then the pattern
+    QString fileName = {};  // the name that stands in the dialog at first; a pattern stands for none
+    QString extension;      // given to a name that is typed without one
 };
 
 // What the program asks of the desktop around it. An interface, so that tests answer the boxes.

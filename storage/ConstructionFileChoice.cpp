@@ -5,7 +5,7 @@
 namespace {
 
 FileRequest Request(const QString& title, const QString& extension) {
-    return {title, QStringLiteral("Settings (*.con) |*.con"), QStringLiteral("*.con"), extension};
+    return {.title = title, .filter = QStringLiteral("Settings (*.con) |*.con"), .extension = extension};
 }
 
 // The hourglass stays for the caller, which goes on with the file.
@@ -20,18 +20,19 @@ bool Take(FixedName& name, const QString& chosen, Desktop& desktop) {
 
 }  // namespace
 
-bool EnsureConstructionFile(FixedName& ConstructionFileName, Desktop& desktop) {
+bool EnsureConstructionFile(FixedName& ConstructionFileName, FileBox& boxfile, Desktop& desktop) {
     if (!ConstructionFileName.Name().isEmpty()) {
         return true;
     }
     const bool makeNew =
         desktop.Question(QStringLiteral("Do you want to create a new Signal?"), QStringLiteral("Arbitrary Editor"));
-    return makeNew ? ChooseNewConstructionFile(ConstructionFileName, desktop)
-                   : ChooseConstructionFile(ConstructionFileName, desktop);
+    return makeNew ? ChooseNewConstructionFile(ConstructionFileName, boxfile, desktop)
+                   : ChooseConstructionFile(ConstructionFileName, boxfile, desktop);
 }
 
-bool ChooseNewConstructionFile(FixedName& ConstructionFileName, Desktop& desktop) {
-    const QString chosen = desktop.SaveFile(Request(QStringLiteral("New construction data"), QStringLiteral("con")));
+bool ChooseNewConstructionFile(FixedName& ConstructionFileName, FileBox& boxfile, Desktop& desktop) {
+    boxfile.FileName = QStringLiteral("*.con");
+    const QString chosen = boxfile.ShowSave(Request(QStringLiteral("New construction data"), QStringLiteral("con")));
     if (!Take(ConstructionFileName, chosen, desktop)) {
         return false;
     }
@@ -40,7 +41,8 @@ bool ChooseNewConstructionFile(FixedName& ConstructionFileName, Desktop& desktop
     return true;
 }
 
-bool ChooseConstructionFile(FixedName& ConstructionFileName, Desktop& desktop) {
+bool ChooseConstructionFile(FixedName& ConstructionFileName, FileBox& boxfile, Desktop& desktop) {
+    boxfile.FileName = QStringLiteral("*.con");
     return Take(ConstructionFileName,
-                desktop.OpenFile(Request(QStringLiteral("Select construction data"), QStringLiteral("CON"))), desktop);
+                boxfile.ShowOpen(Request(QStringLiteral("Select construction data"), QStringLiteral("CON"))), desktop);
 }

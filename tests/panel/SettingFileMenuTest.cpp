@@ -40,6 +40,9 @@ TEST_F(SettingFiles, WhatIsSavedComesBackOntoThePanel) {
               "open|Select Settings|Settings (*.set) |*.set|*.set|SET");
     Choose("mnusset", QString());
     EXPECT_EQ(desktop.dialogs.constLast().section(u'|', 4, 4), folder.filePath(QStringLiteral("a.set")));
+    Choose("mnulset", QString());
+    Choose("mnusset", QString());
+    EXPECT_EQ(desktop.dialogs.constLast().section(u'|', 4, 4), u"*.set");  // a cancelled load leaves its pattern
     EXPECT_EQ(program.SettingFileName.Name(), folder.filePath(QStringLiteral("a.set")));
     EXPECT_TRUE(desktop.boxes.isEmpty());
 }
