@@ -74,9 +74,9 @@ bool HoldTarget(const QFileInfo& target, std::unique_ptr<SQLite::Database>& hold
     try {
         hold = std::make_unique<SQLite::Database>(target.absoluteFilePath().toStdString(), SQLite::OPEN_READWRITE,
                                                   kLockWaitMs);
-        const std::string mode = hold->execAndGet("PRAGMA journal_mode = DELETE").getString();
-        hold->exec("BEGIN EXCLUSIVE");
-        return mode == "delete";
+        // A change of the journal mode does not wait for a lock, so the lock comes first, and stays from then on.
+        hold->exec("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
+        return hold->execAndGet("PRAGMA journal_mode = DELETE").getString() == "delete";
     } catch (const std::exception& fault) {
         return OutcomeOf(fault) == StoreOutcome::NotADatabase;
     }

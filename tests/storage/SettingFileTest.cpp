@@ -2,6 +2,7 @@
 
 #include "StorageBench.h"
 #include "storage/ConstructionFile.h"
+#include "storage/StoreOutcome.h"
 
 namespace {
 
@@ -95,20 +96,26 @@ TEST_F(StorageTest, LeavesStateAndFolderAloneWhereThereIsNoSettingFile) {
 }
 
 TEST_F(StorageTest, WaitsForALockAndGivesUp) {
-    ASSERT_TRUE(kStored.Save(name_));
-    Content loaded = kBefore;
-    SQLite::Database other(name_.toStdString(), SQLite::OPEN_READWRITE);
-    other.exec("BEGIN EXCLUSIVE");
-    QElapsedTimer waited;
-    waited.start();
-    EXPECT_EQ(loaded.Load(name_), LoadOutcome::Locked);
-    EXPECT_TRUE(loaded == kBefore);
-    EXPECT_FALSE(kBefore.Save(name_));
-    EXPECT_LT(waited.elapsed(), 2 * 5000);
-    other.exec("ROLLBACK");
-    EXPECT_EQ(loaded.Load(name_), LoadOutcome::Loaded);
-    EXPECT_TRUE(loaded == kStored.Over(kBefore));
-    EXPECT_EQ(Files(), 1);
+    for (const bool writeAhead : {false, true}) {  // with a write-ahead log, a writer keeps no reader away
+        ASSERT_TRUE(kStored.Save(name_));
+        Run(writeAhead ? "PRAGMA journal_mode = WAL" : "PRAGMA journal_mode = DELETE");
+        Content loaded = kBefore;
+        {
+            SQLite::Database other(name_.toStdString(), SQLite::OPEN_READWRITE);
+            other.exec("BEGIN EXCLUSIVE");
+            EXPECT_EQ(loaded.Load(name_), writeAhead ? LoadOutcome::Loaded : LoadOutcome::Locked);
+            EXPECT_TRUE(loaded == (writeAhead ? kStored.Over(kBefore) : kBefore));
+            QElapsedTimer waited;
+            waited.start();
+            EXPECT_FALSE(kBefore.Save(name_));
+            EXPECT_GE(waited.elapsed(), kLockWaitMs);
+            EXPECT_LT(waited.elapsed(), 2 * 5000);
+        }
+        EXPECT_EQ(loaded.Load(name_), LoadOutcome::Loaded);
+        EXPECT_TRUE(loaded == kStored.Over(kBefore));
+        EXPECT_EQ(Files(), 1);
+        EXPECT_TRUE(kBefore.Save(name_));
+    }
 }
 
 TEST_F(StorageTest, ReplacesAFileBehindALinkAndNoFolder) {
