@@ -15,6 +15,10 @@ struct MemorySize {
     int progressStep;          // addresses from one step of the progress bar to the next
     const char* readCaption;   // the hint line during a transfer
     const char* sendCaption;
+    int gridFirst;  // the editor's grid lines: the first address, the limit, the step, and the one at the centre
+    int gridLimit;
+    int gridStep;
+    int gridCentre;
     std::span<qint16> (*samples)(ArbMemories& memories);  // the whole array, one element more than the table holds
 };
 
@@ -27,6 +31,10 @@ inline constexpr MemorySize kMemory4k{
     50,
     "Please wait. Read 4096 Values",
     "Please wait. Send 4095 Values",
+    511,
+    3583,
+    512,
+    2047,
     [](ArbMemories& memories) { return std::span<qint16>(memories.ArbMemory4); },
 };
 
@@ -39,6 +47,10 @@ inline constexpr MemorySize kMemory16k{
     100,
     "Please wait. Read 16384 Values",
     "Please wait. Send 16384 Values",
+    1023,
+    15360,
+    1024,
+    8191,
     [](ArbMemories& memories) { return std::span<qint16>(memories.ArbMemory16); },
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ArbMemory.h"
+#include "core/EditorState.h"
 #include "core/FixedName.h"
 #include "core/LinkState.h"
 #include "core/Numbers.h"
@@ -12,6 +13,7 @@ struct ProgramState {
     PanelState panel;
     LinkState link;
     ArbMemories memories;
+    EditorState editor;
     Preferences preferences;
     UserNumbers numbers;
     FixedName SettingFileName;       // the setting file last chosen

@@ -12,17 +12,3 @@ EntryField* MakeEntryField(const PanelContext& context, const QString& name, Key
     field->setMinimumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-00.00000000000")) + 16);
     return field;
 }
-
-QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
-    auto* const frame = new QGroupBox(title, parent);
-    frame->setObjectName(name);
-    return frame;
-}
-
-QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWidget* buddy) {
-    auto* const label = new QLabel(text, parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setBuddy(buddy);
-    return label;
-}

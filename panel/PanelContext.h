@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QGroupBox>
 #include <functional>
 
 #include "core/Numbers.h"
 #include "core/PanelState.h"
 #include "panel/HintLine.h"
 #include "panel/KeyFilter.h"
+#include "platform/Controls.h"
 #include "platform/EntryField.h"
 
 // What every rule group of the panel works on.
@@ -22,9 +22,6 @@ struct PanelContext {
 EntryField* MakeEntryField(const PanelContext& context, const QString& name, KeyClass keys, const QString& accessible,
                            QWidget* parent);
 
-// A frame with an object name and a title.
-QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent);
-
 // The captions of an enumeration's table, in order of value.
 template <typename Table>
 QStringList CaptionsOf(const Table& table) {
@@ -34,6 +31,3 @@ QStringList CaptionsOf(const Table& table) {
     }
     return captions;
 }
-
-// A label with an object name.
-QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWidget* buddy = nullptr);

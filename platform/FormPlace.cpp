@@ -43,6 +43,13 @@ void ApplyWindowState(QWidget& form, qint16 state) {
 qint16 FormLeft(const QWidget& form) { return ToTwips(form.frameGeometry().left()); }
 qint16 FormTop(const QWidget& form) { return ToTwips(form.frameGeometry().top()); }
 
+qint16 FormWidth(const QWidget& form) { return ToTwips(form.width()); }
+qint16 FormHeight(const QWidget& form) { return ToTwips(form.height()); }
+
+void SizeForm(QWidget& form, qint16 width, qint16 height) {
+    form.resize(width / kTwipsPerPixel, height / kTwipsPerPixel);
+}
+
 void MoveForm(QWidget& form, qint16 left, qint16 top) {
     // A form without a size of its own would be moved by its frame's width once more when it is shown.
     form.resize(form.size().expandedTo(form.sizeHint()));

@@ -13,5 +13,10 @@ void ApplyWindowState(QWidget& form, qint16 state);
 qint16 FormLeft(const QWidget& form);
 qint16 FormTop(const QWidget& form);
 
+// The size without the frame that the desktop puts around the form, held to 16 bits.
+qint16 FormWidth(const QWidget& form);
+qint16 FormHeight(const QWidget& form);
+void SizeForm(QWidget& form, qint16 width, qint16 height);
+
 // Moves the form; a place that no screen shows any more is brought back onto the screen.
 void MoveForm(QWidget& form, qint16 left, qint16 top);

@@ -1,6 +1,7 @@
 #include "storage/ConstructionFileChoice.h"
 
 #include "storage/ConstructionFile.h"
+#include "storage/HeldFiles.h"
 
 namespace {
 
@@ -9,40 +10,44 @@ FileRequest Request(const QString& title, const QString& extension) {
 }
 
 // The hourglass stays for the caller, which goes on with the file.
-bool Take(FixedName& name, const QString& chosen, Desktop& desktop) {
+bool Take(const ConstructionChoice& choice, const QString& chosen) {
     if (chosen.isEmpty()) {
         return false;
     }
-    desktop.BusyOn();
-    name.Set(chosen);
+    choice.desktop.BusyOn();
+    choice.ConstructionFileName.Set(chosen);
     return true;
 }
 
 }  // namespace
 
-bool EnsureConstructionFile(FixedName& ConstructionFileName, FileBox& boxfile, Desktop& desktop) {
-    if (!ConstructionFileName.Name().isEmpty()) {
+bool EnsureConstructionFile(const ConstructionChoice& choice) {
+    if (!choice.ConstructionFileName.Name().isEmpty()) {
         return true;
     }
-    const bool makeNew =
-        desktop.Question(QStringLiteral("Do you want to create a new Signal?"), QStringLiteral("Arbitrary Editor"));
-    return makeNew ? ChooseNewConstructionFile(ConstructionFileName, boxfile, desktop)
-                   : ChooseConstructionFile(ConstructionFileName, boxfile, desktop);
+    const bool makeNew = choice.desktop.Question(QStringLiteral("Do you want to create a new Signal?"),
+                                                 QStringLiteral("Arbitrary Editor"));
+    return makeNew ? ChooseNewConstructionFile(choice) : ChooseConstructionFile(choice);
 }
 
-bool ChooseNewConstructionFile(FixedName& ConstructionFileName, FileBox& boxfile, Desktop& desktop) {
-    boxfile.FileName = QStringLiteral("*.con");
-    const QString chosen = boxfile.ShowSave(Request(QStringLiteral("New construction data"), QStringLiteral("con")));
-    if (!Take(ConstructionFileName, chosen, desktop)) {
+bool ChooseNewConstructionFile(const ConstructionChoice& choice) {
+    const QString title = QStringLiteral("New construction data");
+    choice.boxfile.FileName = QStringLiteral("*.con");
+    const QString chosen = choice.boxfile.ShowSave(Request(title, QStringLiteral("con")));
+    if (IsHeld(chosen, choice.heldFiles)) {
+        choice.desktop.MessageBox(u"The editor works on this file. Please choose another name:\n" + chosen, title);
         return false;
     }
-    CreateConstructionFile(ConstructionFileName.Name());
-    SaveConstructionFile(ConstructionFileName.Name());
+    if (!Take(choice, chosen)) {
+        return false;
+    }
+    CreateConstructionFile(choice.ConstructionFileName.Name());
+    SaveConstructionFile(choice.ConstructionFileName.Name());
     return true;
 }
 
-bool ChooseConstructionFile(FixedName& ConstructionFileName, FileBox& boxfile, Desktop& desktop) {
-    boxfile.FileName = QStringLiteral("*.con");
-    return Take(ConstructionFileName,
-                boxfile.ShowOpen(Request(QStringLiteral("Select construction data"), QStringLiteral("CON"))), desktop);
+bool ChooseConstructionFile(const ConstructionChoice& choice) {
+    choice.boxfile.FileName = QStringLiteral("*.con");
+    return Take(choice,
+                choice.boxfile.ShowOpen(Request(QStringLiteral("Select construction data"), QStringLiteral("CON"))));
 }

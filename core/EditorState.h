@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtGlobal>
+#include <array>
+
+// What the waveform editor remembers, also while its form is closed. Addresses run from 0 to the LastAdr of the current
+// memory size; values from -2047 to 2047, in the band around the view up to 2060.
+struct EditorState {
+    // The spline through the construction points, one value for each address, as the last spline view left it.
+    std::array<qint16, 16385> ArbSignal{};
+    // What was copied or read, in the order of taking.
+    std::array<qint16, 16385> CopyBuffer{};
+
+    qint16 ViewLeft = 1000;  // the part shown in Picture2; 0 <= ViewLeft < ViewRight <= LastAdr
+    qint16 ViewRight = 2000;
+    qint16 ViewMargin = 0;  // width of the shaded strip at either side of it
+
+    bool ZoomDragging = false;  // a view is being chosen by a drag in Picture1
+    qint16 ZoomDragFrom = 0;
+    qint16 ZoomDragTo = -1;  // -1 until the second mouse move
+
+    float CrossX = 0.0F;  // where the crosshair stands
+    float CrossY = 0.0F;
+    bool CrossFresh = true;  // the picture was cleared: no old crosshair to take away
+
+    bool LineActive = false;  // the first click of a line was made
+    float LineX1 = 0.0F;      // the first point of the line, after the second click its left end
+    float LineY1 = 0.0F;
+    float LineX2 = -1.0F;  // its moving end; -1 from the first click to the first mouse move
+    float LineY2 = 0.0F;
+
+    bool CopyDragging = false;
+    qint16 CopyStart = 0;  // where the last Copy drag began and ended; no distance counts as an empty buffer
+    qint16 CopyEnd = 0;    // -1 during the first move of a drag
+    bool PasteDragging = false;
+    qint16 PasteAt = 0;  // lowest address of the paste
+
+    bool EditorRedrawPending = false;  // Timer1 redraws at its next tick
+    bool EditorOpen = false;           // the form is loaded
+};

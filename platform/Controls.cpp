@@ -1,0 +1,28 @@
+#include "platform/Controls.h"
+
+QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
+    auto* const frame = new QGroupBox(title, parent);
+    frame->setObjectName(name);
+    return frame;
+}
+
+QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWidget* buddy) {
+    auto* const label = new QLabel(text, parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(buddy);
+    return label;
+}
+
+QMenu* AddMenu(QMenuBar* bar, const char* name, const char* caption) {
+    QMenu* const menu = bar->addMenu(QString::fromLatin1(caption));
+    menu->setObjectName(QString::fromLatin1(name));
+    menu->setToolTipsVisible(true);
+    return menu;
+}
+
+QAction* AddItem(QMenu* menu, const char* name, const char* caption) {
+    QAction* const action = menu->addAction(QString::fromLatin1(caption));
+    action->setObjectName(QString::fromLatin1(name));
+    return action;
+}
