@@ -13,3 +13,6 @@ inline qint16 HeldSample(double value) {
     constexpr double kHighest = kHighestSample;
     return static_cast<qint16>(NearestEven(std::clamp(value, -kHighest, kHighest)));
 }
+
+// A position of the pointer as an address or a value.
+inline qint16 Nearest(double value) { return static_cast<qint16>(NearestEven(value)); }

@@ -2,14 +2,11 @@
 
 #include <algorithm>
 
-#include "core/Numbers.h"
 #include "editor/Samples.h"
 
 namespace {
 
 constexpr int kNarrowestView = 40;  // addresses
-
-int Nearest(double value) { return static_cast<int>(NearestEven(value)); }
 
 // Shifts the view onto the axis; one wider than the axis becomes the whole axis.
 View HoldView(View view, int LastAdr) {

@@ -8,6 +8,7 @@
 #include "overview/Manuals.h"
 #include "panel/PreferencesFile.h"
 #include "platform/FormPlace.h"
+#include "storage/SettingFile.h"
 
 Main::Main(const MainServices& services)
     : services_(services),
@@ -90,6 +91,7 @@ void Main::ConnectMenu() {
     onTrigger(menu_->mnuStArb4, [this] { Main_mnuStArb4_Click(); });
     onTrigger(menu_->mnuRdArb16, [this] { Main_mnuRdArb16_Click(); });
     onTrigger(menu_->mnuStArb16, [this] { Main_mnuStArb16_Click(); });
+    onTrigger(menu_->mnueditor, [this] { Main_mnueditor_Click(); });
     onTrigger(menu_->mnucom, [this] { Main_mnucom_Click(); });
     onTrigger(menu_->mnuexit, [this] { close(); });
     onTrigger(menu_->mnuhilfe,
@@ -137,6 +139,9 @@ void Main::closeEvent(QCloseEvent* event) {
 
 void Main::Main_Form_Unload() {
     unloaded_ = true;
+    if (EditorOpen()) {
+        editor_->close();
+    }
     if (comset_ != nullptr) {
         comset_->close();
     }
@@ -281,6 +286,9 @@ void Main::Main_SSTab1_Click(int tab) {
 void Main::Main_mnulset_Click() {
     if (!RefuseWhileRunning() && settingFiles_.Load()) {
         RefreshPanel();
+        if (EditorOpen()) {
+            editor_->FollowSettingFile();
+        }
         desktop_.BusyOff();
     }
 }
@@ -288,8 +296,27 @@ void Main::Main_mnulset_Click() {
 // A memory must not be saved half read, nor a transfer wait for a dialog.
 void Main::Main_mnusset_Click() {
     if (!RefuseWhileRunning()) {
-        settingFiles_.Save();
+        settingFiles_.Save(HeldFiles());
     }
+}
+
+// An editor that is open already only comes to the front.
+void Main::Main_mnueditor_Click() {
+    if (RefuseWhileRunning() || !settingFiles_.SaveForEditor(HeldFiles())) {
+        return;
+    }
+    if (!EditorOpen()) {
+        editor_.reset(new Editor(program_, desktop_, boxfile, *this));
+        editor_->Editor_Form_Load();
+    }
+    editor_->show();
+    editor_->raise();
+    editor_->activateWindow();
+}
+
+void Main::LoadSettingFile() {
+    ::LoadSettingFile(program_.SettingFileName.Name(), program_.panel, program_.memories);
+    RefreshPanel();
 }
 
 void Main::Main_mnucom_Click() {

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "core/ProgramState.h"
+#include "editor/Editor.h"
 #include "link/Link.h"
 #include "overview/AboutForm.h"
 #include "panel/Comset.h"
@@ -34,9 +35,14 @@ struct MainServices {
     Comset::PortDescriber describePort;
 };
 
+// A form may be replaced while one of its own routines waits for events.
+struct DeleteLater {
+    void operator()(QObject* form) const { form->deleteLater(); }
+};
+
 // The panel in front of the instrument. It composes the rule groups, and holds what belongs to none of them: start-up
 // and shutdown, the menu, the switch of the link, Read and Set.
-class Main : public QMainWindow, private LinkFront {
+class Main : public QMainWindow, private LinkFront, private EditorHost {
     Q_OBJECT
 
   public:
@@ -59,6 +65,11 @@ class Main : public QMainWindow, private LinkFront {
     void ShowProgress(int value) override;
     void HideTransfer() override;
 
+    // EditorHost
+    void LoadSettingFile() override;
+    void DrawOverviewSignal() override { overview_->DrawOverviewSignal(); }
+    bool RefuseWhileRunning() override;
+
     void Main_Form_Unload();
     void SaveOnExit();
     void Main_cRM_MouseUp();
@@ -73,13 +84,15 @@ class Main : public QMainWindow, private LinkFront {
     void Main_mnuStArb16_Click() { Transfer(&MemoryTransfer::SendArb16); }
     void Main_mnulset_Click();
     void Main_mnusset_Click();
+    void Main_mnueditor_Click();
     void Main_mnucom_Click();
     void Main_mnuabout_Click();
 
     void MakeControls();
     void ConnectControls();
     void ConnectMenu();
-    bool RefuseWhileRunning();
+    bool EditorOpen() const { return editor_ != nullptr && program_.editor.EditorOpen; }
+    QStringList HeldFiles() const { return EditorOpen() ? editor_->HeldFiles() : QStringList(); }
     bool ReadyForCommand();
     void ReadAndRefresh();
     void OnGateChanged(bool running);
@@ -123,4 +136,5 @@ class Main : public QMainWindow, private LinkFront {
     std::unique_ptr<ModeGroup> mode_;
     std::unique_ptr<OverviewGroup> overview_;
     std::unique_ptr<Comset> comset_;
+    std::unique_ptr<Editor, DeleteLater> editor_;  // the form of the latest opening
 };

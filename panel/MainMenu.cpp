@@ -1,21 +1,6 @@
 #include "panel/MainMenu.h"
 
-namespace {
-
-QMenu* AddMenu(QMenuBar* bar, const char* name, const char* caption) {
-    QMenu* const menu = bar->addMenu(QString::fromLatin1(caption));
-    menu->setObjectName(QString::fromLatin1(name));
-    menu->setToolTipsVisible(true);
-    return menu;
-}
-
-QAction* AddItem(QMenu* menu, const char* name, const char* caption) {
-    QAction* const action = menu->addAction(QString::fromLatin1(caption));
-    action->setObjectName(QString::fromLatin1(name));
-    return action;
-}
-
-}  // namespace
+#include "platform/Controls.h"
 
 MainMenu::MainMenu(QMenuBar* bar) {
     QMenu* const mnudata = AddMenu(bar, "mnudata", "&Data");
@@ -33,5 +18,4 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnuhilfe = AddItem(mnuab, "mnuhilfe", "Handbuch deutsch (PDF)");
     mnuhelp = AddItem(mnuab, "mnuhelp", "Manual english (PDF)");
     mnuabout = AddItem(mnuab, "mnuabout", "About");
-    mnueditor->setEnabled(false);  // the editor isn't there yet
 }

@@ -1,0 +1,245 @@
+#include "editor/Editor.h"
+
+#include <QCloseEvent>
+
+#include "editor/PenLook.h"
+#include "editor/ViewRules.h"
+#include "platform/Controls.h"
+#include "platform/FormPlace.h"
+
+namespace {
+
+constexpr int kRedrawIntervalMs = 1000;
+
+}  // namespace
+
+Editor::Editor(ProgramState& program, Desktop& desktop, FileBox& boxfile, EditorHost& host)
+    : program_(program), desktop_(desktop), host_(host), tables_(desktop) {
+    setObjectName(QStringLiteral("Editor"));
+    MakeControls();
+    view_ = std::make_unique<EditorView>(program.editor, program.memories, *Picture1, *Picture2);
+    const EditorContext context{program, desktop, *this, tables_, *view_};
+    pointer_ = std::make_unique<ViewPointer>(context, strip_);
+    pens_ = std::make_unique<Pens>(context);
+    drags_ = std::make_unique<PenDrags>(context);
+    entry_ = std::make_unique<PointEntry>(context, strip_);
+    generation_ = std::make_unique<Generation>(context);
+    mode_ = std::make_unique<EditMode>(context, boxfile);
+    Arrange();
+    ConnectControls();
+    ConnectMenu();
+}
+
+void Editor::MakeControls() {
+    setCentralWidget(new QWidget(this));
+    paper_ = new QWidget(centralWidget());
+    Picture1 = new PictureBox(paper_);
+    Picture1->setObjectName(QStringLiteral("Picture1"));
+    Picture1->setAccessibleName(QStringLiteral("The whole waveform; a drag chooses the part shown enlarged"));
+    Picture1->setToolTip(QStringLiteral("Drag to choose the part shown below"));
+    strip_ = new QWidget(paper_);
+    Picture2 = new PictureBox(paper_);
+    Picture2->setObjectName(QStringLiteral("Picture2"));
+    Picture2->setAccessibleName(QStringLiteral("Part of the waveform, enlarged, for drawing"));
+    hint_ = MakeLabel(QStringLiteral("hint"), QString(), paper_);
+
+    opEditmode = std::make_unique<OptionGroup>(
+        QStringLiteral("opEditmode"), QStringList{QStringLiteral("Edit memory"), QStringLiteral("Edit signal")},
+        strip_);
+    opEditmode->SetAccessibleName(QStringLiteral("What is edited"));
+    opPenmode = std::make_unique<OptionGroup>(QStringLiteral("opPenmode"),
+                                              QStringList{QStringLiteral("Set Point/Line"), QStringLiteral("Delete"),
+                                                          QStringLiteral("Copy"), QStringLiteral("Paste")},
+                                              strip_);
+    opPenmode->SetAccessibleName(QStringLiteral("Pen"));
+    Opintmode = std::make_unique<OptionGroup>(QStringLiteral("Opintmode"),
+                                              QStringList{QStringLiteral("Linear"), QStringLiteral("Spline")}, strip_);
+    Opintmode->SetAccessibleName(QStringLiteral("Interpolation of the signal"));
+    Marker = new QCheckBox(QStringLiteral("V. points"), strip_);
+    Marker->setObjectName(QStringLiteral("Marker"));
+    Marker->setAccessibleName(QStringLiteral("Show the points of the view as dots"));
+    Marker->setToolTip(QStringLiteral("Show the points of the view as dots"));
+    opFit = new QPushButton(QStringLiteral("Fit copied to signal"), strip_);
+    opFit->setObjectName(QStringLiteral("opFit"));
+    opFit->setAccessibleName(QStringLiteral("Fit the copied stretch to the whole signal"));
+    opFit->setToolTip(QStringLiteral("Stretch what was copied over the whole axis, as the points of the signal"));
+    Timer1.setObjectName(QStringLiteral("Timer1"));
+    Timer1.setInterval(kRedrawIntervalMs);
+    menu_ = std::make_unique<EditorMenu>(menuBar());
+}
+
+void Editor::ConnectControls() {
+    const auto requestRedraw = [this] { program_.editor.EditorRedrawPending = true; };
+    connect(&Timer1, &QTimer::timeout, this, &Editor::Editor_Timer1_Timer);
+    connect(Marker, &QCheckBox::clicked, this, requestRedraw);
+    connect(Picture1, &PictureBox::MouseMove, this,
+            [this](int buttons, float x, float) { pointer_->DragView(buttons, x); });
+    connect(Picture2, &PictureBox::MouseDown, this, &Editor::Editor_Picture2_MouseDown);
+    connect(Picture2, &PictureBox::MouseMove, this, &Editor::Editor_Picture2_MouseMove);
+    for (PictureBox* const picture : {Picture1, Picture2}) {
+        connect(picture, &PictureBox::RedrawNeeded, this, [this, requestRedraw] {
+            view_->ForgetStrokes();
+            requestRedraw();
+        });
+    }
+    opEditmode->Select(0);
+    opPenmode->Select(0);
+    Opintmode->Select(0);
+    opEditmode->SetClick([this](int index) { mode_->opEditmode_Click(index); });
+    opPenmode->SetClick([this](int index) { Editor_opPenmode_Click(index); });
+    Opintmode->SetClick([this](int) { DrawEditor(); });
+    for (QAbstractButton* const option : opPenmode->Options()) {
+        option->installEventFilter(this);
+    }
+    paper_->installEventFilter(this);
+}
+
+void Editor::ConnectMenu() {
+    for (QAction* const size : {menu_->mnu4ksig, menu_->mnu16ksig}) {
+        connect(size, &QAction::triggered, this, [this] { DrawEditor(); });
+    }
+    connect(menu_->mnuncon, &QAction::triggered, this, [this] { mode_->mnuncon_Click(); });
+    connect(menu_->mnulcon, &QAction::triggered, this, [this] { mode_->mnulcon_Click(); });
+    connect(menu_->mnudelete, &QAction::triggered, this, [this] { generation_->mnudelete_Click(); });
+    connect(menu_->mnulinint, &QAction::triggered, this, [this] { generation_->mnulinint_Click(); });
+}
+
+void Editor::Editor_Form_Load() {
+    EditorState& editor = program_.editor;
+    editor.EditorOpen = true;
+    tables_.DatabaseName = program_.SettingFileName.Name();
+    menu_->mnu4ksig->setChecked(true);
+    Marker->setChecked(true);
+    editor.ViewLeft = kFirstView.left;
+    editor.ViewRight = kFirstView.right;
+    editor.LineActive = false;
+    editor.CopyDragging = false;
+    editor.PasteDragging = false;
+    const Preferences& preferences = program_.preferences;
+    ApplyWindowState(*this, preferences.EditorWindowState);
+    SizeForm(*this, preferences.EditorWidth, preferences.EditorHeight);
+    MoveForm(*this, preferences.EditorLeft, preferences.EditorTop);
+    SetEditorCaptionMemory();
+    Timer1.start();
+}
+
+void Editor::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // The first picture need not wait for the timer's first second.
+    QMetaObject::invokeMethod(this, &Editor::Editor_Timer1_Timer, Qt::QueuedConnection);
+}
+
+void Editor::closeEvent(QCloseEvent* event) {
+    if (program_.editor.EditorOpen && host_.RefuseWhileRunning()) {
+        event->ignore();
+        return;
+    }
+    if (program_.editor.EditorOpen) {
+        Editor_Form_Unload();
+    }
+    event->accept();
+}
+
+void Editor::Editor_Form_Unload() {
+    Timer1.stop();
+    Preferences& preferences = program_.preferences;
+    preferences.EditorWindowState = WindowStateNumber(*this);
+    if (preferences.EditorWindowState == 0) {
+        preferences.EditorTop = FormTop(*this);
+        preferences.EditorLeft = FormLeft(*this);
+        preferences.EditorWidth = FormWidth(*this);
+        preferences.EditorHeight = FormHeight(*this);
+    }
+    desktop_.BusyOn();
+    host_.LoadSettingFile();
+    host_.DrawOverviewSignal();
+    desktop_.BusyOff();
+    program_.editor.EditorOpen = false;
+}
+
+void Editor::FollowSettingFile() {
+    mode_->EditMemory();
+    program_.editor.EditorRedrawPending = true;
+}
+
+EditTarget Editor::Target() const { return opEditmode->Selected() == 0 ? EditTarget::Memory : EditTarget::Signal; }
+
+void Editor::SetEditorCaptionMemory() { ShowMode(program_.SettingFileName, EditTarget::Memory); }
+
+void Editor::SetEditorCaptionSignal() { ShowMode(program_.ConstructionFileName, EditTarget::Signal); }
+
+// Selecting the other mode runs its click routine, nested.
+void Editor::ShowMode(const FixedName& file, EditTarget target) {
+    setWindowTitle(u"Arbitrary Editor    " + file.Name());
+    Select(target);
+    Select(Pen::Draw);
+    const bool signal = target == EditTarget::Signal;
+    opPenmode->Option(static_cast<int>(Pen::Copy))->setEnabled(!signal);
+    for (QAbstractButton* const option : Opintmode->Options()) {
+        option->setEnabled(signal);
+    }
+    ShowPen();
+}
+
+void Editor::ShowPen() {
+    Picture2->setCursor(PenCursor(SelectedPen()));
+    for (const Pen pen : {Pen::Draw, Pen::Delete, Pen::Copy, Pen::Paste}) {
+        opPenmode->Option(static_cast<int>(pen))->setToolTip(PenHint(pen, Target()));
+    }
+    hint_->setText(PenHint(SelectedPen(), Target()) + u"  Right click in a shaded strip: next page.");
+}
+
+// Nothing was copied yet: there is nothing to paste.
+void Editor::Editor_opPenmode_Click(int index) {
+    if (index == static_cast<int>(Pen::Paste) && program_.editor.CopyEnd == program_.editor.CopyStart) {
+        Select(Pen::Copy);
+    }
+    ShowPen();
+}
+
+void Editor::DrawEditor() {
+    desktop_.BusyOn();
+    program_.editor.PasteDragging = false;
+    program_.editor.CopyDragging = false;
+    view_->Clear(Size());
+    const bool memory = Target() == EditTarget::Memory;
+    const FixedName& file = memory ? program_.SettingFileName : program_.ConstructionFileName;
+    std::vector<Record> records;
+    if (tables_.Read(file.Name(), Size(), records, Telling::Once)) {
+        view_->Draw({Size(), Target(), SplineSelected(), Marker->isChecked(), records});
+    }
+    desktop_.BusyOff();
+}
+
+// Any number of requests make one redraw.
+void Editor::Editor_Timer1_Timer() {
+    if (program_.editor.EditorOpen && std::exchange(program_.editor.EditorRedrawPending, false)) {
+        DrawEditor();
+    }
+}
+
+void Editor::Editor_Picture2_MouseDown(int button, float x, float y) {
+    if (button == 2) {
+        pointer_->Page(x);
+    } else if (button == 1) {
+        pens_->Press(x, y);
+    }
+}
+
+void Editor::Editor_Picture2_MouseMove(int buttons, float x, float y) {
+    const float heldX = ClampX(x, {program_.editor.ViewLeft, program_.editor.ViewRight});
+    const float heldY = ClampY(y);
+    pointer_->ShowPosition(heldX, heldY);
+    drags_->Move(buttons, heldX, heldY);
+}
+
+bool Editor::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == paper_) {
+        if (event->type() == QEvent::Resize && !isMinimized()) {
+            Editor_Form_Resize();
+        }
+    } else if (event->type() == QEvent::MouseButtonRelease) {
+        TakeFocus(entry_->Text1[0]);  // behind the choice of a pen the keyboard goes on with the address
+    }
+    return QMainWindow::eventFilter(watched, event);
+}

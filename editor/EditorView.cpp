@@ -1,0 +1,240 @@
+#include "editor/EditorView.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "editor/Spline.h"
+#include "editor/ViewRules.h"
+
+namespace {
+
+using Drawing = PictureBox::Drawing;
+
+// The fixed look of the pictures, the same in every desktop theme.
+constexpr QColor kOverviewBack{255, 192, 128};
+constexpr QColor kDetailBack{255, 255, 128};
+constexpr QColor kGrid{192, 192, 192};
+constexpr QColor kCurve{0, 0, 0};
+constexpr QColor kDot{255, 0, 0};  // light red
+constexpr QColor kStrip{192, 192, 255};
+constexpr QColor kPenStroke{0, 128, 0};  // green
+
+constexpr double kTop = 2047.0;        // of Picture1: the highest sample
+constexpr double kDetailTop = 2060.0;  // of Picture2: leaves a strip above it
+constexpr double kGridWidth = 1.0;
+constexpr double kCentreWidth = 2.0;
+constexpr double kOverviewCurveWidth = 2.0;
+constexpr double kOverviewSplineWidth = 1.0;
+constexpr double kDetailCurveWidth = 3.0;
+constexpr double kDotWidth = 7.0;
+
+void SetPen(Drawing& drawing, const QColor& color, double width) {
+    drawing.ForeColor = color;
+    drawing.DrawWidth = width;
+}
+
+void Dot(Drawing& detail, const Record& record) {
+    SetPen(detail, kDot, kDotWidth);
+    detail.PSet(record.Adr, record.Value);
+}
+
+void CurveStroke(Drawing& detail, const Record& from, const Record& to) {
+    SetPen(detail, kCurve, kDetailCurveWidth);
+    detail.Line(from.Adr, from.Value, to.Adr, to.Value);
+}
+
+}  // namespace
+
+EditorView::EditorView(EditorState& editor, ArbMemories& memories, PictureBox& overview, PictureBox& detail)
+    : Picture1(overview),
+      Picture2(detail),
+      Cross(detail),
+      ZoomBox(overview),
+      editor_(editor),
+      memories_(memories),
+      band1_(overview),
+      band2_(detail),
+      dragBox1_(overview),
+      dragBox2_(detail) {
+    Picture1.SetBackColor(kOverviewBack);
+    Picture2.SetBackColor(kDetailBack);
+}
+
+void EditorView::FitScales(const MemorySize& size) {
+    const View view = FitView({editor_.ViewLeft, editor_.ViewRight}, size.LastAdr);
+    editor_.ViewLeft = static_cast<qint16>(view.left);
+    editor_.ViewRight = static_cast<qint16>(view.right);
+    editor_.ViewMargin = static_cast<qint16>(ViewMargin(view));
+    Picture1.SetScale(0.0, size.LastAdr, kTop, -2.0 * kTop);
+    Picture2.SetScale(view.left - editor_.ViewMargin, view.right - view.left + 2 * editor_.ViewMargin, kDetailTop,
+                      -2.0 * kDetailTop);
+}
+
+void EditorView::Clear(const MemorySize& size) {
+    FitScales(size);
+    Drawing(Picture1).Cls();
+    Drawing(Picture2).Cls();
+    ForgetStrokes();
+}
+
+void EditorView::Draw(const EditorScene& scene) {
+    {
+        Drawing overview(Picture1);
+        Drawing detail(Picture2);
+        DrawGround(overview, detail, scene.size);
+        if (scene.records.size() >= 3 && scene.target == EditTarget::Signal && scene.spline) {
+            DrawSplineView(overview, detail, scene);
+        } else {
+            CopyToMemory(scene);
+            DrawPolylineView(overview, detail, scene);
+        }
+    }
+    if (editor_.LineActive && editor_.LineX2 >= 0.0F) {
+        ShowBand({QLineF(editor_.LineX1, editor_.LineY1, editor_.LineX2, editor_.LineY2)});
+    }
+}
+
+void EditorView::DrawGround(Drawing& overview, Drawing& detail, const MemorySize& size) const {
+    overview.ForeColor = kDetailBack;
+    overview.Box(editor_.ViewLeft, -kTop, editor_.ViewRight, kTop);
+    SetPen(overview, kGrid, kCentreWidth);
+    overview.Line(0.0, 0.0, size.LastAdr, 0.0);
+    for (int x = size.gridFirst; x <= size.gridLimit; x += size.gridStep) {
+        const double width = x == size.gridCentre ? kCentreWidth : kGridWidth;
+        SetPen(overview, kGrid, width);
+        overview.Line(x, -kTop, x, kTop);
+        if (InView(x)) {
+            SetPen(detail, kGrid, width);
+            detail.Line(x, -kTop, x, kTop);
+        }
+    }
+    SetPen(detail, kGrid, kCentreWidth);
+    detail.Line(editor_.ViewLeft, 0.0, editor_.ViewRight, 0.0);
+}
+
+void EditorView::DrawSplineView(Drawing& overview, Drawing& detail, const EditorScene& scene) {
+    ComputeSpline(scene.records, scene.size.LastAdr, editor_.ArbSignal);
+    const std::array<qint16, 16385>& signal = editor_.ArbSignal;
+    std::vector<QLineF> all;
+    std::vector<QLineF> inView;
+    for (int i = 1; i <= scene.size.LastAdr; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        const QLineF stroke(i - 1, signal[at - 1], i, signal[at]);
+        all.push_back(stroke);
+        if (InView(i)) {
+            inView.push_back(stroke);
+        }
+    }
+    SetPen(overview, kCurve, kOverviewSplineWidth);
+    overview.Lines(all);
+    SetPen(detail, kCurve, kDetailCurveWidth);
+    detail.Lines(inView);
+    for (const Record& record : scene.records) {
+        if (scene.markers && InView(record.Adr)) {
+            Dot(detail, record);
+        }
+    }
+    DrawSideStrips(detail);
+    SetPen(detail, kStrip, kDetailCurveWidth);
+    detail.Line(editor_.ViewLeft, kTop, editor_.ViewLeft, kDetailTop);
+    detail.Line(editor_.ViewRight, -kDetailTop, editor_.ViewRight, -kTop);
+}
+
+// The array follows the table here. Of a signal the first point stays out.
+void EditorView::CopyToMemory(const EditorScene& scene) {
+    const std::span<qint16> memory = scene.size.samples(memories_);
+    const std::size_t first = scene.target == EditTarget::Memory ? 0 : 1;
+    for (std::size_t i = first; i < scene.records.size(); ++i) {
+        const Record& record = scene.records[i];
+        if (record.Adr >= 0 && static_cast<std::size_t>(record.Adr) < memory.size()) {
+            memory[static_cast<std::size_t>(record.Adr)] = record.Value;
+        }
+    }
+}
+
+void EditorView::DrawPolylineView(Drawing& overview, Drawing& detail, const EditorScene& scene) {
+    std::vector<QLineF> strokes;
+    for (std::size_t i = 1; i < scene.records.size(); ++i) {
+        const Record& from = scene.records[i - 1];
+        const Record& to = scene.records[i];
+        strokes.emplace_back(from.Adr, from.Value, to.Adr, to.Value);
+    }
+    SetPen(overview, kCurve, kOverviewCurveWidth);
+    overview.Lines(strokes);
+    DrawPolylineDetail(detail, scene);
+    DrawSideStrips(detail);
+    detail.Box(editor_.ViewLeft, kTop + 1.0, editor_.ViewRight, kDetailTop);
+    detail.Box(editor_.ViewLeft, -kDetailTop, editor_.ViewRight, -kTop - 1.0);
+}
+
+// Strokes that begin left of the view are covered by the strips, which come last.
+void EditorView::DrawPolylineDetail(Drawing& detail, const EditorScene& scene) const {
+    const std::span<const Record> records = scene.records;
+    std::optional<std::size_t> lastInView;
+    std::optional<std::size_t> firstAfter;
+    for (std::size_t i = 1; i < records.size(); ++i) {
+        if (InView(records[i].Adr)) {
+            if (scene.markers) {
+                Dot(detail, records[i]);
+            }
+            CurveStroke(detail, records[i - 1], records[i]);
+            lastInView = i;
+        }
+        if (records[i].Adr >= editor_.ViewRight && !firstAfter) {
+            firstAfter = i;
+        }
+    }
+    if (scene.markers && !records.empty()) {
+        Dot(detail, records.back());
+    }
+    if (!lastInView && firstAfter) {
+        CurveStroke(detail, records[*firstAfter - 1], records[*firstAfter]);  // it crosses the whole view
+    } else if (lastInView && firstAfter && records[*lastInView].Adr < editor_.ViewRight) {
+        CurveStroke(detail, records[*lastInView], records[*firstAfter]);
+        if (scene.markers) {
+            Dot(detail, records[*lastInView]);
+        }
+    }
+}
+
+void EditorView::DrawSideStrips(Drawing& detail) const {
+    detail.ForeColor = kStrip;
+    detail.Box(editor_.ViewLeft - editor_.ViewMargin, -kDetailTop, editor_.ViewLeft, kDetailTop);
+    detail.Box(editor_.ViewRight, -kDetailTop, editor_.ViewRight + editor_.ViewMargin, kDetailTop);
+}
+
+void EditorView::TakeOffStrokes() {
+    for (InvertedStrokes* const strokes : {&Cross, &ZoomBox, &band1_, &band2_, &dragBox1_, &dragBox2_}) {
+        strokes->TakeOff();
+    }
+}
+
+void EditorView::ForgetStrokes() {
+    for (InvertedStrokes* const strokes : {&Cross, &ZoomBox, &band1_, &band2_, &dragBox1_, &dragBox2_}) {
+        strokes->Forget();
+    }
+    editor_.CrossFresh = true;
+}
+
+void EditorView::ShowBand(const std::vector<QLineF>& lines) {
+    const auto strokes = [&lines](double width) {
+        std::vector<Stroke> drawn;
+        for (const QLineF& line : lines) {
+            drawn.push_back({Stroke::Shape::Line, line, kPenStroke, width});
+        }
+        return drawn;
+    };
+    band1_.Show(strokes(1.0));
+    band2_.Show(strokes(3.0));
+}
+
+void EditorView::ShowDragBox(int from, double to) {
+    const Stroke box{Stroke::Shape::Box, QLineF(from, -kTop, to, kTop), kPenStroke};
+    dragBox1_.Show({box});
+    dragBox2_.Show({box});
+}
+
+void EditorView::ForgetDragBox() {
+    dragBox1_.Forget();
+    dragBox2_.Forget();
+}

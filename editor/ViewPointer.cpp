@@ -1,0 +1,87 @@
+#include "editor/ViewPointer.h"
+
+#include <algorithm>
+
+#include "editor/Samples.h"
+#include "editor/ViewRules.h"
+#include "platform/Controls.h"
+
+namespace {
+
+constexpr QColor kCrosshair{0, 0, 255};    // light blue
+constexpr QColor kZoomBox{192, 192, 192};  // white
+constexpr double kTop = 2047.0;
+
+void SetView(EditorState& editor, View view) {
+    editor.ViewLeft = static_cast<qint16>(view.left);
+    editor.ViewRight = static_cast<qint16>(view.right);
+}
+
+}  // namespace
+
+ViewPointer::ViewPointer(const EditorContext& context, QWidget* parent) : context_(context) {
+    corint = {MakeLabel(QStringLiteral("corint_0"), QStringLiteral("X:"), parent),
+              MakeLabel(QStringLiteral("corint_1"), QStringLiteral("Y:"), parent)};
+    corper = {MakeLabel(QStringLiteral("corper_0"), QStringLiteral("X: %"), parent),
+              MakeLabel(QStringLiteral("corper_1"), QStringLiteral("Y: %"), parent)};
+}
+
+void ViewPointer::DragView(int buttons, float x) {
+    EditorState& editor = context_.program.editor;
+    // A drag may leave the picture.
+    const auto held = std::clamp(x, 0.0F, static_cast<float>(context_.front.Size().LastAdr));
+    const auto at = Nearest(held);
+    if (buttons != 1) {
+        if (editor.ZoomDragging) {
+            EndDrag(at);
+        }
+        return;
+    }
+    if (!editor.ZoomDragging) {
+        editor.ZoomDragging = true;
+        editor.ZoomDragFrom = at;
+        editor.ZoomDragTo = -1;
+        return;
+    }
+    const double to = editor.ZoomDragTo == -1 ? held : at;
+    editor.ZoomDragTo = at;
+    context_.view.ZoomBox.Show({{Stroke::Shape::Box, QLineF(editor.ZoomDragFrom, -kTop, to, kTop), kZoomBox}});
+}
+
+void ViewPointer::EndDrag(int to) {
+    EditorState& editor = context_.program.editor;
+    editor.ZoomDragging = false;
+    editor.ZoomDragTo = static_cast<qint16>(to);
+    context_.view.ZoomBox.Forget();  // it stays until the redraw
+    SetView(editor, ZoomView(editor.ZoomDragFrom, to, context_.front.Size().LastAdr));
+    editor.EditorRedrawPending = true;
+}
+
+void ViewPointer::Page(float x) {
+    EditorState& editor = context_.program.editor;
+    const View view{editor.ViewLeft, editor.ViewRight};
+    if (const auto paged = PageView(view, x, context_.front.Size().LastAdr)) {
+        SetView(editor, *paged);
+    } else {
+        editor.LineActive = false;
+    }
+    context_.front.DrawEditor();
+}
+
+void ViewPointer::ShowPosition(float x, float y) {
+    EditorState& editor = context_.program.editor;
+    const UserNumbers& numbers = context_.program.numbers;
+    const auto percent = [&numbers](float value) { return numbers.Picture(value, "0.0") + u'%'; };
+    corint[0]->setText(u"X= " + QString::number(Nearest(x)));
+    corint[1]->setText(u"Y= " + QString::number(Nearest(y)));
+    corper[0]->setText(u"X= " + percent(PercentX(x, context_.front.Size().LastAdr)));
+    corper[1]->setText(u"Y= " + percent(PercentY(y)));
+    if (editor.CrossFresh) {
+        context_.view.Cross.Forget();
+    }
+    context_.view.Cross.Show({{Stroke::Shape::Line, QLineF(x, kTop, x, -kTop), kCrosshair},
+                              {Stroke::Shape::Line, QLineF(editor.ViewLeft, y, editor.ViewRight, y), kCrosshair}});
+    editor.CrossX = x;
+    editor.CrossY = y;
+    editor.CrossFresh = false;
+}
