@@ -71,7 +71,7 @@ void ViewPointer::Page(float x) {
 void ViewPointer::ShowPosition(float x, float y) {
     EditorState& editor = context_.program.editor;
     const UserNumbers& numbers = context_.program.numbers;
-    const auto percent = [&numbers](float value) { return numbers.Picture(value, "0.0") + u'%'; };
+    const auto percent = [&numbers](float value) -> QString { return numbers.Picture(value, "0.0") + u'%'; };
     corint[0]->setText(u"X= " + QString::number(Nearest(x)));
     corint[1]->setText(u"Y= " + QString::number(Nearest(y)));
     corper[0]->setText(u"X= " + percent(PercentX(x, context_.front.Size().LastAdr)));
