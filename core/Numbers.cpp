@@ -73,7 +73,12 @@ QString FormatPicture(double value, const char* picture, char separator) {
     return QString::fromLatin1(value < 0.0 && !zero ? '-' + text : text);
 }
 
-double ReadHeadNumber(const QString& text) {
+double ReadHeadNumber(QStringView text) {
+    const double value = ReadHeadNumberUnbounded(text);
+    return std::isfinite(value) ? value : 0.0;
+}
+
+double ReadHeadNumberUnbounded(QStringView text) {
     QByteArray plain;
     for (const QChar c : text) {
         if (c != u' ' && c != u'\t' && c != u'\n') {
@@ -90,7 +95,10 @@ double ReadHeadNumber(const QString& text) {
     const char* const last = plain.constData() + plain.size();
     double value = 0.0;
     const auto result = std::from_chars(first, last, value);
-    return result.ec == std::errc() ? value : 0.0;
+    if (result.ec == std::errc::result_out_of_range) {
+        return QString::fromLatin1(first, result.ptr - first).toDouble();  // infinity, or 0
+    }
+    return value;
 }
 
 UserNumbers::UserNumbers(const QLocale& locale)

@@ -1,0 +1,75 @@
+#include "platform/SocketDdeLink.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kManualMode = 2;
+constexpr int kClosedMode = 0;
+constexpr qint64 kMsPerTenth = 100;
+constexpr qsizetype kLongestAnswerBytes = 1'000'000;  // a hundred times a trace
+
+int LeftMs(const QDeadlineTimer& end) { return static_cast<int>(std::max<qint64>(end.remainingTime(), 0)); }
+
+}  // namespace
+
+QDeadlineTimer SocketDdeLink::StepEnd() const { return QDeadlineTimer(timeoutTenths_ * kMsPerTenth); }
+
+bool SocketDdeLink::SetLinkMode(int mode) {
+    Close();
+    return mode == kClosedMode || (mode == kManualMode && Open());
+}
+
+bool SocketDdeLink::Open() {
+    const QString name = topic_.section(u'|', 0, 0);
+    const QDeadlineTimer end = StepEnd();
+    socket_.connectToServer(folder_.isEmpty() ? name : folder_ + u'/' + name);
+    if (!socket_.waitForConnected(LeftMs(end))) {
+        socket_.abort();
+        return false;
+    }
+    return Ask(QStringLiteral("initiate ") + topic_, end).has_value();
+}
+
+void SocketDdeLink::Close() {
+    if (socket_.state() == QLocalSocket::ConnectedState) {
+        socket_.write("terminate\n");
+        socket_.flush();
+    }
+    socket_.abort();
+}
+
+bool SocketDdeLink::LinkExecute(const QString& command) {
+    return Ask(QStringLiteral("execute ") + command, StepEnd()).has_value();
+}
+
+bool SocketDdeLink::LinkRequest() {
+    const std::optional<QString> item = Ask(QStringLiteral("request ") + item_, StepEnd());
+    text_ = item.value_or(text_);
+    return item.has_value();
+}
+
+// What stands behind the "ok" of the answer. After anything else the conversation is over: an answer that comes too
+// late must not be taken for that of a later step.
+std::optional<QString> SocketDdeLink::Ask(const QString& message, const QDeadlineTimer& end) {
+    socket_.write(message.toUtf8() + '\n');
+    const QByteArray answer = AnswerLine(end);
+    if (answer == "ok" || answer.startsWith("ok ")) {
+        return QString::fromUtf8(answer.sliced(2)).trimmed();
+    }
+    socket_.abort();
+    return std::nullopt;
+}
+
+// One line without its end; empty if there is none in time, or the far end closes, or sends more than one line.
+QByteArray SocketDdeLink::AnswerLine(const QDeadlineTimer& end) {
+    QByteArray line;
+    while (socket_.waitForReadyRead(LeftMs(end)) && line.size() <= kLongestAnswerBytes) {
+        const QByteArray piece = socket_.readAll();
+        line += piece;
+        if (piece.contains('\n')) {
+            return line.indexOf('\n') == line.size() - 1 ? line.trimmed() : QByteArray();
+        }
+    }
+    return {};
+}
