@@ -7,6 +7,7 @@
 #include "platform/ProgramFolder.h"
 #include "platform/QtDesktop.h"
 #include "platform/SerialControl.h"
+#include "platform/SocketDdeLink.h"
 
 // Makes the program's state and everything that works on it, and wires them.
 int main(int argc, char* argv[]) {
@@ -18,7 +19,8 @@ int main(int argc, char* argv[]) {
     SerialControl com([folder](int number) { return FindComPort(number, folder); });
     EventClock clock;
     QtDesktop desktop;
-    Main form({program, com, clock, desktop, folder, DocumentFolders(),
+    SocketDdeLink ziel;
+    Main form({program, com, clock, desktop, ziel, folder, DocumentFolders(),
                [folder](int number, bool openHere) { return DescribeComPort(number, folder, openHere); }});
     desktop.SetParent(&form);
     form.Main_Form_Load();

@@ -13,18 +13,19 @@ constexpr int kRedrawIntervalMs = 1000;
 
 }  // namespace
 
-Editor::Editor(ProgramState& program, Desktop& desktop, FileBox& boxfile, EditorHost& host)
-    : program_(program), desktop_(desktop), host_(host), tables_(desktop) {
+Editor::Editor(const EditorServices& services)
+    : program_(services.program), desktop_(services.desktop), host_(services.host), tables_(services.desktop) {
     setObjectName(QStringLiteral("Editor"));
     MakeControls();
-    view_ = std::make_unique<EditorView>(program.editor, program.memories, *Picture1, *Picture2);
-    const EditorContext context{program, desktop, *this, tables_, *view_};
+    view_ = std::make_unique<EditorView>(program_.editor, program_.memories, *Picture1, *Picture2);
+    const EditorContext context{program_, desktop_, *this, tables_, *view_};
     pointer_ = std::make_unique<ViewPointer>(context, strip_);
     pens_ = std::make_unique<Pens>(context);
     drags_ = std::make_unique<PenDrags>(context);
     entry_ = std::make_unique<PointEntry>(context, strip_);
     generation_ = std::make_unique<Generation>(context);
-    mode_ = std::make_unique<EditMode>(context, boxfile);
+    mode_ = std::make_unique<EditMode>(context, services.boxfile);
+    import_ = std::make_unique<Import>(context, *mode_, services.ziel);
     Arrange();
     ConnectControls();
     ConnectMenu();
@@ -88,6 +89,7 @@ void Editor::ConnectControls() {
     opEditmode->SetClick([this](int index) { mode_->opEditmode_Click(index); });
     opPenmode->SetClick([this](int index) { Editor_opPenmode_Click(index); });
     Opintmode->SetClick([this](int) { DrawEditor(); });
+    connect(opFit, &QPushButton::clicked, this, [this] { import_->opFit_Click(); });
     for (QAbstractButton* const option : opPenmode->Options()) {
         option->installEventFilter(this);
     }
@@ -102,6 +104,15 @@ void Editor::ConnectMenu() {
     connect(menu_->mnulcon, &QAction::triggered, this, [this] { mode_->mnulcon_Click(); });
     connect(menu_->mnudelete, &QAction::triggered, this, [this] { generation_->mnudelete_Click(); });
     connect(menu_->mnulinint, &QAction::triggered, this, [this] { generation_->mnulinint_Click(); });
+    const auto onImport = [this](QAction* item, void (Import::*use)(Import::Channel), Import::Channel read) {
+        connect(item, &QAction::triggered, this, [this, use, read] { (*import_.*use)(read); });
+    };
+    onImport(menu_->mnurdbincha, &Import::ReadAndPaste, &Import::ReadDdeChannelA);
+    onImport(menu_->mnuchamulti, &Import::MultipleToMemory, &Import::ReadDdeChannelA);
+    onImport(menu_->mnuchafit, &Import::FitToSignal, &Import::ReadDdeChannelA);
+    onImport(menu_->mnurdbinchb, &Import::ReadAndPaste, &Import::ReadDdeChannelB);
+    onImport(menu_->mnuchbmulti, &Import::MultipleToMemory, &Import::ReadDdeChannelB);
+    onImport(menu_->mnuchbfit, &Import::FitToSignal, &Import::ReadDdeChannelB);
 }
 
 void Editor::Editor_Form_Load() {

@@ -11,11 +11,21 @@
 #include "editor/EditorHost.h"
 #include "editor/EditorMenu.h"
 #include "editor/Generation.h"
+#include "editor/Import.h"
 #include "editor/PenDrags.h"
 #include "editor/Pens.h"
 #include "editor/PointEntry.h"
 #include "editor/ViewPointer.h"
 #include "platform/OptionGroup.h"
+
+// What the form Editor stands on. Tests bring their own.
+struct EditorServices {
+    ProgramState& program;
+    Desktop& desktop;
+    FileBox& boxfile;
+    DdeLink& ziel;  // to the sibling program QD204
+    EditorHost& host;
+};
 
 // The waveform editor: one form for each opening. Every edit goes to the open file at once; there is no save. It
 // composes the tools, and holds what belongs to none of them: the look of the two modes, the size, opening, closing.
@@ -23,7 +33,7 @@ class Editor : public QMainWindow, private EditorFront {
     Q_OBJECT
 
   public:
-    Editor(ProgramState& program, Desktop& desktop, FileBox& boxfile, EditorHost& host);
+    explicit Editor(const EditorServices& services);
 
     // Opens on the setting file, in "Edit memory", 4K. Shows nothing yet.
     void Editor_Form_Load();
@@ -92,4 +102,5 @@ class Editor : public QMainWindow, private EditorFront {
     std::unique_ptr<PointEntry> entry_;
     std::unique_ptr<Generation> generation_;
     std::unique_ptr<EditMode> mode_;
+    std::unique_ptr<Import> import_;
 };

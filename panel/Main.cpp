@@ -306,7 +306,7 @@ void Main::Main_mnueditor_Click() {
         return;
     }
     if (!EditorOpen()) {
-        editor_.reset(new Editor(program_, desktop_, boxfile, *this));
+        editor_.reset(new Editor({program_, desktop_, boxfile, services_.ziel, *this}));
         editor_->Editor_Form_Load();
     }
     editor_->show();

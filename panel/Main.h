@@ -30,6 +30,7 @@ struct MainServices {
     Com& com;
     LinkClock& clock;
     Desktop& desktop;
+    DdeLink& ziel;
     QString programFolder;
     QStringList documentFolders;
     Comset::PortDescriber describePort;

@@ -4,6 +4,7 @@
 
 #include <QTemporaryDir>
 
+#include "support/FakeDde.h"
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
 #include "support/ScriptedLine.h"
@@ -23,7 +24,7 @@ class PanelBench : public ::testing::Test, public FormHands {
             return QStringLiteral("device %1%2").arg(number).arg(openHere ? u"!" : u"");
         };
         form = std::make_unique<Main>(
-            MainServices{program, line, clock, desktop, folder.path(), {folder.path()}, describePort});
+            MainServices{program, line, clock, desktop, ziel, folder.path(), {folder.path()}, describePort});
     }
 
     void Open() {
@@ -45,6 +46,7 @@ class PanelBench : public ::testing::Test, public FormHands {
     ScriptedClock clock;
     ScriptedLine line{clock};
     FakeDesktop desktop;
+    FakeDde ziel;
     QTemporaryDir folder;
 
   private:

@@ -5,6 +5,7 @@
 #include "platform/ComPorts.h"
 #include "platform/EventClock.h"
 #include "platform/SerialControl.h"
+#include "platform/SocketDdeLink.h"
 #include "simulator/SimulatedInstrument.h"
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
@@ -49,7 +50,7 @@ class WholeBench : public ::testing::Test {
             return DescribeComPort(number, folder.path(), openHere);
         };
         panel.form = std::make_unique<Main>(
-            MainServices{program, com, clock, desktop, folder.path(), {folder.path()}, describePort});
+            MainServices{program, com, clock, desktop, ziel, folder.path(), {folder.path()}, describePort});
         panel.form->Main_Form_Load();
         ASSERT_TRUE(panel.Show());
         desktop.boxes.clear();
@@ -86,6 +87,7 @@ class WholeBench : public ::testing::Test {
     SerialControl com{[this](int number) { return FindComPort(number, folder.path()); }};
     HastyClock clock;
     FakeDesktop desktop;
+    SocketDdeLink ziel{folder.path()};
     FormHands panel;
 
   private:
