@@ -52,6 +52,9 @@ bool SocketDdeLink::LinkRequest() {
 // What stands behind the "ok" of the answer. After anything else the conversation is over: an answer that comes too
 // late must not be taken for that of a later step.
 std::optional<QString> SocketDdeLink::Ask(const QString& message, const QDeadlineTimer& end) {
+    if (socket_.state() != QLocalSocket::ConnectedState) {
+        return std::nullopt;
+    }
     socket_.write(message.toUtf8() + '\n');
     const QByteArray answer = AnswerLine(end);
     if (answer == "ok" || answer.startsWith("ok ")) {

@@ -1,45 +1,14 @@
 #include "simulator/CommandLine.h"
 
 #include <algorithm>
-#include <charconv>
-#include <optional>
 #include <string_view>
+
+#include "simulator/OptionTable.h"
 
 namespace sim {
 namespace {
 
 using std::string_view;
-
-constexpr long kLargestCount = 1'000'000'000;
-constexpr long kLongestMs = 3'600'000;
-
-// A whole decimal number from 0 to `highest`.
-std::optional<long> WholeNumber(string_view text, long highest) {
-    long value = 0;
-    const auto end = std::from_chars(text.data(), text.data() + text.size(), value);
-    const bool whole = end.ec == std::errc() && end.ptr == text.data() + text.size();
-    return whole && value >= 0 && value <= highest ? std::optional(value) : std::nullopt;
-}
-
-template <typename Target>
-bool SetNumber(Target& target, string_view text, long highest) {
-    const auto value = WholeNumber(text, highest);
-    if (value) {
-        target = static_cast<Target>(*value);
-    }
-    return value.has_value();
-}
-
-template <typename Target>
-bool SetCount(std::optional<Target>& target, string_view text) {
-    return SetNumber(target.emplace(), text, kLargestCount);
-}
-
-bool SetMilliseconds(std::chrono::milliseconds& target, string_view text) {
-    const auto value = WholeNumber(text, kLongestMs);
-    target = std::chrono::milliseconds(value.value_or(0));
-    return value.has_value();
-}
 
 bool SetStall(Faults& faults, string_view text) {
     const std::size_t comma = text.find(',');
@@ -52,16 +21,9 @@ bool SetRate(int& rate, string_view text) {
            std::ranges::find(kInstrumentRatesBaud, rate) != kInstrumentRatesBaud.end();
 }
 
-struct Option {
-    string_view name;
-    string_view value;  // what stands for the value in the help; empty for a switch
-    string_view help;
-    bool (*apply)(ProgramOptions&, string_view);
-};
-
 using Program = ProgramOptions;
 using Text = string_view;
-constexpr auto kOptions = std::to_array<Option>({
+constexpr auto kOptions = std::to_array<Option<Program>>({
     {"--link", "PATH", "make a symbolic link to the device; it goes when the program ends",
      [](Program& p, Text t) { return !(p.instrument.linkPath = t).empty(); }},
     {"--rate", "BAUD", "understand one rate only: 4800, 9600, 19200, 38400 or 115200; answer noise at others",
@@ -103,47 +65,14 @@ constexpr auto kOptions = std::to_array<Option>({
 }  // namespace
 
 bool ParseCommandLine(const std::vector<std::string>& arguments, ProgramOptions* options, std::string* error) {
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const string_view argument = arguments[i];
-        const string_view name = argument.substr(0, argument.find('='));
-        const auto* option = std::ranges::find(kOptions, name, &Option::name);
-        if (option == kOptions.end()) {
-            *error = "unknown option '" + arguments[i] + "'";
-            return false;
-        }
-        const bool joined = name.size() < argument.size();
-        if (joined && option->value.empty()) {
-            *error = std::string(name) + " takes no value";
-            return false;
-        }
-        string_view value = joined ? argument.substr(name.size() + 1) : string_view();
-        if (!joined && !option->value.empty()) {
-            if (++i == arguments.size()) {
-                *error = std::string(name) + " needs a value";
-                return false;
-            }
-            value = arguments[i];
-        }
-        if (!option->apply(*options, value)) {
-            *error = "bad value '" + std::string(value) + "' for " + std::string(name);
-            return false;
-        }
-    }
-    return true;
+    return ParseOptions(kOptions, arguments, options, error);
 }
 
 std::string HelpText() {
-    constexpr std::size_t kColumn = 24;
-    std::string text =
-        "Usage: kl5276-sim [OPTION]...\n"
-        "Simulates a KL5276 on a pseudo-terminal and prints the path of its device.\n"
-        "SIGUSR1 takes the device away, the next SIGUSR1 brings it back.\n\n";
-    for (const Option& option : kOptions) {
-        std::string head = "  " + std::string(option.name) + " " + std::string(option.value);
-        head.resize(std::max(kColumn + 2, head.size() + 1), ' ');
-        text += head + std::string(option.help) + "\n";
-    }
-    return text;
+    return "Usage: kl5276-sim [OPTION]...\n"
+           "Simulates a KL5276 on a pseudo-terminal and prints the path of its device.\n"
+           "SIGUSR1 takes the device away, the next SIGUSR1 brings it back.\n\n" +
+           OptionLines(kOptions);
 }
 
 }  // namespace sim

@@ -1,0 +1,62 @@
+#include <pthread.h>
+
+#include <QCoreApplication>
+#include <csignal>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "simulator/TraceCommandLine.h"
+#include "simulator/TraceSource.h"
+
+namespace {
+
+constexpr int kBadUsageStatus = 2;
+constexpr int kFailureStatus = 1;
+
+int Run(int argc, char** argv) {
+    sim::TraceProgramOptions options;
+    std::string error;
+    if (!sim::ParseTraceCommandLine(std::vector<std::string>(argv + 1, argv + argc), &options, &error)) {
+        std::cerr << "qd204-sim: " << error << "\nTry 'qd204-sim --help'." << std::endl;
+        return kBadUsageStatus;
+    }
+    if (options.help) {
+        std::cout << sim::TraceHelpText() << std::flush;
+        return 0;
+    }
+    std::array<std::string, 2> origins;
+    if (!sim::LoadChannels(&options, &origins, &error)) {
+        std::cerr << "qd204-sim: " << error << std::endl;
+        return kFailureStatus;
+    }
+    // Blocked before the serving thread begins, so that they all reach the wait below, and the socket is taken away.
+    sigset_t signals;
+    sigemptyset(&signals);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        sigaddset(&signals, signal);
+    }
+    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+
+    const QCoreApplication application(argc, argv);
+    sim::TraceSource source(options.source);
+    if (!source.Start(&error)) {
+        std::cerr << "qd204-sim: " << error << std::endl;
+        return kFailureStatus;
+    }
+    std::cout << source.SocketPath() << "\nchannel A: " << origins[0] << "\nchannel B: " << origins[1] << std::endl;
+    int signal = 0;
+    sigwait(&signals, &signal);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& failure) {
+        std::cerr << "qd204-sim: " << failure.what() << std::endl;
+        return kFailureStatus;
+    }
+}
