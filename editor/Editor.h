@@ -91,7 +91,7 @@ class Editor : public QMainWindow, private EditorFront {
     std::unique_ptr<OptionGroup> Opintmode;
     QCheckBox* Marker = nullptr;
     QPushButton* opFit = nullptr;
-    QTimer Timer1;
+    QTimer Timer1{this};
     std::unique_ptr<EditorMenu> menu_;
 
     EditorTables tables_;

@@ -4,13 +4,14 @@
 
 #include <QTemporaryDir>
 
+#include "panel/Main.h"
 #include "support/FakeDde.h"
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
 #include "support/ScriptedLine.h"
 
 // The form Main, shown and active, on a scripted line, clock and desktop, in a folder of its own.
-class PanelBench : public ::testing::Test, public FormHands {
+class PanelBench : public ::testing::Test, public FormHands<Main> {
   public:
     explicit PanelBench(const QLocale& locale = QLocale::c()) : numbers_(locale) {
         program.numbers = numbers_;

@@ -2,26 +2,30 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QLabel>
 #include <QTest>
+#include <memory>
 
-#include "panel/Main.h"
+#include "platform/EntryField.h"
 
-// A user's hands on the form Main: finds controls by name, clicks, types.
+// A user's hands on a form: finds controls by name, clicks, types.
+template <typename Form, typename Holder = std::unique_ptr<Form>>
 class FormHands {
   public:
-    std::unique_ptr<Main> form;
+    Holder form;
 
     // True once the form is shown and active.
     bool Show() {
         form->show();
-        QApplication::setActiveWindow(form.get());
-        return QTest::qWaitForWindowActive(form.get());
+        QApplication::setActiveWindow(&*form);
+        return QTest::qWaitForWindowActive(&*form);
     }
 
     template <typename Control = QWidget>
     Control* Get(const char* name) {
-        auto* const control = form->findChild<Control*>(QString::fromLatin1(name));
+        auto* const control = form->template findChild<Control*>(QString::fromLatin1(name));
         EXPECT_NE(control, nullptr) << name;
         return control;
     }

@@ -2,6 +2,7 @@
 
 #include <QTemporaryDir>
 
+#include "panel/Main.h"
 #include "platform/ComPorts.h"
 #include "platform/EventClock.h"
 #include "platform/SerialControl.h"
@@ -88,7 +89,7 @@ class WholeBench : public ::testing::Test {
     HastyClock clock;
     FakeDesktop desktop;
     SocketDdeLink ziel{folder.path()};
-    FormHands panel;
+    FormHands<Main> panel;
 
   private:
     std::vector<std::unique_ptr<sim::SimulatedInstrument>> instruments_;
