@@ -250,7 +250,11 @@ bool Editor::eventFilter(QObject* watched, QEvent* event) {
             Editor_Form_Resize();
         }
     } else if (event->type() == QEvent::MouseButtonRelease) {
-        TakeFocus(entry_->Text1[0]);  // behind the choice of a pen the keyboard goes on with the address
+        // Behind the choice of a pen the keyboard goes on with the address. The choice comes first: an option that loses
+        // the focus while it is held down takes no click.
+        watched->event(event);
+        TakeFocus(entry_->Text1[0]);
+        return true;
     }
     return QMainWindow::eventFilter(watched, event);
 }
