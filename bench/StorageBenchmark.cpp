@@ -1,6 +1,5 @@
 // Save and load of a full setting file, and the editor's heaviest operations on its tables. Save and load stand beside
-// the engine's own calls for the same rows, just as durable, taken in turn in the same run: "ratio" is that of the
-// medians.
+// the engine's own calls for the same rows, just as durable, taken in turn in the same run.
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
@@ -8,11 +7,10 @@
 #include <unistd.h>
 
 #include <QTemporaryDir>
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <string>
 
+#include "Compare.h"
 #include "core/MemorySize.h"
 #include "storage/RecordStore.h"
 #include "storage/SettingFile.h"
@@ -33,31 +31,6 @@ ArbMemories FullMemories() {
 }
 
 QString InFolder(const QTemporaryDir& folder, const char* name) { return folder.filePath(QString::fromLatin1(name)); }
-
-double Milliseconds(const auto& work) {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
-}
-
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-void Compare(benchmark::State& state, const auto& ours, const auto& floor) {
-    std::vector<double> oursMs;
-    std::vector<double> floorMs;
-    for ([[maybe_unused]] auto _ : state) {
-        floorMs.push_back(Milliseconds(floor));
-        oursMs.push_back(Milliseconds(ours));
-        state.SetIterationTime(oursMs.back() / 1000.0);
-    }
-    state.counters["median_ms"] = Median(oursMs);
-    state.counters["floor_ms"] = Median(floorMs);
-    state.counters["ratio"] = Median(oursMs) / Median(floorMs);
-}
 
 void InsertRows(sqlite3* database, const char* text, int last, const qint16* samples) {
     sqlite3_stmt* insert = nullptr;
