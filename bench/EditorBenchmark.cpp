@@ -19,6 +19,7 @@
 #include "editor/Editor.h"
 #include "editor/Spline.h"
 #include "platform/QtDesktop.h"
+#include "platform/SocketDdeLink.h"
 #include "storage/SettingFile.h"
 
 namespace {
@@ -91,8 +92,9 @@ class Bench {
     std::unique_ptr<ProgramState> program = std::make_unique<ProgramState>();
     CountingDesktop desktop;
     FileBox boxfile{desktop};
+    SocketDdeLink ziel;
     NoPanel panel;
-    std::unique_ptr<Editor> form = std::make_unique<Editor>(*program, desktop, boxfile, panel);
+    std::unique_ptr<Editor> form = std::make_unique<Editor>(EditorServices{*program, desktop, boxfile, ziel, panel});
 
   private:
     void Send(QEvent::Type type, QPointF at, Qt::MouseButton button, Qt::MouseButtons held) {

@@ -81,6 +81,9 @@ TEST_F(ImportTest, MultipleRepeatsTheTraceThroughTheWholeMemory) {
 }
 
 TEST_F(ImportTest, FitToSignalMakesEachSampleAPoint) {
+    Choose("mnuchafit");  // no file is chosen
+    EXPECT_TRUE(Checked("opEditmode_0") && program.ConstructionFileName.Name().isEmpty());
+    EXPECT_EQ(state.CopyEnd, 2048);
     for (const auto& [size, step, last] : {std::tuple("mnu4ksig", 2, 4095), std::tuple("mnu16ksig", 8, 16383)}) {
         Choose(size);
         desktop.chosen = con;
@@ -90,10 +93,6 @@ TEST_F(ImportTest, FitToSignalMakesEachSampleAPoint) {
         EXPECT_EQ(Rows(con, Size().table, 0, step), Row(0, -1500) + ' ' + Row(step, -1500));
         EXPECT_EQ(Rows(con, Size().table, 2047 * step, 32767), Row(2047 * step, 1500) + ' ' + Row(last, 1500));
     }
-    program.ConstructionFileName = FixedName();
-    desktop.chosen.clear();
-    Choose("mnuchafit");  // Cancel
-    EXPECT_TRUE(Checked("opEditmode_0") && program.ConstructionFileName.Name().isEmpty());
 }
 
 TEST_F(ImportTest, FitStretchesWhatWasCopiedOverTheAxis) {
