@@ -1,0 +1,81 @@
+#include <QFile>
+#include <QProcess>
+#include <cmath>
+
+#include "WholeBench.h"
+#include "editor/Editor.h"
+
+namespace {
+
+constexpr int kRows = 2048;
+
+// A recording of two channels, a damped wave and a flat line, as a scope in a country of decimal commas saves it.
+double Recorded(int row) { return 0.25 + 1.5 * std::exp(-row / 700.0) * std::sin(row / 40.0); }
+
+QByteArray Recording() {
+    QByteArray csv = "Record Length;2048\r\nTime;CH1;CH2\r\ns;V;V\r\n";
+    for (int row = 0; row < kRows; ++row) {
+        for (const double cell : {row * 1e-6, Recorded(row), 1.0}) {
+            csv += QByteArray::number(cell, 'g', 9).replace('.', ',') + ';';
+        }
+        csv.back() = '\r';
+        csv += '\n';
+    }
+    return csv;
+}
+
+using WholeTrace = WholeBench;
+
+TEST_F(WholeTrace, ARecordingReachesTheInstrumentThroughTheEditor) {
+    const QString csv = folder.filePath(QStringLiteral("scope.csv"));
+    QFile file(csv);
+    ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(Recording()) > 0);
+    file.close();
+    QProcess source;
+    source.start(QStringLiteral(QD204_SIM),
+                 {QStringLiteral("--csv"), csv, QStringLiteral("--name"), folder.filePath(QStringLiteral("qd204e"))});
+    QByteArray said;
+    while (!said.contains("channel B") && source.waitForReadyRead(30'000)) {
+        said += source.readAllStandardOutput();
+    }
+    ASSERT_TRUE(said.contains("channel B")) << source.readAllStandardError().toStdString();
+
+    auto& instrument = Connect({});
+    clock.paces = false;
+    desktop.chosen = folder.filePath(QStringLiteral("a.set"));
+    panel.Get<QAction>("mnueditor")->trigger();
+    FormHands<Editor> editor;
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (auto* const form = qobject_cast<Editor*>(window)) {
+            editor.form.reset(form);
+        }
+    }
+    ASSERT_TRUE(editor.form);
+    desktop.answer = true;  // a new signal
+    desktop.chosen = folder.filePath(QStringLiteral("a.con"));
+    editor.Get<QAction>("mnuchafit")->trigger();
+    editor.Get<QAction>("mnulinint")->trigger();
+    editor.form->close();
+    std::ignore = editor.form.release();  // it is the panel's
+    panel.Get<QAction>("mnuStArb4")->trigger();
+
+    EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Arbitrary Editor|Do you want to create a new Signal?")));
+    ASSERT_TRUE(instrument.WaitForLines(4098, std::chrono::seconds(30)));
+    double lowest = Recorded(0);
+    double highest = Recorded(0);
+    for (int row = 0; row < kRows; ++row) {
+        lowest = std::min(lowest, Recorded(row));
+        highest = std::max(highest, Recorded(row));
+    }
+    instrument.With([&](const sim::Kl5276& unit) {
+        for (int row = 0; row < kRows; ++row) {
+            const double sample = (Recorded(row) - lowest) / (highest - lowest) * 3000.0 - 1500.0;
+            // The trace comes in 256 steps.
+            EXPECT_NEAR(unit.state.memory4k[static_cast<std::size_t>(2 * row)], sample, 3000.0 / 255) << row;
+        }
+    });
+    source.terminate();
+    EXPECT_TRUE(source.waitForFinished(30'000) && source.exitCode() == 0);
+}
+
+}  // namespace
