@@ -123,6 +123,7 @@ void Editor::Editor_Form_Load() {
     Marker->setChecked(true);
     editor.ViewLeft = kFirstView.left;
     editor.ViewRight = kFirstView.right;
+    editor.ZoomDragging = false;
     editor.LineActive = false;
     editor.CopyDragging = false;
     editor.PasteDragging = false;
@@ -197,7 +198,15 @@ void Editor::ShowPen() {
     for (const Pen pen : {Pen::Draw, Pen::Delete, Pen::Copy, Pen::Paste}) {
         opPenmode->Option(static_cast<int>(pen))->setToolTip(PenHint(pen, Target()));
     }
-    hint_->setText(PenHint(SelectedPen(), Target()) + u"  Right click in a shaded strip: next page.");
+    ShowHint();
+}
+
+// What the right button does is told where there is room for it.
+void Editor::ShowHint() {
+    const QString hint = PenHint(SelectedPen(), Target());
+    const QString full = hint + u"  Right click in a shaded strip: next page.";
+    const bool fits = hint_->fontMetrics().horizontalAdvance(full) <= hint_->width();
+    hint_->setText(fits ? full : hint);
 }
 
 // Nothing was copied yet: there is nothing to paste.
@@ -209,12 +218,15 @@ void Editor::Editor_opPenmode_Click(int index) {
 }
 
 void Editor::DrawEditor() {
+    const bool memory = Target() == EditTarget::Memory;
+    const FixedName& file = memory ? program_.SettingFileName : program_.ConstructionFileName;
+    if (file.Name().isEmpty()) {
+        return;  // the user is still being asked for the construction file
+    }
     desktop_.BusyOn();
     program_.editor.PasteDragging = false;
     program_.editor.CopyDragging = false;
     view_->Clear(Size());
-    const bool memory = Target() == EditTarget::Memory;
-    const FixedName& file = memory ? program_.SettingFileName : program_.ConstructionFileName;
     std::vector<Record> records;
     if (tables_.Read(file.Name(), Size(), records, Telling::Once)) {
         view_->Draw({Size(), Target(), SplineSelected(), Marker->isChecked(), records});
@@ -250,8 +262,8 @@ bool Editor::eventFilter(QObject* watched, QEvent* event) {
             Editor_Form_Resize();
         }
     } else if (event->type() == QEvent::MouseButtonRelease) {
-        // Behind the choice of a pen the keyboard goes on with the address. The choice comes first: an option that loses
-        // the focus while it is held down takes no click.
+        // Behind the choice of a pen the keyboard goes on with the address. The choice comes first: an option that
+        // loses the focus while it is held down takes no click.
         watched->event(event);
         TakeFocus(entry_->Text1[0]);
         return true;

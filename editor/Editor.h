@@ -71,6 +71,7 @@ class Editor : public QMainWindow, private EditorFront {
     void ConnectMenu();
     void ShowMode(const FixedName& file, EditTarget target);
     void ShowPen();
+    void ShowHint();
 
     // Layout (EditorLayout.cpp)
     void Arrange();

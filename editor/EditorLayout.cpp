@@ -121,5 +121,6 @@ void Editor::Editor_Form_Resize() {
     strip_->setGeometry(kEdge, stripTop, pictureWidth, stripHeight);
     Picture2->setGeometry(kEdge, detailTop, pictureWidth, std::max(detailHeight, 1));
     hint_->setGeometry(kEdge, detailTop + detailHeight + kGap, pictureWidth, hintHeight);
+    ShowHint();
     program_.editor.EditorRedrawPending = true;
 }

@@ -39,12 +39,12 @@ void EditorTables::Replace(RecordTable& table, std::span<const Record> records) 
 
 bool EditorTables::Judge(StoreOutcome outcome, const QString& fileName, Telling telling) {
     if (outcome == StoreOutcome::Done) {
-        told_ = false;
+        toldOf_.clear();
         return true;
     }
-    const bool tell = telling == Telling::Box || (telling == Telling::Once && !told_);
-    told_ = told_ || tell;  // before the box: timers run while it stands
+    const bool tell = telling == Telling::Box || (telling == Telling::Once && toldOf_ != fileName);
     if (tell) {
+        toldOf_ = fileName;  // before the box: timers run while it stands
         desktop_.BusyOff();
         desktop_.MessageBox(Reason(outcome) + u'\n' + fileName, QStringLiteral("Arbitrary Editor"));
     }

@@ -35,5 +35,5 @@ class EditorTables {
     bool Judge(StoreOutcome outcome, const QString& fileName, Telling telling);
 
     Desktop& desktop_;
-    bool told_ = false;  // a failure was told and nothing has succeeded since
+    QString toldOf_;  // the file whose failure was told, if nothing has succeeded since
 };

@@ -7,7 +7,6 @@ namespace {
 
 constexpr int kSide = 32;  // logical pixels
 constexpr int kHot = 9;    // the point of work
-constexpr qreal kRatio = 2.0;
 
 void DrawSign(QPainter& painter, Pen pen) {
     switch (pen) {
@@ -34,8 +33,8 @@ void DrawSign(QPainter& painter, Pen pen) {
 }  // namespace
 
 QCursor PenCursor(Pen pen) {
-    QPixmap shape(QSize(kSide, kSide) * kRatio);
-    shape.setDevicePixelRatio(kRatio);
+    // Not denser than the screen's logical pixels: not every window system scales the hot spot with the shape.
+    QPixmap shape(kSide, kSide);
     shape.fill(Qt::transparent);
     QPainter painter(&shape);
     painter.setRenderHint(QPainter::Antialiasing);

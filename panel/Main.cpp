@@ -309,6 +309,7 @@ void Main::Main_mnueditor_Click() {
         editor_.reset(new Editor({program_, desktop_, boxfile, services_.ziel, *this}));
         editor_->Editor_Form_Load();
     }
+    editor_->setWindowState(editor_->windowState() & ~Qt::WindowMinimized);
     editor_->show();
     editor_->raise();
     editor_->activateWindow();

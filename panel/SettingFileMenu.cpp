@@ -1,7 +1,5 @@
 #include "panel/SettingFileMenu.h"
 
-#include <utility>
-
 #include "storage/HeldFiles.h"
 #include "storage/SettingFile.h"
 
@@ -32,25 +30,19 @@ bool SettingFileMenu::Load() {
     return true;
 }
 
-void SettingFileMenu::Save(const QStringList& held) { SaveAs(QStringLiteral("Select Settings"), held); }
+void SettingFileMenu::Save(const QStringList& held) {
+    SaveAs(QStringLiteral("Select Settings"), held, !held.isEmpty());
+}
 
 bool SettingFileMenu::SaveForEditor(const QStringList& held) {
     boxfile_.FileName = QStringLiteral("*.set");
-    const FixedName former = program_.SettingFileName;
-    const QString title = QStringLiteral("Store Settings");
-    if (SaveAs(title, held)) {
-        return true;
-    }
-    if (program_.SettingFileName.Text() != former.Text()) {
-        const QString name = std::exchange(program_.SettingFileName, former).Name();
-        desktop_.MessageBox(u"The editor can't work on this file, because it can't be written:\n" + name, title);
-    }
-    return false;
+    return SaveAs(QStringLiteral("Store Settings"), held, true);
 }
 
-// True if the settings stand in the file chosen.
-bool SettingFileMenu::SaveAs(const QString& title, const QStringList& held) {
+// True if the settings stand in the file chosen. An editor must not go over to a file that couldn't be written.
+bool SettingFileMenu::SaveAs(const QString& title, const QStringList& held, bool forEditor) {
     const QString chosen = boxfile_.ShowSave(Request(title));
+    const FixedName former = program_.SettingFileName;
     bool saved = false;
     if (IsHeld(chosen, held)) {
         desktop_.MessageBox(u"The editor works on this file. Please choose another name:\n" + chosen, title);
@@ -60,6 +52,11 @@ bool SettingFileMenu::SaveAs(const QString& title, const QStringList& held) {
         const QString name = program_.SettingFileName.Name();
         CreateSettingFile(name);
         saved = SaveSettingFile(name, program_.panel, program_.memories);
+        if (!saved && forEditor) {
+            program_.SettingFileName = former;
+            desktop_.BusyOff();
+            desktop_.MessageBox(u"The editor can't work on this file, because it can't be written:\n" + name, title);
+        }
     }
     desktop_.BusyOff();
     return saved;

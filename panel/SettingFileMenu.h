@@ -20,7 +20,7 @@ class SettingFileMenu {
     bool SaveForEditor(const QStringList& held);
 
   private:
-    bool SaveAs(const QString& title, const QStringList& held);
+    bool SaveAs(const QString& title, const QStringList& held, bool forEditor);
 
     ProgramState& program_;
     FileBox& boxfile_;

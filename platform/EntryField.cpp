@@ -39,6 +39,9 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Commit();
         TakeFocus(next_);
+        if (auto* const next = qobject_cast<QLineEdit*>(next_)) {
+            next->selectAll();  // what is typed next takes the place of what stands there
+        }
         event->accept();
         return;
     }

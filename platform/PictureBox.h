@@ -40,7 +40,8 @@ class PictureBox : public QWidget {
 
   Q_SIGNALS:
     // Positions of the pointer in user coordinates, outside of the picture too while a button is held. Buttons: 1 left,
-    // 2 right, 4 middle; a move tells the sum of those held, 0 for none.
+    // 2 right, 4 middle; a move tells the sum of those held, 0 for none. A release counts as a move, so that a drag
+    // ends where and when the button is let go.
     void MouseDown(int button, float x, float y);
     void MouseMove(int buttons, float x, float y);
 
@@ -51,6 +52,7 @@ class PictureBox : public QWidget {
   protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override { mouseMoveEvent(event); }
     void paintEvent(QPaintEvent* event) override;
 
   private:

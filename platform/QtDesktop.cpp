@@ -6,10 +6,17 @@
 #include <QFileInfo>
 #include <QMessageBox>
 
-QWidget* QtDesktop::Parent() const {
+QWidget* QtDesktop::Parent() {
     QWidget* const active = QApplication::activeWindow();
     if (active != nullptr) {
+        if (!active->isModal()) {
+            last_ = active;
+        }
         return active;
+    }
+    // Between two boxes no window is active; the second belongs where the first did.
+    if (last_ != nullptr && last_->isVisible()) {
+        return last_;
     }
     // A box would create a window that is not shown yet, which then no longer goes where it is moved.
     return parent_ != nullptr && parent_->isVisible() ? parent_.data() : nullptr;

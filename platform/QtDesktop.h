@@ -5,7 +5,8 @@
 
 #include "platform/Desktop.h"
 
-// The desktop of the running program. A box belongs to the active window, or else to the one that is set as parent.
+// The desktop of the running program. A box belongs to the active window, or else to the form that was active
+// last, or to the one that is set as parent.
 class QtDesktop : public Desktop {
   public:
     void SetParent(QWidget* parent) { parent_ = parent; }
@@ -20,8 +21,9 @@ class QtDesktop : public Desktop {
     void OpenInViewer(const QUrl& address) override;
 
   private:
-    QWidget* Parent() const;
+    QWidget* Parent();
 
     QPointer<QWidget> parent_;
+    QPointer<QWidget> last_;  // the form that was active last
     bool busy_ = false;
 };

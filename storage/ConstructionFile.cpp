@@ -1,5 +1,7 @@
 #include "storage/ConstructionFile.h"
 
+#include <SQLiteCpp/Database.h>
+
 #include "core/MemorySize.h"
 #include "storage/MemoryTable.h"
 #include "storage/NewFile.h"
@@ -40,5 +42,8 @@ ConstructionOutcome CheckConstructionFile(const QString& fileName) {
             return ConstructionOutcome::NotAConstructionFile;
         }
     }
-    return ConstructionOutcome::Usable;
+    // A setting file has the same tables; as a signal, its memories would be cut down to a few points.
+    bool settings = false;
+    store.Attempt([&] { settings = store.Engine()->tableExists("Settings"); });
+    return settings ? ConstructionOutcome::NotAConstructionFile : ConstructionOutcome::Usable;
 }

@@ -13,10 +13,10 @@ bool CreateConstructionFile(const QString& fileName);
 bool SaveConstructionFile(const QString& fileName);
 
 enum class ConstructionOutcome {
-    Usable,  // both tables with both fields; a setting file passes too
-    NotAConstructionFile,
-    Locked,      // another program kept its lock for longer than kLockWaitMs
-    Unreadable,  // missing, no permission, fault of the disk
+    Usable,                // both tables with both fields
+    NotAConstructionFile,  // a setting file too
+    Locked,                // another program kept its lock for longer than kLockWaitMs
+    Unreadable,            // missing, no permission, fault of the disk
 };
 
 // Makes and changes no file, except that it rolls back what a killed writer left unfinished.

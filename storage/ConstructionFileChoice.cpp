@@ -38,12 +38,19 @@ bool ChooseNewConstructionFile(const ConstructionChoice& choice) {
         choice.desktop.MessageBox(u"The editor works on this file. Please choose another name:\n" + chosen, title);
         return false;
     }
+    const FixedName former = choice.ConstructionFileName;
     if (!Take(choice, chosen)) {
         return false;
     }
-    CreateConstructionFile(choice.ConstructionFileName.Name());
-    SaveConstructionFile(choice.ConstructionFileName.Name());
-    return true;
+    const QString name = choice.ConstructionFileName.Name();
+    const bool created = CreateConstructionFile(name);
+    if (SaveConstructionFile(name) && created) {
+        return true;
+    }
+    choice.ConstructionFileName = former;
+    choice.desktop.BusyOff();
+    choice.desktop.MessageBox(u"The file can't be written:\n" + name, title);
+    return false;
 }
 
 bool ChooseConstructionFile(const ConstructionChoice& choice) {

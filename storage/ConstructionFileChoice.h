@@ -14,8 +14,9 @@ struct ConstructionChoice {
 };
 
 // Gets a construction file named if none is: asks whether to make a new signal, and shows the dialog for a new or for
-// an existing file. A new file is made; an existing one is neither read nor tested. False on Cancel or an empty name,
-// which ends the calling operation with the name as it was.
+// an existing file. A new file is made, or a message box says that it can't be; an existing one is neither read nor
+// tested. False on Cancel, an empty name or a new file that can't be made, which ends the calling operation with the
+// name as it was.
 bool EnsureConstructionFile(const ConstructionChoice& choice);
 
 // The two dialogs by themselves, for the commands that name a file whether or not one is named already.
