@@ -1,13 +1,25 @@
 #include "link/MemoryTransfer.h"
 
+#include <array>
+#include <charconv>
 #include <limits>
 
 namespace {
 
 constexpr qint64 kServeEventsMs = 20;  // between two looks at the user's events
 
-QString PointText(const MemorySize& size, int address) {
-    return QString::fromLatin1(size.pointCommand) + QString::number(address) + u'=';
+void AppendNumber(QString& text, int number) {
+    std::array<char, 12> digits{};
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    text += QLatin1StringView(digits.data(), end);
+}
+
+// The start of a line for one point. The text keeps its room from line to line.
+void StartPoint(QString& text, const MemorySize& size, int address) {
+    text.resize(0);
+    text += QLatin1StringView(size.pointCommand);
+    AppendNumber(text, address);
+    text += u'=';
 }
 
 // The number behind the first "=" of a reply, or at its head if there is none.
@@ -39,7 +51,8 @@ void MemoryTransfer::Read(const MemorySize& size) {
 }
 
 void MemoryTransfer::ReadPoint(const MemorySize& size, int address) {
-    link_.CommandText = PointText(size, address) + u'?';
+    StartPoint(link_.CommandText, size, address);
+    link_.CommandText += u'?';
     transport_.QueryUnitBlock();
     const double sample = SampleOf(link_.ReplyText);
     using Limits = std::numeric_limits<qint16>;
@@ -78,6 +91,7 @@ void MemoryTransfer::ServeEvents() {
 
 void MemoryTransfer::SendPoint(const MemorySize& size, int address) {
     const qint16 sample = size.samples(memories_)[static_cast<std::size_t>(address)];
-    link_.CommandText = PointText(size, address) + QString::number(sample);
+    StartPoint(link_.CommandText, size, address);
+    AppendNumber(link_.CommandText, sample);
     transport_.SendCommandFast();
 }

@@ -3,6 +3,7 @@
 namespace {
 constexpr qint64 kReplyTimeoutMs = 3000;   // for each byte of a reply
 constexpr qsizetype kLongestReply = 1024;  // characters; a line that never ends counts as a time-out
+constexpr qsizetype kBatchLength = 512;    // characters of unpaced lines that are handed to the port at once
 constexpr QChar kCr(13);
 }  // namespace
 
@@ -37,9 +38,9 @@ void SerialTransport::Send(const SendForm& form) {
 }
 
 bool SerialTransport::Write(Pacing pacing) {
-    const QByteArray line = state_.CommandText.toLatin1();
-    for (const char character : line) {
-        com_.Output(character);
+    const QString line = state_.CommandText;
+    for (const QChar character : line) {
+        com_.Output(character.toLatin1());
         if (pacing == Pacing::Character) {
             if (!Flush()) {
                 return false;
@@ -47,11 +48,16 @@ bool SerialTransport::Write(Pacing pacing) {
             Pace();
         }
     }
+    inLine_ += line.size();
+    if (pacing == Pacing::None && inLine_ < kBatchLength) {
+        return true;  // a call of the system for each of thousands of short lines would cost more than the lines
+    }
     return Flush();
 }
 
 // False if the line has stalled. While it is merely busy the user's events are served.
 bool SerialTransport::Flush() {
+    inLine_ = 0;
     Com::OutputState state = com_.FlushOutput();
     while (state == Com::OutputState::Waiting) {
         qint32 moment = 0;

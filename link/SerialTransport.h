@@ -18,7 +18,7 @@ class SerialTransport {
     // Each appends a CR. The first "," becomes "." (the numbers in a command carry the user's separator), but not in
     // SendCommandSlow, whose commas are separators.
     void SendCommand();      // paced once, behind the line
-    void SendCommandFast();  // not paced: the points of a memory
+    void SendCommandFast();  // not paced: the points of a memory; leaves with those behind it, or the next other send
     void SendCommandSlow();  // paced behind each character: the clock
     void SendQuery();        // as SendCommand, but no CR is added to a text that holds one
 
@@ -53,4 +53,5 @@ class SerialTransport {
     LinkClock& clock_;
     Desktop& desktop_;
     LinkFront& front_;
+    qsizetype inLine_ = 0;  // characters that wait for more
 };

@@ -164,7 +164,9 @@ void SerialControl::ClearOutBuffer() {
         port_.clear(QSerialPort::Output);
         untaken_ = 0;
     }
-    waiting_.resize(0);
+    if (stalled_ || lost_) {
+        waiting_.clear();
+    }
 }
 
 void SerialControl::ClearInBuffer() {
@@ -202,10 +204,10 @@ QByteArray SerialControl::Input() {
 void SerialControl::WriteAtOnce() {
 #ifdef Q_OS_UNIX
     if (port_.bytesToWrite() == 0) {
-        const ssize_t taken = ::write(port_.handle(), waiting_.constData(), static_cast<std::size_t>(waiting_.size()));
+        const ssize_t taken = ::write(port_.handle(), waiting_.data(), waiting_.size());
         if (taken > 0) {
             CountLineTime(taken);
-            waiting_.remove(0, taken);
+            waiting_.erase(0, static_cast<std::size_t>(taken));
         }
     }
 #endif
@@ -226,11 +228,11 @@ Com::OutputState SerialControl::FlushOutput() {
         return OutputState::Taken;
     }
     NoteTaken();
-    if (!waiting_.isEmpty()) {
+    if (!waiting_.empty()) {
         WriteAtOnce();
-        if (!waiting_.isEmpty()) {
-            port_.write(waiting_);
-            waiting_.resize(0);
+        if (!waiting_.empty()) {
+            port_.write(waiting_.data(), static_cast<qint64>(waiting_.size()));
+            waiting_.clear();
             untaken_ = port_.bytesToWrite();
             takenUs_ = NowUs();
         }

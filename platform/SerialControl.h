@@ -4,6 +4,7 @@
 #include <QSerialPort>
 #include <QTimer>
 #include <functional>
+#include <string>
 
 #include "platform/Com.h"
 
@@ -46,7 +47,7 @@ class SerialControl : public Com {
     int number_ = 1;
     QString settings_ = QStringLiteral("9600,N,8,1");
     qsizetype inputLen_ = 0;
-    QByteArray waiting_;  // not yet handed to the port
+    std::string waiting_;  // not yet handed to the port
     bool open_ = false;
     bool lost_ = false;
     bool stalled_ = false;   // the line carried nothing for the whole of its time-out

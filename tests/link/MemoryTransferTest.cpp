@@ -87,9 +87,9 @@ TEST_F(MemoryTransfer_, ATimeOutFillsTheRestFromTheCollectedText) {
 
 TEST_F(MemoryTransfer_, EndsBehindTheCurrentPointWhenAbandoned) {
     const LinkOperation operation(link.gate);
-    line.lineTimeMs = 1;
+    line.lineTimeMs = 10;
     clock.onWait = [this] {
-        if (line.Lines().size() >= 200) {
+        if (line.Lines().size() >= 150) {
             link.gate.Abandon();
         }
     };

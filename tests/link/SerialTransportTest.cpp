@@ -24,6 +24,7 @@ TEST_F(SerialTransport_, TreatsCommaCrAndPacingByTheKindOfSend) {
         clock.waitedMs = 0;
         state.CommandText = QString::fromLatin1(c.text);
         (link.transport.*c.send)();
+        line.FlushOutput();  // a line that is not paced may wait for more
         EXPECT_EQ(line.wire, c.wire);
         EXPECT_EQ(state.CommandText.toLatin1(), c.wire);  // the text keeps its CR
         EXPECT_EQ(clock.waitedMs, c.waitedMs) << c.text;

@@ -42,6 +42,12 @@ QByteArray ScriptedLine::Input() {
     return taken;
 }
 
+void ScriptedLine::ClearOutBuffer() {
+    if (!takesOutput) {
+        waiting_.clear();
+    }
+}
+
 Com::OutputState ScriptedLine::FlushOutput() {
     ++flushes;
     if (!takesOutput) {

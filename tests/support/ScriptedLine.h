@@ -27,7 +27,7 @@ class ScriptedLine : public Com {
     QMap<QString, QByteArray> replies;  // by the line without its CR; the reply needs its own CR
     std::function<QByteArray(const QString& line, const QString& settings)> reply;  // asked where replies has none
     qint64 byteDelayMs = 0;
-    qint64 lineTimeMs = 0;        // that each line takes to go out
+    qint64 lineTimeMs = 0;        // that each flush takes
     QSet<int> ports{1, 2, 3, 4};  // that can be opened
     bool takesOutput = true;
     bool lost = false;
@@ -44,7 +44,7 @@ class ScriptedLine : public Com {
     bool PortOpen() const override { return open_; }
     bool SetPortOpen(bool open) override;
     bool LineLost() const override { return lost; }
-    void ClearOutBuffer() override { waiting_.clear(); }
+    void ClearOutBuffer() override;
     void ClearInBuffer() override { input_.clear(); }
     qsizetype InBufferCount() override;
     void SetInputLen(qsizetype count) override { inputLen_ = count; }
