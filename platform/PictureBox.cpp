@@ -4,6 +4,13 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+
+// Qt numbers these three as MouseDown and MouseMove do. The other buttons of a mouse mean nothing to a picture.
+constexpr int kButtons = Qt::LeftButton | Qt::RightButton | Qt::MiddleButton;
+
+}  // namespace
+
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setContextMenuPolicy(Qt::PreventContextMenu);  // the right button is the form's
@@ -23,11 +30,9 @@ void PictureBox::SetScale(double left, double width, double top, double height) 
     scaleHeight_ = height;
 }
 
-// Qt numbers the three buttons as MouseDown and MouseMove do. The others of a mouse mean nothing to a picture.
-static constexpr int kButtons = Qt::LeftButton | Qt::RightButton | Qt::MiddleButton;
-
 void PictureBox::mousePressEvent(QMouseEvent* event) {
     if ((event->button() & kButtons) == 0) {
+        event->ignore();
         return;
     }
     const QPointF place = ToUser(event->position());

@@ -90,9 +90,10 @@ class PictureBox::Drawing {
     double CurrentY = 0.0;
 
     void Cls();
-    // Level and upright strokes are sharp, but for those that carry on a curve: there they keep its smooth outline.
+    // Sharp if level or upright; but a stroke that carries on a curve from where it ended is as smooth as the curve.
     void Line(double x1, double y1, double x2, double y2);
-    // The same strokes as Line for each. Thousands of them that follow on from each other are drawn quickly.
+    // Strokes that are one curve, smooth or sharp as a whole. Thousands that follow on from each other are drawn
+    // quickly.
     void Lines(std::span<const QLineF> lines);
     void Box(double x1, double y1, double x2, double y2);  // filled; at least one device pixel wide and high
     void PSet(double x, double y);                         // a round dot
@@ -100,13 +101,14 @@ class PictureBox::Drawing {
     double TextWidth(const QString& text) const;
 
   private:
+    static constexpr int kPhases = 4;  // places of a dot in a device pixel, across and down
+
     QPointF ToImage(const QPointF& point) const { return box_.ToPixels(point.x(), point.y()) * ratio_; }
     QRect Sharp(const QRectF& area) const;
     void UseMode(Mode mode);
     void UsePen();
-    void Stroke(const QLineF& line);
+    void UseStamps(double diameter);
     void Curve(const QPolygonF& run);
-    bool Levelled(const QRectF& bounds, const QPointF& start, const QPointF& end);
     void Fill(const QRect& area);
     void Touch(const QRectF& area);
     QFont Font() const;
@@ -115,8 +117,11 @@ class PictureBox::Drawing {
     QPainter painter_;  // in device pixels
     double ratio_;      // device pixels to a logical one
     Mode mode_ = Mode::Copy;
-    QPointF end_;              // of the last stroke, device pixels
-    bool curve_ = false;       // the last stroke was smooth
-    QRegion touched_;          // logical pixels
-    bool everything_ = false;  // is touched
+    QPointF end_;         // of the last stroke, device pixels
+    bool curve_ = false;  // the last stroke was smooth
+    QImage stamps_;       // dots of stampColor_ and stampDiameter_, kPhases x kPhases
+    QColor stampColor_;
+    double stampDiameter_ = 0.0;  // device pixels
+    QRegion touched_;             // logical pixels
+    bool everything_;             // is touched
 };

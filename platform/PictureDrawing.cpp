@@ -27,31 +27,36 @@ QPolygonF ThinnedOut(const QPolygonF& run) {
 }
 
 // One polyline has the cleanest joints, but strokes as tall and dense as those of noise take many times longer in it
-// than one by one. So a piece ends as soon as it is tall.
-void DrawInPieces(QPainter& painter, const QPolygonF& run) {
-    constexpr double kPieceHeight = 120.0;  // device pixels, up and down added
+// than one by one. So a piece ends before it is tall.
+void DrawInPieces(QPainter& painter, const QPolygonF& run, double tall) {
+    const auto draw = [&](qsizetype first, qsizetype last) {
+        if (last - first == 1) {
+            painter.drawLine(run[first], run[last]);
+        } else if (last > first) {
+            painter.drawPolyline(run.constData() + first, static_cast<int>(last - first + 1));
+        }
+    };
     qsizetype first = 0;
-    double height = 0.0;
+    double height = 0.0;  // up and down added
     for (qsizetype i = 1; i < run.size(); ++i) {
-        height += std::fabs(run[i].y() - run[i - 1].y());
-        if (height < kPieceHeight && i + 1 < run.size()) {
-            continue;
+        const double rise = std::fabs(run[i].y() - run[i - 1].y());
+        height += rise;
+        if (height > tall) {
+            draw(first, i - 1);
+            first = i - 1;
+            height = rise;
         }
-        if (i - first == 1) {
-            painter.drawLine(run[first], run[i]);
-        } else {
-            painter.drawPolyline(run.constData() + first, static_cast<int>(i - first + 1));
-        }
-        first = i;
-        height = 0.0;
     }
+    draw(first, run.size() - 1);
 }
+
+bool Straight(const QLineF& line) { return line.dx() == 0.0 || line.dy() == 0.0; }
 
 QRectF Bounds(const QLineF& line) { return QRectF(line.p1(), line.p2()).normalized(); }
 
 }  // namespace
 
-PictureBox::Drawing::Drawing(PictureBox& box) : box_(box) {
+PictureBox::Drawing::Drawing(PictureBox& box) : box_(box), everything_(box.image_.size() != box.PixelSize()) {
     box_.FitImage();
     ratio_ = box_.image_.devicePixelRatio();
     painter_.begin(&box_.image_);
@@ -76,22 +81,53 @@ void PictureBox::Drawing::Cls() {
 }
 
 void PictureBox::Drawing::Line(double x1, double y1, double x2, double y2) {
-    Stroke({ToImage({x1, y1}), ToImage({x2, y2})});
+    const QLineF line(ToImage({x1, y1}), ToImage({x2, y2}));
+    const bool carriesOn = curve_ && line.p1() == end_ && DrawMode == Mode::Copy;
+    curve_ = carriesOn || !Straight(line);
+    end_ = line.p2();
+    const double half = std::max(1.0, std::round(DrawWidth * ratio_)) / 2.0;
+    const QRectF inked = Bounds(line).adjusted(-half, -half, half, half);
+    if (!curve_) {
+        Fill(Sharp(inked));
+        return;
+    }
+    UseMode(DrawMode);
+    UsePen();
+    painter_.drawLine(line);
+    Touch(inked);
 }
 
 void PictureBox::Drawing::Lines(std::span<const QLineF> lines) {
+    // Inverted strokes have to meet as they do one by one.
+    if (DrawMode == Mode::Invert || std::all_of(lines.begin(), lines.end(), Straight)) {
+        for (const QLineF& line : lines) {
+            Line(line.x1(), line.y1(), line.x2(), line.y2());
+        }
+        return;
+    }
     QPolygonF run;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (run.isEmpty()) {
             run << ToImage(lines[i].p1());
         }
         run << ToImage(lines[i].p2());
-        // Inverted strokes meet as they do one by one.
-        if (i + 1 == lines.size() || lines[i + 1].p1() != lines[i].p2() || DrawMode == Mode::Invert) {
+        if (i + 1 == lines.size() || lines[i + 1].p1() != lines[i].p2()) {
             Curve(run);
             run.clear();
         }
     }
+}
+
+// Strokes that follow on from each other.
+void PictureBox::Drawing::Curve(const QPolygonF& run) {
+    constexpr double kTall = 60.0;  // logical pixels
+    UseMode(Mode::Copy);
+    UsePen();
+    DrawInPieces(painter_, ThinnedOut(run), kTall * ratio_);
+    const double half = DrawWidth * ratio_ / 2.0;
+    Touch(run.boundingRect().adjusted(-half, -half, half, half));
+    end_ = run.last();
+    curve_ = true;
 }
 
 void PictureBox::Drawing::Box(double x1, double y1, double x2, double y2) {
@@ -101,11 +137,48 @@ void PictureBox::Drawing::Box(double x1, double y1, double x2, double y2) {
 void PictureBox::Drawing::PSet(double x, double y) {
     const QPointF middle = ToImage({x, y});
     const double radius = DrawWidth * ratio_ / 2.0;
+    const QRectF inked(middle - QPointF(radius, radius), middle + QPointF(radius, radius));
+    if (!inked.intersects(box_.image_.rect())) {
+        return;
+    }
     UseMode(DrawMode);
-    QPainterPath dot;
-    dot.addEllipse(middle, radius, radius);
-    painter_.fillPath(dot, ForeColor);
-    Touch(dot.controlPointRect());
+    Touch(inked);
+    if (DrawMode == Mode::Invert) {
+        QPainterPath dot;
+        dot.addEllipse(inked);
+        painter_.fillPath(dot, ForeColor);
+        return;
+    }
+    UseStamps(2.0 * radius);
+    const int size = stamps_.width() / kPhases;
+    constexpr double kNearest = 0.5 / kPhases;
+    const QPointF corner = middle - QPointF(size, size) / 2.0 + QPointF(kNearest, kNearest);
+    const QPoint pixel(static_cast<int>(std::floor(corner.x())), static_cast<int>(std::floor(corner.y())));
+    const QPointF phase = (corner - pixel) * kPhases;
+    const QPoint stamp(static_cast<int>(phase.x()), static_cast<int>(phase.y()));
+    painter_.drawImage(pixel, stamps_, QRect(stamp * size, QSize(size, size)));
+}
+
+// One dot for each place that its middle can have in a pixel: thousands of dots are stamped many times faster than
+// their outlines are filled.
+void PictureBox::Drawing::UseStamps(double diameter) {
+    if (stampColor_ == ForeColor && stampDiameter_ == diameter) {
+        return;
+    }
+    stampColor_ = ForeColor;
+    stampDiameter_ = diameter;
+    const int size = 2 * static_cast<int>(std::ceil(diameter / 2.0) + 1.0);
+    stamps_ = QImage(QSize(size, size) * kPhases, QImage::Format_ARGB32_Premultiplied);
+    stamps_.fill(Qt::transparent);
+    QPainter painter(&stamps_);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ForeColor);
+    for (int i = 0; i < kPhases * kPhases; ++i) {
+        const QPointF phase(i % kPhases, i / kPhases);
+        const QPointF middle = phase * size + phase / kPhases + QPointF(size, size) / 2.0;
+        painter.drawEllipse(middle, diameter / 2.0, diameter / 2.0);
+    }
 }
 
 void PictureBox::Drawing::Print(const QString& text) {
@@ -151,44 +224,16 @@ void PictureBox::Drawing::UseMode(Mode mode) {
                                                    : QPainter::RasterOp_NotSourceXorDestination);
 }
 
-// Square ends and round joints: strokes that meet leave no gap at any angle.
+// Square ends, and joints as if such ends overlapped: strokes that meet leave no gap at any angle. Round joints look
+// the same at the gentle bends of a dense curve, and take twice the time.
 void PictureBox::Drawing::UsePen() {
     const double width = DrawWidth * ratio_;
-    if (painter_.pen().widthF() != width || painter_.pen().color() != ForeColor) {
-        painter_.setPen({ForeColor, width, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin});
+    if (painter_.pen().widthF() == width && painter_.pen().color() == ForeColor) {
+        return;
     }
-}
-
-void PictureBox::Drawing::Stroke(const QLineF& line) {
-    if (!Levelled(Bounds(line), line.p1(), line.p2())) {
-        UseMode(DrawMode);
-        UsePen();
-        painter_.drawLine(line);
-    }
-}
-
-// One or more strokes that follow on from each other.
-void PictureBox::Drawing::Curve(const QPolygonF& run) {
-    if (!Levelled(run.boundingRect(), run.first(), run.last())) {
-        UseMode(DrawMode);
-        UsePen();
-        DrawInPieces(painter_, ThinnedOut(run));
-    }
-}
-
-// Draws strokes that run straight along an axis, unless they carry on a curve; false if it did not.
-bool PictureBox::Drawing::Levelled(const QRectF& bounds, const QPointF& start, const QPointF& end) {
-    const bool carriesOn = curve_ && start == end_ && DrawMode == Mode::Copy;
-    curve_ = carriesOn || (bounds.width() != 0.0 && bounds.height() != 0.0);
-    end_ = end;
-    const double half = std::max(1.0, std::round(DrawWidth * ratio_)) / 2.0;
-    const QRectF inked = bounds.adjusted(-half, -half, half, half);
-    if (curve_) {
-        Touch(inked);
-    } else {
-        Fill(Sharp(inked));
-    }
-    return !curve_;
+    QPen pen(ForeColor, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+    pen.setMiterLimit(0.5);  // widths
+    painter_.setPen(pen);
 }
 
 void PictureBox::Drawing::Fill(const QRect& area) {
@@ -203,9 +248,9 @@ void PictureBox::Drawing::Touch(const QRectF& area) {
     if (everything_) {
         return;
     }
-    // One more pixel all around: that of soft edges and of square ends at an angle.
+    const double rim = 1.0 + DrawWidth / 4.0;  // logical pixels; soft edges, and the corners of square ends at an angle
     const QRectF logical(area.topLeft() / ratio_, area.size() / ratio_);
-    touched_ += logical.adjusted(-1.0, -1.0, 1.0, 1.0).toAlignedRect() & box_.rect();
+    touched_ += logical.adjusted(-rim, -rim, rim, rim).toAlignedRect() & box_.rect();
     everything_ = touched_.rectCount() > kMostPlaces;
 }
 

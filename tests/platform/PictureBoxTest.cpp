@@ -1,0 +1,173 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QBackingStore>
+#include <QMouseEvent>
+#include <QTest>
+#include <functional>
+#include <memory>
+
+#include "platform/PictureBox.h"
+
+namespace {
+
+using Drawing = PictureBox::Drawing;
+using Strokes = std::function<void(Drawing&)>;
+
+constexpr QColor kPaper(255, 255, 128);
+
+// In a scale that is that of the logical pixels, but upwards.
+class PictureBoxTest : public testing::Test {
+  protected:
+    PictureBoxTest() {
+        picture.resize(300, 200);
+        picture.SetBackColor(kPaper);
+        picture.SetScale(0.0, 300.0, 200.0, -200.0);
+        picture.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&picture));
+    }
+
+    QImage Draw(const Strokes& strokes) {
+        strokes(*std::make_unique<Drawing>(picture));
+        return picture.grab().toImage();
+    }
+
+    PictureBox picture;
+};
+
+TEST_F(PictureBoxTest, InvertedStrokesShowAndDrawnAgainRestoreEveryPixel) {
+    const QList<QColor> grounds{{255, 192, 128}, {192, 192, 192}, {0, 0, 0}, {192, 192, 255}, kPaper};
+    const QImage before = Draw([&](Drawing& d) {
+        d.Cls();
+        for (int i = 0; i < 4; ++i) {
+            d.ForeColor = grounds[i], d.Box(60 * i, 0, 60 * i + 60, 200);
+        }
+        d.DrawWidth = 3.0, d.Line(0, 80, 300, 120), d.PSet(150, 20);
+    });
+    const QLineF places[]{{0, 150, 300, 150},  {33.3, 0, 33.3, 200},  {-900, -40, 400, 260},  {20, 190.7, 280, 3.1},
+                          {200, 30, 200, 300}, {-50, 90, 310, 120.5}, {280, 250, 140.2, 100}, {-1e6, -1e6, 1e6, 1e6}};
+    for (int i = 0; i < 24; ++i) {
+        const auto stroke = [&](Drawing& d) {
+            const QLineF& at = places[i % 8];
+            d.DrawMode = Drawing::Mode::Invert;
+            d.DrawWidth = i < 8 ? 1.0 : 3.0;
+            d.ForeColor = QList<QColor>{{0, 0, 255}, {0, 128, 0}, {192, 192, 192}}[i % 3];
+            i < 16 ? d.Line(at.x1(), at.y1(), at.x2(), at.y2()) : d.Box(at.x1(), at.y1(), at.x2(), at.y2());
+        };
+        const QImage drawn = Draw(stroke);
+        EXPECT_NE(drawn, before) << i;
+        for (int k = 0; k < 300 * 200; ++k) {
+            const QColor a = before.pixelColor(k % 300, k / 300);
+            const QColor b = drawn.pixelColor(k % 300, k / 300);
+            const int step = qAbs(a.red() - b.red()) + qAbs(a.green() - b.green()) + qAbs(a.blue() - b.blue());
+            ASSERT_TRUE(a == b || step > 150 || !grounds.contains(a)) << i << " " << k;
+        }
+        EXPECT_EQ(Draw(stroke), before) << i;
+    }
+}
+
+TEST_F(PictureBoxTest, StraightStrokesAndBoxesAreSharpAndCurvesSmooth) {
+    const QLineF grid[]{{40, 120.5, 250, 120.5}, {40.7, 60, 40.7, 100.1}},
+        curve[]{{0, 80, 100, 90}, {100, 90, 300, 90}};
+    const std::pair<bool, Strokes> table[]{
+        {true, [](Drawing& d) { d.Line(20.3, 30.6, 280.3, 30.6); }},
+        {true, [](Drawing& d) { d.DrawWidth = 3, d.Line(20.3, 30.6, 20.3, 90.4); }},
+        {true, [&](Drawing& d) { d.DrawWidth = 2, d.Lines(grid); }},
+        {true, [](Drawing& d) { d.Box(200.9, 40.1, 180.2, 80.8); }},
+        {false, [&](Drawing& d) { d.DrawWidth = 2, d.Lines(curve); }},
+        {false, [](Drawing& d) { d.DrawWidth = 7, d.PSet(50.4, 60.2); }},
+        // A level part carries on where the slope ends, dots or not.
+        {false, [](Drawing& d) { d.Line(-2, 50, -1, 50.3), d.PSet(-1, 50.3), d.Line(-1, 50.3, 300, 50.3); }}};
+    for (const auto& [sharp, strokes] : table) {
+        const QImage image = Draw([&](Drawing& d) { d.Cls(), strokes(d); });
+        EXPECT_EQ(image.convertToFormat(QImage::Format_Indexed8).colorCount() == 2, sharp);
+    }
+}
+
+TEST_F(PictureBoxTest, PointerArrivesInUserScale) {
+    picture.SetScale(980.0, 1040.0, 2060.0, -4120.0);
+    using Pointers = std::vector<std::tuple<int, float, float>>;
+    Pointers downs, moves;
+    const auto into = [](Pointers& list) { return [&](int held, float x, float y) { list.emplace_back(held, x, y); }; };
+    QObject::connect(&picture, &PictureBox::MouseDown, &picture, into(downs));
+    QObject::connect(&picture, &PictureBox::MouseMove, &picture, into(moves));
+    QTest::mouseClick(&picture, Qt::LeftButton, {}, QPoint(150, 100));
+    QTest::mouseDClick(&picture, Qt::LeftButton, {}, QPoint(150, 100));
+    QTest::mouseClick(&picture, Qt::RightButton, {}, QPoint(0, 50));
+    QTest::mouseClick(&picture, Qt::MiddleButton, {}, QPoint(75, 50));
+    QTest::mouseClick(&picture, Qt::BackButton, {}, QPoint(75, 50));
+    EXPECT_EQ(downs, (Pointers{{1, 1500, 0}, {1, 1500, 0}, {2, 980, 1030}, {4, 1240, 1030}}));
+    moves.clear();
+    const auto move = [&](QPointF place, Qt::MouseButtons held) {
+        QMouseEvent event(QEvent::MouseMove, place, picture.mapToGlobal(place), Qt::NoButton, held, Qt::NoModifier);
+        QApplication::sendEvent(&picture, &event);
+    };
+    move({10.25, 20.5}, Qt::NoButton);
+    move({-30, 250}, Qt::LeftButton | Qt::RightButton | Qt::BackButton);
+    EXPECT_EQ(moves, (Pointers{{0, static_cast<float>(980 + 10.25 * 1040 / 300), 1637.7F}, {3, 876, -3090}}));
+    EXPECT_TRUE(picture.hasMouseTracking());
+}
+
+TEST_F(PictureBoxTest, OldContentShowsUntilANewSizeIsDrawn) {
+    int requests = 0;
+    QObject::connect(&picture, &PictureBox::RedrawNeeded, &picture, [&] { ++requests; });
+    const auto halves = [this] {  // colours at the left and at the right
+        const QImage image = picture.grab().toImage().scaled(30, 20);
+        return std::pair(image.pixelColor(12, 1), image.pixelColor(17, 18));
+    };
+    const std::pair redAndPaper(QColor(Qt::red), kPaper);
+    EXPECT_EQ(halves(), std::pair(kPaper, kPaper));
+    Draw([](Drawing& d) { d.ForeColor = Qt::red, d.Box(0, 0, 150, 200); });
+    for (const QSize size : {QSize(600, 150), QSize(90, 90), QSize(400, 400)}) {
+        picture.resize(size);
+        EXPECT_EQ(halves(), redAndPaper);
+    }
+    EXPECT_EQ(requests, 3);
+    Draw([](Drawing& d) { d.PSet(1, 1); });
+    EXPECT_EQ(halves(), redAndPaper);
+    Draw([](Drawing& d) { d.Cls(); });
+    EXPECT_EQ(halves(), std::pair(kPaper, kPaper));
+}
+
+// The window shows the picture as it is, though only what changed is painted.
+TEST_F(PictureBoxTest, PaintsOnlyWhatIsTouched) {
+    struct Paints : QObject {
+        int pixels = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            for (const QRect& part :
+                 event->type() == QEvent::Paint ? static_cast<QPaintEvent*>(event)->region() : QRegion()) {
+                pixels += part.width() * part.height();
+            }
+            return false;
+        }
+    } paints;
+    picture.installEventFilter(&paints);
+    const Strokes cross = [](Drawing& d) {
+        d.DrawMode = Drawing::Mode::Invert, d.Line(77.7, 0, 77.7, 200), d.Line(0, 20.2, 300, 20.2);
+    };
+    const std::pair<double, Strokes> table[]{
+        // the most that is painted, as a share of the picture
+        {1.0, [](Drawing& d) { d.Cls(); }},
+        {0.05, cross},
+        {0.1, [](Drawing& d) { d.DrawWidth = 12, d.Line(50, 50, 90.5, 77.7); }},
+        {0.02, [](Drawing& d) { d.DrawWidth = 7, d.PSet(99.4, 150.5), d.PSet(298, 199); }},
+        {0.02, [](Drawing& d) { d.Box(200.2, 100.4, 210.8, 110.6); }},
+        {1.0,
+         [](Drawing& d) {
+             for (int i = 0; i < 99; ++i)
+                 d.PSet(3 * i, 2 * i);
+         }},
+        {0.05, cross}};
+    for (const auto& [most, strokes] : table) {
+        QApplication::processEvents();
+        strokes(*std::make_unique<Drawing>(picture));
+        paints.pixels = 0;
+        QApplication::processEvents();
+        EXPECT_LE(paints.pixels, most * 60000.0);
+        auto* const window = dynamic_cast<QImage*>(picture.backingStore()->paintDevice());
+        ASSERT_NE(window, nullptr);
+        EXPECT_EQ(window->convertToFormat(QImage::Format_RGB32), picture.grab().toImage());
+    }
+}
+
+}  // namespace
