@@ -13,7 +13,7 @@ QString Repeat(const char* number, int times) { return QString(QString::fromLati
 
 // Expects these samples of the copy buffer, and that nothing but the samples 1 to 2048 was written.
 void ExpectTrace(const QString& text, const std::map<std::size_t, int>& samples) {
-    std::array<qint16, 16385> buffer;
+    std::array<qint16, 16385> buffer{};
     buffer.fill(kUntouched);
     ASSERT_TRUE(ReadTrace(text, buffer)) << text.left(60).toStdString();
     for (const auto& [index, sample] : samples) {

@@ -26,7 +26,8 @@ class TraceSourceTest : public ::testing::Test {
     }
 
     // The first step of a conversation that fails; none if it goes through. `hasty`: a step with a short time limit.
-    QString FailingStep(const char* command = "getbincha", const char* topic = "qd204e|dde", QString hasty = {}) {
+    QString FailingStep(const char* command = "getbincha", const char* topic = "qd204e|dde",
+                        const QString& hasty = {}) {
         link.SetLinkTopic(QString::fromLatin1(topic));
         link.SetLinkItem(QStringLiteral("data"));
         const std::pair<QString, std::function<bool()>> steps[] = {
@@ -77,9 +78,9 @@ TEST_F(TraceSourceTest, ServesBothChannelsAgainAndAgain) {
 TEST_F(TraceSourceTest, FaultsEndTheConversationAtOnceOrAtTheTimeLimit) {
     struct Case {
         sim::TraceFaults faults;
-        const char* failingStep;
-        const char* text;   // of the reply, its head
-        bool late = false;  // by its time limit, else at once
+        const char* failingStep = "";
+        const char* text = "";  // of the reply, its head
+        bool late = false;      // by its time limit, else at once
     };
     const Case cases[] = {
         {{.hangUpOn = {"initiate"}}, "initiate", ""},
