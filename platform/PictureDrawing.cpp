@@ -62,6 +62,7 @@ PictureBox::Drawing::Drawing(PictureBox& box) : box_(box), everything_(box.image
     painter_.begin(&box_.image_);
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.scale(1.0 / ratio_, 1.0 / ratio_);
+    painter_.setPen({ForeColor, 0.0});  // not one of the strokes
 }
 
 PictureBox::Drawing::~Drawing() {
