@@ -176,8 +176,8 @@ void PictureBox::Drawing::UseStamps(double diameter) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(ForeColor);
     for (int i = 0; i < kPhases * kPhases; ++i) {
-        const QPointF phase(i % kPhases, i / kPhases);
-        const QPointF middle = phase * size + phase / kPhases + QPointF(size, size) / 2.0;
+        const QPoint stamp(i % kPhases, i / kPhases);
+        const QPointF middle = stamp * size + QPointF(stamp) / kPhases + QPointF(size, size) / 2.0;
         painter.drawEllipse(middle, diameter / 2.0, diameter / 2.0);
     }
 }

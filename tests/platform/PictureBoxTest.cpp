@@ -79,7 +79,7 @@ TEST_F(PictureBoxTest, StraightStrokesAndBoxesAreSharpAndCurvesSmooth) {
         // A level part carries on where the slope ends, dots or not.
         {false, [](Drawing& d) { d.Line(-2, 50, -1, 50.3), d.PSet(-1, 50.3), d.Line(-1, 50.3, 300, 50.3); }}};
     for (const auto& [sharp, strokes] : table) {
-        const QImage image = Draw([&](Drawing& d) { d.Cls(), strokes(d); });
+        const QImage image = Draw([&, &draw = strokes](Drawing& d) { d.Cls(), draw(d); });
         EXPECT_EQ(image.convertToFormat(QImage::Format_Indexed8).colorCount() == 2, sharp);
     }
 }
