@@ -87,6 +87,7 @@ void SerialTransport::QueryUnit() {
         return;
     }
     state_.ReplyText.clear();
+    AwaitLine();
     while (state_.ReplyText.size() <= kLongestReply && AwaitByte()) {
         com_.SetInputLen(1);
         const QChar character = ReadReplyChar();
@@ -96,6 +97,14 @@ void SerialTransport::QueryUnit() {
         state_.ReplyText += character;
     }
     ShowSerialError();
+}
+
+// Behind the points of a memory a query can wait for many seconds until it is on the line.
+void SerialTransport::AwaitLine() {
+    while (com_.LineTimeLeftMs() > 0 && com_.InBufferCount() <= 0 && !com_.LineLost()) {
+        qint32 moment = 0;
+        clock_.WaitMs(moment);
+    }
 }
 
 // False when no byte came within the time-out, or none can come any more.

@@ -22,8 +22,8 @@ class SerialTransport {
     void SendCommandSlow();  // paced behind each character: the clock
     void SendQuery();        // as SendCommand, but no CR is added to a text that holds one
 
-    // Sends CommandText and collects one line into ReplyText; at most 3.0 s for each of its bytes. Does nothing, and
-    // leaves ReplyText, while LinkUp is 0.
+    // Sends CommandText and collects one line into ReplyText; at most 3.0 s for each of its bytes, from when the line
+    // has carried the query. Does nothing, and leaves ReplyText, while LinkUp is 0.
     void QueryUnit();
     // The form for the thousands of queries of a memory read.
     void SendQueryBlock() { SendQuery(); }
@@ -45,6 +45,7 @@ class SerialTransport {
     bool Write(Pacing pacing);
     bool Flush();
     void Pace();
+    void AwaitLine();
     bool AwaitByte();
     QChar ReadReplyChar();
 

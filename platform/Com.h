@@ -41,4 +41,6 @@ class Com {
     // ClearOutBuffer, and while it stays stalled there is no second wait.
     enum class OutputState { Taken, Waiting, Stalled };
     virtual OutputState FlushOutput() = 0;
+    // Until the line has carried what the port took, by its rate; 0 when it is idle.
+    virtual qint64 LineTimeLeftMs() const = 0;
 };

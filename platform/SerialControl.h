@@ -3,6 +3,7 @@
 #include <QElapsedTimer>
 #include <QSerialPort>
 #include <QTimer>
+#include <algorithm>
 #include <functional>
 #include <string>
 
@@ -31,6 +32,7 @@ class SerialControl : public Com {
     QByteArray Input() override;
     void Output(char character) override { waiting_ += character; }
     OutputState FlushOutput() override;
+    qint64 LineTimeLeftMs() const override { return std::max<qint64>(lineFreeUs_ - NowUs(), 0) / 1000; }
 
   private:
     bool Open();

@@ -51,6 +51,7 @@ class ScriptedLine : public Com {
     QByteArray Input() override;
     void Output(char character) override { waiting_ += character; }
     OutputState FlushOutput() override;
+    qint64 LineTimeLeftMs() const override { return 0; }
 
   private:
     ScriptedClock& clock_;

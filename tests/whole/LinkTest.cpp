@@ -36,6 +36,15 @@ TEST_F(WholeLink, TheSearchFindsTheRateThroughNoise) {
     EXPECT_EQ(stored.ComBaudRate, 38400);
 }
 
+TEST_F(WholeLink, AQueryBehindMuchOutputWaitsForTheLine) {
+    Connect({.realTime = true}, 4800);
+    for (int i = 0; i < 2000; ++i) {  // 4.6 s on the line
+        com.Output('\r');
+    }
+    panel.Click("Command3");
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+}
+
 TEST_F(WholeLink, ASilentInstrumentGivesTwoBoxesAndTheNextTryStartsAfresh) {
     auto& instrument = Plug(2, {.rate = 115200, .silentOffRate = true});
     Open();
