@@ -38,7 +38,7 @@ void Editor::MakeControls() {
     Picture1->setObjectName(QStringLiteral("Picture1"));
     Picture1->setAccessibleName(QStringLiteral("The whole waveform; a drag chooses the part shown enlarged"));
     Picture1->setToolTip(QStringLiteral("Drag to choose the part shown below"));
-    strip_ = new QWidget(paper_);
+    strip_ = new ControlStrip(paper_);
     Picture2 = new PictureBox(paper_);
     Picture2->setObjectName(QStringLiteral("Picture2"));
     Picture2->setAccessibleName(QStringLiteral("Part of the waveform, enlarged, for drawing"));
@@ -199,14 +199,6 @@ void Editor::ShowPen() {
         opPenmode->Option(static_cast<int>(pen))->setToolTip(PenHint(pen, Target()));
     }
     ShowHint();
-}
-
-// What the right button does is told where there is room for it.
-void Editor::ShowHint() {
-    const QString hint = PenHint(SelectedPen(), Target());
-    const QString full = hint + u"  Right click in a shaded strip: next page.";
-    const bool fits = hint_->fontMetrics().horizontalAdvance(full) <= hint_->width();
-    hint_->setText(fits ? full : hint);
 }
 
 // Nothing was copied yet: there is nothing to paste.

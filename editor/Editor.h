@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <memory>
 
+#include "editor/ControlStrip.h"
 #include "editor/EditMode.h"
 #include "editor/EditorContext.h"
 #include "editor/EditorHost.h"
@@ -71,12 +72,12 @@ class Editor : public QMainWindow, private EditorFront {
     void ConnectMenu();
     void ShowMode(const FixedName& file, EditTarget target);
     void ShowPen();
-    void ShowHint();
 
     // Layout (EditorLayout.cpp)
     void Arrange();
     void FillControlStrip();
     void OrderTabs();
+    void ShowHint();
 
     ProgramState& program_;
     Desktop& desktop_;
@@ -85,8 +86,8 @@ class Editor : public QMainWindow, private EditorFront {
     QWidget* paper_ = nullptr;       // all below the menu
     PictureBox* Picture1 = nullptr;  // the whole address axis
     PictureBox* Picture2 = nullptr;  // the view, and the drawing surface of the pens
-    QWidget* strip_ = nullptr;       // the controls between the two
-    QLabel* hint_ = nullptr;         // what the pen does
+    ControlStrip* strip_ = nullptr;
+    QLabel* hint_ = nullptr;  // what the pen does
     std::unique_ptr<OptionGroup> opEditmode;
     std::unique_ptr<OptionGroup> opPenmode;
     std::unique_ptr<OptionGroup> Opintmode;

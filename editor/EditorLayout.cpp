@@ -1,10 +1,10 @@
 // How the form stands: the overview, the strip of controls, the view, the hint. Sizes and places are in pixels.
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <algorithm>
 
 #include "editor/Editor.h"
+#include "editor/PenLook.h"
 #include "platform/Controls.h"
 
 namespace {
@@ -16,7 +16,6 @@ constexpr int kDetailTop = 116;     // of Picture2; lower where large letters ma
 constexpr int kBelowDetail = 50;    // what the form's height leaves for the menu and the hint
 constexpr int kLeastOverview = 40;  // height of Picture1
 constexpr int kGap = 2;
-constexpr int kColumnGap = 12;
 
 void AddOptions(QGridLayout* grid, int column, const QList<QAbstractButton*>& options, int perRow) {
     for (int i = 0; i < options.size(); ++i) {
@@ -28,7 +27,6 @@ void AddDivider(QGridLayout* grid, int column) {
     auto* const divider = new QFrame;
     divider->setFrameStyle(QFrame::VLine | QFrame::Sunken);
     grid->addWidget(divider, 0, column, 2, 1);
-    grid->setColumnMinimumWidth(column, kColumnGap);
 }
 
 }  // namespace
@@ -43,17 +41,11 @@ void Editor::Arrange() {
     OrderTabs();
 }
 
-// The columns of the strip: what is edited, the pens, the entry, the read-outs; below them what belongs to the signal.
 void Editor::FillControlStrip() {
-    auto* const grid = new QGridLayout;
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(6);
-    grid->setVerticalSpacing(0);
-    AddOptions(grid, 0, opEditmode->Options(), 1);
-    AddDivider(grid, 1);
-    AddOptions(grid, 2, opPenmode->Options(), 2);
-    AddDivider(grid, 4);
-    AddDivider(grid, 7);
+    AddOptions(strip_->tools, 0, opEditmode->Options(), 1);
+    AddDivider(strip_->tools, 1);
+    AddOptions(strip_->tools, 2, opPenmode->Options(), 2);
+    AddDivider(strip_->tools, 4);
     const std::array<QString, 2> axes{QStringLiteral("X:"), QStringLiteral("Y:")};
     const std::array<QString, 2> names{QStringLiteral("Address"), QStringLiteral("Value, -2047 to 2047")};
     for (int i = 0; i < 2; ++i) {
@@ -61,32 +53,21 @@ void Editor::FillControlStrip() {
         EntryField* const field = entry_->Text1[at];
         field->setAccessibleName(names[at]);
         field->setToolTip(names[at] + u". Enter in Y: stores the sample; an address that has a point loses it.");
-        field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-0000000")) + 8);
+        field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-00000")) + 8);
         field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
-        grid->addWidget(MakeLabel(QStringLiteral("Label1_%1").arg(i), axes[at], strip_, field), i, 5);
-        grid->addWidget(field, i, 6);
-        pointer_->corint[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 00000 ")));
-        pointer_->corper[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 000.0% ")));
-        grid->addWidget(pointer_->corint[at], i, 8);
-        grid->addWidget(pointer_->corper[at], i, 9);
+        strip_->tools->addWidget(MakeLabel(QStringLiteral("Label1_%1").arg(i), axes[at], strip_, field), i, 5);
+        strip_->tools->addWidget(field, i, 6);
+        pointer_->corint[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 00000")));
+        pointer_->corper[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 000.0%")));
+        strip_->position->addWidget(pointer_->corint[at], i, 0);
+        strip_->position->addWidget(pointer_->corper[at], i, 1);
     }
-    grid->setColumnStretch(10, 1);
-
-    auto* const lower = new QHBoxLayout;
-    lower->setSpacing(kColumnGap);
     for (QAbstractButton* const option : Opintmode->Options()) {
-        lower->addWidget(option);
+        strip_->curve->addWidget(option);
     }
-    lower->addWidget(Marker);
-    lower->addWidget(opFit);
-    lower->addStretch();
+    strip_->points->addWidget(Marker);
+    strip_->points->addWidget(opFit);
     opFit->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
-
-    auto* const rows = new QVBoxLayout(strip_);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(0);
-    rows->addLayout(grid);
-    rows->addLayout(lower);
 }
 
 void Editor::OrderTabs() {
@@ -110,10 +91,11 @@ void Editor::OrderTabs() {
 
 void Editor::Editor_Form_Resize() {
     view_->TakeOffStrokes();
+    const int pictureWidth = width() - 4 * kEdge;
+    strip_->FitTo(pictureWidth);
     const int stripHeight = strip_->sizeHint().height();
     const int detailTop = std::max(kDetailTop, kEdge + kLeastOverview + stripHeight + 2 * kGap);
     const int stripTop = detailTop - stripHeight - kGap;
-    const int pictureWidth = width() - 4 * kEdge;
     const int hintHeight = hint_->sizeHint().height();
     const int room = paper_->height() - detailTop - hintHeight - 2 * kGap;
     const int detailHeight = std::min(height() - detailTop - kBelowDetail, room);
@@ -123,4 +105,14 @@ void Editor::Editor_Form_Resize() {
     hint_->setGeometry(kEdge, detailTop + detailHeight + kGap, pictureWidth, hintHeight);
     ShowHint();
     program_.editor.EditorRedrawPending = true;
+}
+
+// What is the same for every pen gives way first where the form is narrow.
+void Editor::ShowHint() {
+    const QString hint = PenHint(SelectedPen(), Target());
+    const QString paging = hint + u"  Right click in a shaded strip: next page.";
+    const QFontMetrics metrics = hint_->fontMetrics();
+    const bool fits = metrics.horizontalAdvance(paging) <= hint_->width();
+    hint_->setText(metrics.elidedText(fits ? paging : hint, Qt::ElideRight, hint_->width()));
+    hint_->setToolTip(paging);
 }
