@@ -83,6 +83,7 @@ void Editor::ConnectControls() {
             requestRedraw();
         });
     }
+    connect(Picture2, &PictureBox::RedrawNeeded, this, &Editor::ShowPen, Qt::QueuedConnection);  // another density
     opEditmode->Select(0);
     opPenmode->Select(0);
     Opintmode->Select(0);
@@ -194,7 +195,7 @@ void Editor::ShowMode(const FixedName& file, EditTarget target) {
 }
 
 void Editor::ShowPen() {
-    Picture2->setCursor(PenCursor(SelectedPen()));
+    Picture2->setCursor(PenCursor(SelectedPen(), Picture2->devicePixelRatioF()));
     for (const Pen pen : {Pen::Draw, Pen::Delete, Pen::Copy, Pen::Paste}) {
         opPenmode->Option(static_cast<int>(pen))->setToolTip(PenHint(pen, Target()));
     }

@@ -57,8 +57,8 @@ void Editor::FillControlStrip() {
         field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
         strip_->tools->addWidget(MakeLabel(QStringLiteral("Label1_%1").arg(i), axes[at], strip_, field), i, 5);
         strip_->tools->addWidget(field, i, 6);
-        pointer_->corint[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 00000")));
-        pointer_->corper[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 000.0%")));
+        pointer_->corint[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 00000")) + kGap);
+        pointer_->corper[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 000.0%")) + kGap);
         strip_->position->addWidget(pointer_->corint[at], i, 0);
         strip_->position->addWidget(pointer_->corper[at], i, 1);
     }

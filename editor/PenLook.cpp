@@ -6,50 +6,50 @@
 namespace {
 
 constexpr int kSide = 32;  // logical pixels
-constexpr int kHot = 9;    // the point of work
 
 void DrawSign(QPainter& painter, Pen pen) {
+    if (pen == Pen::Draw) {  // a pencil
+        painter.drawPolygon(QPolygonF{{0, 0}, {3, 8}, {17, 22}, {22, 17}, {8, 3}});
+        painter.drawLine(3, 8, 8, 3);
+        return;
+    }
+    painter.drawPolygon(QPolygonF{{0, 0}, {0, 13}, {3, 10}, {5, 15}, {8, 14}, {6, 9}, {10, 9}});
     switch (pen) {
-        case Pen::Draw:  // a pencil
-            painter.drawPolygon(QPolygonF{{14, 14}, {16, 20}, {25, 29}, {29, 25}, {20, 16}});
-            break;
         case Pen::Delete:
-            painter.drawLine(16, 16, 27, 27);
-            painter.drawLine(27, 16, 16, 27);
+            painter.drawLine(14, 16, 25, 27);
+            painter.drawLine(25, 16, 14, 27);
             break;
         case Pen::Copy:  // two sheets
-            painter.drawRect(15, 15, 9, 11);
-            painter.drawRect(19, 18, 9, 11);
+            painter.drawRect(13, 14, 9, 11);
+            painter.drawRect(17, 17, 9, 11);
             break;
-        case Pen::Paste:  // a sheet on a board
-            painter.drawRect(15, 16, 13, 13);
-            painter.drawRect(19, 13, 5, 4);
-            painter.drawLine(18, 21, 25, 21);
-            painter.drawLine(18, 25, 25, 25);
+        default:  // a sheet on a board
+            painter.drawRect(13, 15, 13, 13);
+            painter.drawRect(17, 12, 5, 4);
+            painter.drawLine(16, 20, 23, 20);
+            painter.drawLine(16, 24, 23, 24);
             break;
     }
 }
 
 }  // namespace
 
-QCursor PenCursor(Pen pen) {
-    // Not denser than the screen's logical pixels: not every window system scales the hot spot with the shape.
-    QPixmap shape(kSide, kSide);
+// The point of work is the corner: some desktops take it in logical pixels, some in those of the device.
+QCursor PenCursor(Pen pen, qreal ratio) {
+    QPixmap shape((QSizeF(kSide, kSide) * ratio).toSize());
+    shape.setDevicePixelRatio(ratio);
     shape.fill(Qt::transparent);
     QPainter painter(&shape);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(0.5, 0.5);  // level and upright strokes are sharp
     painter.setBrush(Qt::white);
     // A light rim first, so that the shape shows on a dark curve too.
     for (const QPen& ink : {QPen(Qt::white, 3.5), QPen(Qt::black, 1.4)}) {
         painter.setPen(ink);
-        painter.drawLine(kHot, 1, kHot, kHot - 3);
-        painter.drawLine(kHot, kHot + 3, kHot, 2 * kHot - 1);
-        painter.drawLine(1, kHot, kHot - 3, kHot);
-        painter.drawLine(kHot + 3, kHot, 2 * kHot - 1, kHot);
         DrawSign(painter, pen);
     }
     painter.end();
-    return QCursor(shape, kHot, kHot);
+    return QCursor(shape, 0, 0);
 }
 
 QString PenHint(Pen pen, EditTarget target) {

@@ -7,8 +7,8 @@
 
 // How a pen shows in the hand and what it says of itself.
 
-// A cross at the point of work with a sign of the pen beside it.
-QCursor PenCursor(Pen pen);
+// A pencil, or an arrow with a sign of the pen beside it, sharp at `ratio` device pixels to a logical one.
+QCursor PenCursor(Pen pen, qreal ratio);
 
 // What a click or a drag with this pen does.
 QString PenHint(Pen pen, EditTarget target);
