@@ -1,6 +1,7 @@
 #include "platform/OptionGroup.h"
 
 #include <QKeyEvent>
+#include <algorithm>
 
 OptionGroup::OptionGroup(const QString& name, const QStringList& captions, QWidget* parent, int first)
     : QObject(parent) {
@@ -71,12 +72,16 @@ bool OptionGroup::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-// Clicks the next option in this direction, and goes on at the other end.
+// Clicks the next option in this direction that can be chosen, and goes on at the other end.
 void OptionGroup::Walk(QAbstractButton* from, int step) {
     const auto options = buttons_.buttons();
     const qsizetype count = options.size();
-    QAbstractButton* const to = options.at((options.indexOf(from) + step + count) % count);
-    if (to->isEnabled() && !Refused()) {
+    qsizetype at = options.indexOf(from);
+    do {
+        at = (at + step + count) % count;
+    } while (!options.at(at)->isEnabled() && options.at(at) != from);
+    QAbstractButton* const to = options.at(at);
+    if (to != from && !Refused()) {
         to->setFocus(Qt::TabFocusReason);
         to->setChecked(true);
         Run(buttons_.id(to));
@@ -88,12 +93,18 @@ void OptionGroup::SetTakesFocus(bool takes) {
     FixTabStops();
 }
 
+// A selected option that is disabled takes no focus: the first that can be chosen stands in for it.
 void OptionGroup::FixTabStops() {
-    const QAbstractButton* const checked = buttons_.checkedButton();
     const auto options = buttons_.buttons();
+    const auto usable = [](const QAbstractButton* option) { return option->isEnabledTo(option->parentWidget()); };
+    const QAbstractButton* const checked = buttons_.checkedButton();
+    const QAbstractButton* tabStop = checked != nullptr ? checked : options.constFirst();
+    if (!usable(tabStop)) {
+        const auto other = std::find_if(options.cbegin(), options.cend(), usable);
+        tabStop = other != options.cend() ? *other : tabStop;
+    }
     for (QAbstractButton* const option : options) {
-        const bool tabStop = option == (checked != nullptr ? checked : options.constFirst());
-        option->setFocusPolicy(!takesFocus_ ? Qt::NoFocus : tabStop ? Qt::StrongFocus : Qt::ClickFocus);
+        option->setFocusPolicy(!takesFocus_ ? Qt::NoFocus : option == tabStop ? Qt::StrongFocus : Qt::ClickFocus);
     }
 }
 
