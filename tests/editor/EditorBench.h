@@ -3,7 +3,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
-#include <QCheckBox>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include "editor/Editor.h"
@@ -14,11 +14,11 @@
 #include "support/PictureHands.h"
 
 struct FakeHost : EditorHost {
-    QStringList calls;
+    QString calls;
     bool running = false;  // an operation on the link
 
-    void LoadSettingFile() override { calls += QStringLiteral("load"); }
-    void DrawOverviewSignal() override { calls += QStringLiteral("draw"); }
+    void LoadSettingFile() override { calls += u"load "; }
+    void DrawOverviewSignal() override { calls += u"draw "; }
     bool RefuseWhileRunning() override { return running; }
 };
 
@@ -28,80 +28,85 @@ class EditorBench : public ::testing::Test, public FormHands<Editor> {
     EditorBench() {
         program.numbers = UserNumbers(QLocale::c());
         for (const MemorySize* const size : kMemorySizes) {
-            int a = 0;
-            for (qint16& sample : size->samples(program.memories)) {
-                sample = static_cast<qint16>(a++ % 1000);
-            }
+            const auto next = [a = 0]() mutable { return static_cast<qint16>(a++ % 1000); };
+            std::ranges::generate(size->samples(program.memories), next);
         }
         program.SettingFileName.Set(set);
         EXPECT_TRUE(CreateSettingFile(set) && SaveSettingFile(set, program.panel, program.memories));
+        Open();
     }
-    void SetUp() override { Open(); }
 
     // A new form. Its timer ticks only as the test says.
     void Open() {
         form = std::make_unique<Editor>(EditorServices{program, desktop, boxfile, ziel, host});
         form->Editor_Form_Load();
-        ASSERT_TRUE(Show());
+        EXPECT_TRUE(Show());
         QCoreApplication::processEvents();
         Get<QTimer>("Timer1")->stop();
     }
-    void Tick() { QMetaObject::invokeMethod(Get<QTimer>("Timer1"), "timeout"); }
     void Redraw() {
         state.EditorRedrawPending = true;
         Tick();
     }
+    void Tick() { QMetaObject::invokeMethod(Get<QTimer>("Timer1"), "timeout"); }
 
-    PictureHands Overview() { return PictureHands(Get<PictureBox>("Picture1")); }
-    PictureHands Detail() { return PictureHands(Get<PictureBox>("Picture2")); }
+    PictureHands Overview() { return {Get<PictureBox>("Picture1")}; }
+    PictureHands Detail() { return {Get<PictureBox>("Picture2")}; }
     void Zoom(double from, double to) {
         Overview().Drag(from, to);
         Tick();
+    }
+    void Press(const char* pen, double x, double y) {
+        Click(pen);
+        Detail().Press(x, y);
+    }
+    void Line(double x1, double y1, double x2, double y2) {
+        Press("opPenmode_0", x1, y1);
+        Detail().Move(x2, y2);
+        Detail().Press(x2, y2);
+    }
+    void Drag(const char* pen, double from, double to) {
+        Click(pen);
+        Detail().Drag(from, to);
+        Tick();
+    }
+    void Copy(double from, double to) { Drag("opPenmode_2", from, to); }
+    void Paste(double at) { Drag("opPenmode_3", at - 10, at); }
+    void EnterPoint(const char* address, const char* value) {
+        Enter("Text1_0", address);
+        Enter("Text1_1", value);
     }
     void Choose(const char* item, bool answer = true) {
         desktop.answer = answer;
         Get<QAction>(item)->trigger();
         EXPECT_FALSE(desktop.busy);
     }
-    void EnterPoint(const char* address, const char* value) {
-        Enter("Text1_0", address);
-        Enter("Text1_1", value);
-    }
     // Goes over to "Edit signal", on a new construction file the first time.
-    void EditSignal(const char* points = nullptr) {
+    void EditSignal(const char* points = "(0, 0), (4095, 0)") {
         desktop.answer = true;
         desktop.chosen = con;
         Click("opEditmode_1");
-        if (points != nullptr) {
-            Run(con, "delete from ARB4; insert into ARB4 values " + std::string(points));
-        }
-        Redraw();
+        Run(con, std::string("delete from ARB4; insert into ARB4 values ") + points);
+        Tick();
     }
 
     const MemorySize& Size() { return Get<QAction>("mnu4ksig")->isChecked() ? kMemory4k : kMemory16k; }
     static void Run(const QString& file, const std::string& statements) {
         SQLite::Database(file.toStdString(), SQLite::OPEN_READWRITE).exec(statements);
     }
-    static int Count(const QString& file, const std::string& table) {
-        return SQLite::Database(file.toStdString()).execAndGet("select count(*) from " + table).getInt();
-    }
-    // The rows of a file as "address=value ...", by address.
-    static std::string Rows(const QString& file, const std::string& table, int from = -32768, int to = 32767) {
-        const std::string rows = "select Adr || '=' || Value as row from " + table + " where Adr between " +
-                                 std::to_string(from) + " and " + std::to_string(to) + " order by Adr, rowid";
-        return SQLite::Database(file.toStdString())
-            .execAndGet("select ifnull(group_concat(row, ' '), '') from (" + rows + ")")
-            .getString();
+    // Rows of a file as "address=value ...", by address.
+    static std::string Rows(const QString& file, const std::string& rows) {
+        const std::string ordered = "(select * from " + rows + " order by Adr, rowid)";
+        SQLite::Database database(file.toStdString());
+        return database.execAndGet("select ifnull(group_concat(Adr || '=' || Value, ' '), '') from " + ordered);
     }
     std::string Points() { return Rows(con, Size().table); }
-    // A stretch of the memory, in the file and in the array alike.
+    // Samples in the file and in the array alike.
     void ExpectMemory(const char* samples) {
-        const QStringList rows = QString::fromLatin1(samples).split(u' ');
-        const auto number = [](const QString& row, int part) { return row.section(u'=', part, part).toInt(); };
-        EXPECT_EQ(Rows(set, Size().table, number(rows.constFirst(), 0), number(rows.constLast(), 0)), samples);
-        for (const QString& row : rows) {
-            const auto adr = static_cast<std::size_t>(number(row, 0));
-            EXPECT_EQ(Size().samples(program.memories)[adr], number(row, 1)) << adr;
+        for (const QString& sample : QString::fromLatin1(samples).split(u' ')) {
+            const std::string adr = sample.section(u'=', 0, 0).toStdString();
+            EXPECT_EQ(Rows(set, Size().table + (" where Adr = " + adr)), sample.toStdString());
+            EXPECT_EQ(Size().samples(program.memories)[std::stoul(adr)], sample.section(u'=', 1).toInt()) << adr;
         }
     }
 

@@ -1,26 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "editor/LineRules.h"
 #include "editor/ViewRules.h"
 
 namespace {
-
-TEST(LineRules, WritesTheSameSamplesInBothDirections) {
-    const std::pair<LineEnds, std::vector<int>> cases[] = {
-        {{10.0F, 0.0F, 14.0F, 10.0F}, {0, 2, 5, 8, 10}},
-        {{10.4F, -100.0F, 14.4F, 300.0F}, {-140, -40, 60, 160, 260}},
-        {{10.0F, 2060.0F, 12.0F, 2050.0F}, {2060, 2055, 2050}},
-        {{10.4F, 100.0F, 10.6F, 200.0F}, {60, 160}},  // two addresses, no whole address apart
-        {{9.6F, 100.0F, 10.4F, 200.0F}, {100}}};      // one address: the left end's value
-    for (const auto& [ends, samples] : cases) {
-        for (int i = 0; i < static_cast<int>(samples.size()); ++i) {
-            const int sample = samples[static_cast<std::size_t>(i)];
-            EXPECT_EQ(LineValue(LeftToRight(ends.x1, ends.y1, ends.x2, ends.y2), 10 + i), sample) << i;
-            EXPECT_EQ(LineValue(LeftToRight(ends.x2, ends.y2, ends.x1, ends.y1), 10 + i), sample) << i;
-        }
-    }
-    EXPECT_EQ(LineValue(LeftToRight(5.0F, 7.0F, 5.0F, 9.0F), 5), 7);
-}
 
 TEST(ViewRules, KeepADragOnTheAxisAndWideEnough) {
     EXPECT_EQ(ZoomView(141, 100, 4095), (View{100, 141}));

@@ -14,7 +14,7 @@
 template <typename Form, typename Holder = std::unique_ptr<Form>>
 class FormHands {
   public:
-    Holder form;
+    Holder form{};
 
     // True once the form is shown and active.
     bool Show() {

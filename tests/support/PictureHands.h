@@ -6,9 +6,8 @@
 #include "platform/PictureBox.h"
 
 // A pointer over a picture, at places in its user scale: also between two pixels, as on a dense screen.
-class PictureHands {
-  public:
-    explicit PictureHands(PictureBox* picture) : picture_(*picture) {}
+struct PictureHands {
+    PictureBox* picture;
 
     void Press(double x, double y, Qt::MouseButton button = Qt::LeftButton) {
         Send(QEvent::MouseButtonPress, x, y, button, button);
@@ -17,27 +16,25 @@ class PictureHands {
     void Move(double x, double y, Qt::MouseButtons held = {}) { Send(QEvent::MouseMove, x, y, Qt::NoButton, held); }
     // With the left button, over a place on the way. A picture learns of the release by the move behind it.
     void Drag(double from, double to) {
-        Send(QEvent::MouseButtonPress, from, 0.0, Qt::LeftButton, Qt::LeftButton);
         for (const double x : {from, (from + 3.0 * to) / 4.0, to}) {
             Move(x, 0.0, Qt::LeftButton);
         }
-        Send(QEvent::MouseButtonRelease, to, 0.0, Qt::LeftButton, {});
         Move(to, 0.0);
     }
 
-    QImage Shown() { return picture_.grab().toImage(); }
-    QColor At(double x, double y) { return Shown().pixelColor(Place(x, y).toPoint()); }
+    QImage Shown() { return picture->grab().toImage(); }
+    QColor At(double x, double y) {
+        const QPointF place = Place(x, y);
+        return Shown().pixelColor(static_cast<int>(place.x()), static_cast<int>(place.y()));
+    }
 
   private:
     QPointF Place(double x, double y) const {
-        return {(x - picture_.ScaleLeft()) / picture_.ScaleWidth() * picture_.width(),
-                (y - picture_.ScaleTop()) / picture_.ScaleHeight() * picture_.height()};
+        return {(x - picture->ScaleLeft()) / picture->ScaleWidth() * picture->width(),
+                (y - picture->ScaleTop()) / picture->ScaleHeight() * picture->height()};
     }
     void Send(QEvent::Type type, double x, double y, Qt::MouseButton button, Qt::MouseButtons held) {
-        const QPointF place = Place(x, y);
-        QMouseEvent event(type, place, picture_.mapToGlobal(place), button, held, {});
-        QApplication::sendEvent(&picture_, &event);
+        QMouseEvent event(type, Place(x, y), picture->mapToGlobal(Place(x, y)), button, held, {});
+        QApplication::sendEvent(picture, &event);
     }
-
-    PictureBox& picture_;
 };

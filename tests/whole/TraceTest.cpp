@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "WholeBench.h"
-#include "editor/Editor.h"
 
 namespace {
 
@@ -42,21 +41,13 @@ TEST_F(WholeTrace, ARecordingReachesTheInstrumentThroughTheEditor) {
 
     auto& instrument = Connect({});
     clock.paces = false;
-    desktop.chosen = folder.filePath(QStringLiteral("a.set"));
-    panel.Get<QAction>("mnueditor")->trigger();
-    FormHands<Editor> editor;
-    for (QWidget* const window : QApplication::topLevelWidgets()) {
-        if (auto* const form = qobject_cast<Editor*>(window)) {
-            editor.form.reset(form);
-        }
-    }
-    ASSERT_TRUE(editor.form);
+    FormHands<QWidget, QWidget*> editor;
+    OpenEditor(editor);
     desktop.answer = true;  // a new signal
     desktop.chosen = folder.filePath(QStringLiteral("a.con"));
     editor.Get<QAction>("mnuchafit")->trigger();
     editor.Get<QAction>("mnulinint")->trigger();
     editor.form->close();
-    std::ignore = editor.form.release();  // it is the panel's
     panel.Get<QAction>("mnuStArb4")->trigger();
 
     EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Arbitrary Editor|Do you want to create a new Signal?")));

@@ -1,0 +1,108 @@
+#include "EditorBench.h"
+
+namespace {
+
+struct FileTrouble : EditorBench {
+    QString Told(const char* reason) const { return u"Arbitrary Editor|" + QString::fromLatin1(reason) + u'\n' + set; }
+};
+
+TEST_F(FileTrouble, IsToldOnceUntilSomethingSucceeds) {
+    const QString kept = folder.filePath(QStringLiteral("kept"));
+    ASSERT_TRUE(QFile::copy(set, kept));
+    QFile letter(folder.filePath(QStringLiteral("letter")));
+    ASSERT_TRUE(letter.open(QIODevice::WriteOnly) && letter.write("Dear Sir") > 0 && letter.flush());
+    desktop.whileShown = [this] { Redraw(); };  // the timer goes on while a box stands
+    Click("Marker");
+    for (const auto& [instead, reason] : {std::pair(QString(), "The file is not there any more:"),
+                                          std::pair(letter.fileName(), "The file holds no waveform:")}) {
+        ASSERT_TRUE(QFile::remove(set) && (instead.isEmpty() || QFile::copy(instead, set)));
+        desktop.boxes.clear();
+        for (int second = 0; second < 3; ++second) {
+            Redraw();
+        }
+        EnterPoint("1500", "9");
+        EXPECT_EQ(desktop.boxes, QStringList(Told(reason)));
+        EXPECT_EQ(Detail().At(1500, 500), QColor(255, 255, 128));
+        Press("opPenmode_1", 1500, 0);  // what the user asks for is answered each time
+        EXPECT_EQ(desktop.boxes, QStringList(2, Told(reason)));
+        QFile::remove(set);
+        ASSERT_TRUE(QFile::copy(kept, set));
+        Redraw();
+        EXPECT_EQ(Detail().At(1500, 500), QColor(0, 0, 0));
+    }
+    EXPECT_FALSE(desktop.busy);
+}
+
+TEST_F(FileTrouble, ALockedFileKeepsWhatItHas) {
+    const QImage before = Detail().Shown();
+    {
+        SQLite::Database other(set.toStdString(), SQLite::OPEN_READWRITE);
+        other.exec("begin immediate");
+        Press("opPenmode_1", 1500, 0);
+        EXPECT_EQ(desktop.boxes, QStringList(Told("Another program has locked the file:")));
+        EXPECT_TRUE(Detail().Shown() == before);
+    }
+    ExpectMemory("1500=500");
+    Detail().Press(1500, 0);
+    ExpectMemory("1500=0");
+}
+
+TEST_F(FileTrouble, AnOperationThatFailsHalfWayLeavesTableAndPictureInStep) {
+    Copy(1100, 1110);
+    for (const char* const change : {"update on ARB4 when old", "insert on ARB4 when new"}) {
+        Run(set, "create trigger '" + std::string(change) + "' before " + change +
+                     ".Adr = 1503 begin select raise(abort, 'full'); end");
+    }
+    const std::string table = Rows(set, "ARB4");
+    const QImage picture = Detail().Shown();
+    const ArbMemories memories = program.memories;
+    const auto generate = [&] {
+        EditSignal();
+        program.memories = memories;  // a signal's points show in the array
+        Choose("mnulinint");
+        EXPECT_TRUE(Checked("opEditmode_1") && program.memories.ArbMemory4 == memories.ArbMemory4);
+        Click("opEditmode_0");
+    };
+    const std::pair<std::function<void()>, int> operations[] = {
+        {[this] { Line(1500, -900, 1510, 900); }, 1},  // and their boxes, with the questions
+        {[this] { Paste(1500); }, 1},
+        {[this] { EnterPoint("1503", "9"); }, 0},
+        {[this] { Choose("mnudelete"); }, 2},
+        {generate, 2}};
+    for (const auto& [operate, boxes] : operations) {
+        desktop.boxes.clear();
+        operate();
+        EXPECT_EQ(desktop.boxes.size(), boxes);
+        EXPECT_TRUE(boxes == 0 || desktop.boxes.constLast() == Told("The file can't be read or changed:"));
+        Redraw();
+        EXPECT_EQ(Rows(set, "ARB4"), table);
+        EXPECT_TRUE(Detail().Shown() == picture && program.memories.ArbMemory4 == memories.ArbMemory4);
+    }
+}
+
+TEST_F(FileTrouble, EmptyTablesSurviveEveryCommand) {
+    Copy(1100, 1110);
+    EditSignal();
+    const std::tuple<std::function<void()>, int, int> commands[] = {
+        // rows behind it, of a memory and of a signal
+        {[this] { Line(1200, 5, 1210, 5); }, 0, 2}, {[this] { Press("opPenmode_1", 1200, 5); }, 0, 0},
+        {[this] { Paste(1300); }, 11, 11},          {[this] { EnterPoint("7", "7"); }, 1, 1},
+        {[this] { Choose("mnudelete"); }, 0, 2},    {[this] { Choose("mnulinint"); }, 0, 0},
+        {[this] { Zoom(100, 900); }, 0, 0}};
+    for (const char* const mode : {"opEditmode_0", "opEditmode_1"}) {
+        for (const auto& [command, ofMemory, ofSignal] : commands) {
+            Run(set, "delete from ARB4");
+            Run(con, "delete from ARB4");
+            Click(mode);
+            Tick();
+            command();
+            EXPECT_TRUE(Checked(mode));
+            const bool memory = Checked("opEditmode_0");
+            const std::string rows = Rows(memory ? set : con, "ARB4");
+            EXPECT_EQ(std::ranges::count(rows, '='), memory ? ofMemory : ofSignal);
+        }
+    }
+    EXPECT_EQ(desktop.boxes.size(), 3);  // the questions
+}
+
+}  // namespace

@@ -1,0 +1,117 @@
+#include "EditorBench.h"
+#include "editor/ViewRules.h"
+
+namespace {
+
+struct Views : EditorBench {
+    View Shown() { return {state.ViewLeft, state.ViewRight}; }
+};
+
+TEST_F(Views, ADragInTheOverviewChoosesTheView) {
+    const std::tuple<double, double, View> drags[] = {{3000, 5000, {3000, 4095}}, {1510, 1500, {1500, 1540}}};
+    for (const auto& [from, to, view] : drags) {
+        Zoom(from, to);
+        EXPECT_EQ(Shown(), view);
+        EXPECT_EQ(Detail().picture->ScaleLeft(), view.left - state.ViewMargin);
+    }
+    Overview().Move(3000, 0, Qt::RightButton);
+    Overview().Move(3500, 0);
+    EXPECT_EQ(Shown(), (View{1500, 1540}));
+}
+
+TEST_F(Views, ARightClickPagesInAStripAndAbandonsALineInTheView) {
+    Detail().Press(1100, -100);
+    for (const auto& [x, left] : {std::pair(2010, 1500), {2510, 2000}, {1990, 1500}}) {
+        Detail().Press(x, 0, Qt::RightButton);
+        EXPECT_EQ(Shown(), (View{left, left + 1000}));
+    }
+    EXPECT_TRUE(state.LineActive);
+    Detail().Press(1800, 0, Qt::RightButton);
+    Detail().Press(1900, 0, Qt::MiddleButton);
+    EXPECT_FALSE(state.LineActive);
+}
+
+TEST_F(Views, AnotherSizeShowsItsOwnTableAndAViewOnItsAxis) {
+    Run(set, "update ARB16 set Value = 1600 where Adr = 1500");
+    for (const auto& [from, to, in4k] : {std::tuple(3500, 4500, View{3095, 4095}), {5000, 6000, View{1000, 2000}}}) {
+        Choose("mnu16ksig");
+        ExpectMemory("1500=1600");
+        Zoom(from, to);
+        Choose("mnu4ksig");
+        ExpectMemory("1500=500");
+        EXPECT_EQ(Shown(), in4k);
+    }
+    Choose("mnu16ksig");
+    Zoom(5000, 6000);
+    Open();  // a new form begins anew
+    EXPECT_EQ(Shown(), (View{1000, 2000}));
+    EXPECT_TRUE(Get<QAction>("mnu4ksig")->isChecked() && !Get<QAction>("mnu16ksig")->isChecked());
+}
+
+TEST_F(Views, TheReadOutsFollowThePointerHeldToTheView) {
+    Choose("mnu16ksig");
+    Detail().Move(2010, -2058);
+    for (const auto& [label, text] : {std::pair("corint_0", "X= 2000"),
+                                      {"corint_1", "Y= -2047"},
+                                      {"corper_0", "X= 12.2%"},
+                                      {"corper_1", "Y= -50.0%"}}) {
+        EXPECT_EQ(Get<QLabel>(label)->text().toStdString(), text);
+    }
+}
+
+using Pictures = EditorBench;
+
+TEST_F(Pictures, ShowGroundCurveDotsAndStrips) {
+    const QColor red(255, 0, 0), black(0, 0, 0), strip(192, 192, 255), grid(192, 192, 192), ground(255, 255, 128);
+    EXPECT_EQ(Detail().At(1200.5, 200), red);  // the memory, drawn without waiting for the timer
+    Click("Marker");
+    Tick();
+    const std::tuple<PictureHands, double, double, QColor> places[] = {
+        {Detail(), 1200.5, 200, black}, {Detail(), 1535, -800, grid},     {Detail(), 990, 300, strip},
+        {Detail(), 2010, -300, strip},  {Detail(), 1500, 2057, strip},    {Detail(), 1990, -800, ground},
+        {Overview(), 511, -1000, grid}, {Overview(), 1900, -1000, ground}};
+    for (auto [picture, x, y, color] : places) {
+        EXPECT_EQ(picture.At(x, y), color) << x;
+    }
+    Click("Marker");
+    EditSignal("(0, -2000), (1400, 1000), (1700, 1000), (4095, -2000)");
+    EXPECT_EQ(Detail().At(1700, 1000), red);
+    EXPECT_EQ(Detail().At(1900, 1000 - 200 * 3000 / 2395.0), black);  // on to the first point behind the view
+    Click("Opintmode_1");
+    EXPECT_EQ(Detail().At(1400, 1000), red);
+    EXPECT_EQ(Detail().At(1550, state.ArbSignal[1550]), black);
+    Run(con, "delete from ARB4 where Value = 1000");  // a line, and no record in the view
+    Redraw();
+    EXPECT_EQ(Detail().At(1500, -2000), black);
+}
+
+TEST_F(Pictures, EveryInvertedStrokeComesOffWithoutATrace) {
+    Copy(1100, 1300);
+    const std::tuple<const char*, PictureHands, bool> cases[] = {// pen, picture of the drag, whether it shows in both
+                                                                 {"opPenmode_1", Detail(), false},
+                                                                 {"opPenmode_0", Detail(), true},
+                                                                 {"opPenmode_2", Detail(), true},
+                                                                 {"opPenmode_3", Detail(), true},
+                                                                 {"opPenmode_0", Overview(), false}};
+    for (auto [pen, picture, inBoth] : cases) {
+        Redraw();
+        const QImage overview = Overview().Shown();
+        const QImage detail = Detail().Shown();
+        Click(pen);
+        if (inBoth) {
+            Detail().Press(1100, -900);  // the first point of a line
+        }
+        for (const double x : {1200.0, 1700.4, 1450.8}) {
+            picture.Move(x, 1900.0 - x, Qt::LeftButton);
+        }
+        EXPECT_EQ((Overview().Shown() != overview) + (Detail().Shown() != detail), inBoth ? 2 : 1) << pen;
+        // A change of the form's size takes them off before the next redraw.
+        QWidget* const paper = Get("Picture1")->parentWidget();
+        QResizeEvent resize(paper->size(), paper->size());
+        QApplication::sendEvent(paper, &resize);
+        EXPECT_TRUE(Overview().Shown() == overview && Detail().Shown() == detail) << pen;
+        state.LineActive = false;
+    }
+}
+
+}  // namespace
