@@ -1,5 +1,7 @@
 #include "editor/Import.h"
 
+#include <QEventLoop>
+#include <QTimer>
 #include <algorithm>
 #include <cstdlib>
 
@@ -9,6 +11,14 @@
 namespace {
 
 constexpr int kTraceSamples = 2048;
+constexpr int kRepaintMs = 50;
+
+// The menu goes and the hourglass comes before nothing is served any more.
+void ShowTheWait() {
+    QEventLoop loop;
+    QTimer::singleShot(kRepaintMs, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
 
 }  // namespace
 
@@ -21,31 +31,31 @@ bool Import::Converse(const QString& request, QString& reply) {
     return answered;
 }
 
-void Import::ReadDdeChannel(const QString& request) {
+bool Import::ReadDdeChannel(const QString& request) {
     EditorState& editor = context_.program.editor;
     context_.desktop.BusyOn();
+    ShowTheWait();
     QString reply;
-    DdeFailed = !Converse(request, reply) || !ReadTrace(reply, editor.CopyBuffer);
+    const bool DdeFailed = !Converse(request, reply) || !ReadTrace(reply, editor.CopyBuffer);
     context_.desktop.BusyOff();
     if (DdeFailed) {
         context_.desktop.MessageBox(QStringLiteral("DDE-Error (Is QD204 running?)"),
                                     QStringLiteral("DDE comunication"));
-        return;
+        return false;
     }
     editor.CopyEnd = kTraceSamples;
     editor.CopyStart = 0;
+    return true;
 }
 
 void Import::ReadAndPaste(Channel read) {
-    (this->*read)();
-    if (!DdeFailed) {
+    if ((this->*read)()) {
         context_.front.Select(Pen::Paste);
     }
 }
 
 void Import::MultipleToMemory(Channel read) {
-    (this->*read)();
-    if (DdeFailed) {
+    if (!(this->*read)()) {
         return;
     }
     const auto& buffer = context_.program.editor.CopyBuffer;
@@ -77,8 +87,7 @@ void Import::ReplacePoints(const std::vector<Record>& points) {
 }
 
 void Import::FitToSignal(Channel read) {
-    (this->*read)();
-    if (DdeFailed || !mode_.EnsureConstruction()) {
+    if (!(this->*read)() || !mode_.EnsureConstruction()) {
         context_.desktop.BusyOff();
         return;
     }

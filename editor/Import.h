@@ -11,10 +11,11 @@ class Import {
     // `ziel`: the client end of the conversation.
     Import(const EditorContext& context, EditMode& mode, DdeLink& ziel) : context_(context), mode_(mode), ziel_(ziel) {}
 
-    // These read the trace into the copy buffer; a failure is told in one message box. They wait as long as QD204 does.
-    void ReadDdeChannelA() { ReadDdeChannel(QStringLiteral("getbincha")); }
-    void ReadDdeChannelB() { ReadDdeChannel(QStringLiteral("getbinchb")); }
-    using Channel = void (Import::*)();
+    // These read the trace into the copy buffer; a failure is told in one message box, and false. They wait as long as
+    // QD204 does.
+    bool ReadDdeChannelA() { return ReadDdeChannel(QStringLiteral("getbincha")); }
+    bool ReadDdeChannelB() { return ReadDdeChannel(QStringLiteral("getbinchb")); }
+    using Channel = bool (Import::*)();
 
     // Ready for the Paste pen.
     void ReadAndPaste(Channel read);
@@ -27,12 +28,11 @@ class Import {
     void opFit_Click();
 
   private:
-    void ReadDdeChannel(const QString& request);
+    bool ReadDdeChannel(const QString& request);
     bool Converse(const QString& request, QString& reply);
     void ReplacePoints(const std::vector<Record>& points);
 
     EditorContext context_;
     EditMode& mode_;
     DdeLink& ziel_;
-    bool DdeFailed = false;  // the latest read
 };

@@ -62,7 +62,8 @@ QString PenHint(Pen pen, EditTarget target) {
             return memory ? QStringLiteral("Click to set one sample to 0.")
                           : QStringLiteral("Click to remove a point.");
         case Pen::Copy:
-            return QStringLiteral("Drag to copy a stretch; from right to left it is taken mirrored.");
+            return memory ? QStringLiteral("Drag to copy a stretch; from right to left it is taken mirrored.")
+                          : QStringLiteral("Copying is for the memory; choose another pen.");
         default:
             return memory ? QStringLiteral("Drag the copied stretch to its place; it is written there on release.")
                           : QStringLiteral("Drag the copied stretch to its place; each sample becomes a point.");

@@ -40,6 +40,7 @@ TEST_F(FileTrouble, ALockedFileKeepsWhatItHas) {
         other.exec("begin immediate");
         Press("opPenmode_1", 1500, 0);
         EXPECT_EQ(desktop.boxes, QStringList(Told("Another program has locked the file:")));
+        Redraw();  // without the crosshair
         EXPECT_TRUE(Detail().Shown() == before);
     }
     ExpectMemory("1500=500");
