@@ -8,7 +8,7 @@ struct Views : EditorBench {
 };
 
 TEST_F(Views, ADragInTheOverviewChoosesTheView) {
-    const std::tuple<double, double, View> drags[] = {{3000, 5000, {3000, 4095}}, {1510, 1500, {1500, 1540}}};
+    const std::tuple<double, double, View> drags[] = {{3000, 40000, {3000, 4095}}, {1510, 1500, {1500, 1540}}};
     for (const auto& [from, to, view] : drags) {
         Zoom(from, to);
         EXPECT_EQ(Shown(), view);
@@ -87,23 +87,26 @@ TEST_F(Pictures, ShowGroundCurveDotsAndStrips) {
 
 TEST_F(Pictures, EveryInvertedStrokeComesOffWithoutATrace) {
     Copy(1100, 1300);
-    const std::tuple<const char*, PictureHands, bool> cases[] = {// pen, picture of the drag, whether it shows in both
-                                                                 {"opPenmode_1", Detail(), false},
-                                                                 {"opPenmode_0", Detail(), true},
-                                                                 {"opPenmode_2", Detail(), true},
-                                                                 {"opPenmode_3", Detail(), true},
-                                                                 {"opPenmode_0", Overview(), false}};
-    for (auto [pen, picture, inBoth] : cases) {
+    const std::tuple<const char*, PictureHands, double, double, bool> cases[] = {
+        // pen, picture of the drag, where it shows, whether in both
+        {"opPenmode_1", Detail(), 1450.8, 1500, false},   // crosshair
+        {"opPenmode_0", Detail(), 1100, -400, true},      // the left riser of a line
+        {"opPenmode_2", Detail(), 1300, 1500, true},      // box of Copy
+        {"opPenmode_3", Detail(), 1600, 1500, true},      // box of Paste
+        {"opPenmode_0", Overview(), 1300, 1500, false}};  // box of a view
+    for (auto [pen, picture, x, y, inBoth] : cases) {
         Redraw();
         const QImage overview = Overview().Shown();
         const QImage detail = Detail().Shown();
+        const QColor former = picture.At(x, y);
         Click(pen);
         if (inBoth) {
             Detail().Press(1100, -900);  // the first point of a line
         }
-        for (const double x : {1200.0, 1700.4, 1450.8}) {
-            picture.Move(x, 1900.0 - x, Qt::LeftButton);
+        for (const double to : {1200.0, 1700.4, 1450.8}) {
+            picture.Move(to, 1900.0 - to, Qt::LeftButton);
         }
+        EXPECT_NE(picture.At(x, y), former) << pen;
         EXPECT_EQ((Overview().Shown() != overview) + (Detail().Shown() != detail), inBoth ? 2 : 1) << pen;
         // A change of the form's size takes them off before the next redraw.
         QWidget* const paper = Get("Picture1")->parentWidget();
