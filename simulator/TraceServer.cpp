@@ -13,6 +13,12 @@ namespace {
 constexpr qint64 kLongestMessageBytes = 1024;
 constexpr int kProbeMs = 1000;
 
+// False also if nothing is there.
+bool IsSocket(const QString& path) {
+    struct stat there {};
+    return ::lstat(QFile::encodeName(path).constData(), &there) == 0 && S_ISSOCK(there.st_mode);
+}
+
 }  // namespace
 
 TraceServer::TraceServer(const TraceOptions& options) : options_(options) {
@@ -24,12 +30,19 @@ bool TraceServer::Listen(std::string* error) {
     if (server_.listen(name)) {
         return true;
     }
-    const bool taken = server_.serverError() == QAbstractSocket::AddressInUseError;
-    if (taken && IsLeftBehind(name) && QLocalServer::removeServer(name) && server_.listen(name)) {
+    if (server_.serverError() != QAbstractSocket::AddressInUseError) {
+        *error = options_.socket + ": " + server_.errorString().toStdString();
+        return false;
+    }
+    const QString path = QDir(QDir::tempPath()).filePath(name);
+    if (!IsSocket(path)) {
+        *error = path.toStdString() + ": a file or folder is in the socket's place; remove it or choose another --name";
+        return false;
+    }
+    if (IsLeftBehind(name) && QLocalServer::removeServer(name) && server_.listen(name)) {
         return true;
     }
-    *error = options_.socket +
-             (taken ? ": is served already, or taken by something else" : ": " + server_.errorString().toStdString());
+    *error = path.toStdString() + ": is served already";
     return false;
 }
 
@@ -37,12 +50,7 @@ bool TraceServer::Listen(std::string* error) {
 bool TraceServer::IsLeftBehind(const QString& name) const {
     QLocalSocket probe;
     probe.connectToServer(name);
-    if (probe.waitForConnected(kProbeMs) || probe.error() != QLocalSocket::ConnectionRefusedError) {
-        return false;
-    }
-    const QString path = QDir(QDir::tempPath()).filePath(name);
-    struct stat there {};
-    return ::lstat(QFile::encodeName(path).constData(), &there) == 0 && S_ISSOCK(there.st_mode);
+    return !probe.waitForConnected(kProbeMs) && probe.error() == QLocalSocket::ConnectionRefusedError;
 }
 
 void TraceServer::Close() {

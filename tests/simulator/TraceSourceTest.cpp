@@ -140,6 +140,7 @@ TEST_F(TraceSourceTest, AnAbsentSourceIsToldAtOnceAndAKilledOneMakesRoom) {
     QFile mine(folder.filePath(QStringLiteral("qd204e")));
     ASSERT_TRUE(mine.open(QIODevice::WriteOnly));
     EXPECT_FALSE(source.Start(&error));
+    EXPECT_NE(error.find("qd204e: a file or folder"), std::string::npos) << error;
     EXPECT_TRUE(mine.exists());
 }
 
