@@ -125,9 +125,10 @@ std::string TraceHelpText() {
            OptionLines(kOptions) + "\nShapes: " + TraceShapeNames() +
            ".\n"
            "In a CSV file cells are parted by tab, semicolon or comma. Numbers have a decimal point, or a comma where\n"
-           "commas do not part cells. Header lines are skipped. Without --columns the first two columns that are\n"
-           "numbers throughout are served, without a first one that only rises: the time. Any number of samples is\n"
-           "brought to 2048, and their lowest and highest to 0 and 255.\n";
+           "commas do not part cells. A header and closing remarks are skipped. Without --columns the first two\n"
+           "columns that are numbers throughout are served, without a leading index or time, which only rise. Both\n"
+           "channels end where the shorter one does. A gap is refused. Any number of samples is brought\n"
+           "to 2048, and their lowest and highest to 0 and 255.\n";
 }
 
 }  // namespace sim
