@@ -10,7 +10,7 @@
 struct Stroke {
     enum class Shape { Line, Box };
 
-    Shape shape;
+    Shape shape = Shape::Line;
     QLineF ends;
     QColor color;
     double width = 1.0;  // of a line, logical pixels

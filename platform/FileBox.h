@@ -16,7 +16,7 @@ class FileBox {
   private:
     QString Show(QString (Desktop::*dialog)(const FileRequest&), FileRequest& request) {
         request.fileName = FileName;
-        const QString chosen = (desktop_.*dialog)(request);
+        QString chosen = (desktop_.*dialog)(request);
         if (!chosen.isEmpty()) {
             FileName = chosen;
         }
