@@ -219,6 +219,7 @@ void EditorView::ForgetStrokes() {
 void EditorView::ShowBand(const std::vector<QLineF>& lines) {
     const auto strokes = [&lines](double width) {
         std::vector<Stroke> drawn;
+        drawn.reserve(lines.size());
         for (const QLineF& line : lines) {
             drawn.push_back({Stroke::Shape::Line, line, kPenStroke, width});
         }
