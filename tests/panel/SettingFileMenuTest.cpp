@@ -72,4 +72,25 @@ TEST_F(SettingFiles, ALoadIsRefusedDuringAnOperationOnTheLink) {
     EXPECT_EQ(desktop.beeps, 1);
 }
 
+TEST_F(SettingFiles, NothingTakesThePlaceOfTheFileThatTheEditorWorksOn) {
+    Open();
+    Choose("mnueditor", QStringLiteral("a.set"));
+    EXPECT_TRUE(program.editor.EditorOpen);
+    program.memories.ArbMemory4[7] = 77;
+    for (const char* const item : {"mnusset", "mnueditor"}) {
+        desktop.boxes.clear();
+        Choose(item, QStringLiteral("./a.set"));
+        EXPECT_EQ(desktop.boxes.size(), 1) << item;
+        EXPECT_TRUE(desktop.boxes.value(0).contains(u"The editor works on this file."));
+    }
+    // Also when that file is gone, others can be written.
+    desktop.boxes.clear();
+    ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("a.set"))));
+    Choose("mnusset", QStringLiteral("b.set"));
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("b.set"))));
+    Choose("mnusset", QString());  // Cancel
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+}
+
 }  // namespace
