@@ -46,10 +46,10 @@ void CurveStroke(Drawing& detail, const Record& from, const Record& to) {
 }  // namespace
 
 EditorView::EditorView(EditorState& editor, ArbMemories& memories, PictureBox& overview, PictureBox& detail)
-    : Picture1(overview),
-      Picture2(detail),
-      Cross(detail),
+    : Cross(detail),
       ZoomBox(overview),
+      Picture1(overview),
+      Picture2(detail),
       editor_(editor),
       memories_(memories),
       band1_(overview),

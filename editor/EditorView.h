@@ -41,8 +41,6 @@ class EditorView {
     void ShowDragBox(int from, double to);
     void ForgetDragBox();
 
-    PictureBox& Picture1;
-    PictureBox& Picture2;
     InvertedStrokes Cross;    // in Picture2
     InvertedStrokes ZoomBox;  // in Picture1
 
@@ -56,6 +54,8 @@ class EditorView {
     void DrawSideStrips(PictureBox::Drawing& detail) const;
     bool InView(int adr) const { return editor_.ViewLeft <= adr && adr <= editor_.ViewRight; }
 
+    PictureBox& Picture1;
+    PictureBox& Picture2;
     EditorState& editor_;
     ArbMemories& memories_;
     InvertedStrokes band1_;
