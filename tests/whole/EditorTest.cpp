@@ -31,8 +31,6 @@ TEST_F(WholeEditor, ASignalSetByHandArrivesInTheInstrument) {
         EXPECT_TRUE(std::equal(spline.begin(), spline.end(), unit.state.memory4k.begin()));
     });
     EXPECT_TRUE(desktop.boxes.isEmpty());
-    panel.Click("cRM");
-    EXPECT_TRUE(GivenBack(instrument));
 }
 
 }  // namespace

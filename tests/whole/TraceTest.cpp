@@ -65,8 +65,6 @@ TEST_F(WholeTrace, ARecordingReachesTheInstrumentThroughTheEditor) {
             EXPECT_NEAR(unit.state.memory4k[static_cast<std::size_t>(2 * row)], sample, 3000.0 / 255) << row;
         }
     });
-    panel.Click("cRM");
-    EXPECT_TRUE(GivenBack(instrument));
     source.terminate();
     EXPECT_TRUE(source.waitForFinished(30'000) && source.exitCode() == 0);
 }

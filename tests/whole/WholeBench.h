@@ -36,6 +36,14 @@ class HastyClock : public EventClock {
 // The whole program, short of its desktop: the form Main over the system's serial port to a simulated instrument.
 class WholeBench : public ::testing::Test {
   public:
+    // What went out without pacing would have its time to drain; a line that is gone needs none.
+    void TearDown() override {
+        for (const auto& instrument : instruments_) {
+            instrument->Vanish();
+        }
+        com.InBufferCount();
+    }
+
     // An instrument at one of the ports com1 to com4.
     sim::SimulatedInstrument& Plug(int port, sim::Options options) {
         options.linkPath = folder.filePath(QStringLiteral("com%1").arg(port)).toStdString();
