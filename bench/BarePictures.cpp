@@ -4,10 +4,6 @@
 
 namespace {
 
-constexpr int kLastAdr = 16384;
-constexpr int kGridStep = 1024;
-constexpr int kCentre = 8191;
-
 QPen Ink(const QColor& color, double width, Qt::PenCapStyle cap = Qt::SquareCap) {
     return {color, width, Qt::SolidLine, cap, Qt::RoundJoin};
 }
@@ -18,18 +14,20 @@ const QColor kStrip(192, 192, 255);
 
 }  // namespace
 
-BarePictures::BarePictures(QSize overview, QSize detail, int viewLeft, int viewRight)
-    : viewLeft_(viewLeft),
+BarePictures::BarePictures(const MemorySize& size, QSize overview, QSize detail, int viewLeft, int viewRight)
+    : size_(size),
+      viewLeft_(viewLeft),
       viewRight_(viewRight),
       margin_((viewRight - viewLeft) / 50),
-      overview_{QImage(overview, QImage::Format_RGB32), 0.0, kLastAdr, 2047.0, -4094.0},
+      overview_{QImage(overview, QImage::Format_RGB32), 0.0, static_cast<double>(size.LastAdr), 2047.0, -4094.0},
       detail_{QImage(detail, QImage::Format_RGB32), static_cast<double>(viewLeft - margin_),
               static_cast<double>(viewRight - viewLeft + 2 * margin_), 2060.0, -4120.0} {}
 
-std::vector<BareRow> BarePictures::Read(sqlite3* database) {
+std::vector<BareRow> BarePictures::Read(sqlite3* database, const MemorySize& size) {
     std::vector<BareRow> rows;
     sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database, "SELECT rowid, Adr, Value FROM ARB16 ORDER BY Adr", -1, &statement, nullptr);
+    const std::string text = std::string("SELECT rowid, Adr, Value FROM ") + size.table + " ORDER BY Adr";
+    sqlite3_prepare_v2(database, text.c_str(), -1, &statement, nullptr);
     while (sqlite3_step(statement) == SQLITE_ROW) {
         rows.push_back(
             {sqlite3_column_int64(statement, 0), sqlite3_column_int(statement, 1), sqlite3_column_int(statement, 2)});
@@ -38,48 +36,48 @@ std::vector<BareRow> BarePictures::Read(sqlite3* database) {
     return rows;
 }
 
-std::vector<BareRow> BarePictures::ReadFile(const std::string& name) {
+std::vector<BareRow> BarePictures::ReadFile(const std::string& name, const MemorySize& size) {
     sqlite3* database = nullptr;
     sqlite3_open_v2(name.c_str(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    std::vector<BareRow> rows = Read(database);
+    std::vector<BareRow> rows = Read(database, size);
     sqlite3_close(database);
     return rows;
 }
 
-void BarePictures::Draw(const std::vector<BareRow>& rows, bool dots, bool smooth) {
-    DrawOverview(rows, smooth);
-    DrawDetail(rows, dots, smooth);
+void BarePictures::Draw(const std::vector<BareRow>& rows, bool dots) {
+    DrawOverview(rows);
+    DrawDetail(rows, dots);
 }
 
-void BarePictures::DrawOverview(const std::vector<BareRow>& rows, bool smooth) {
+void BarePictures::DrawOverview(const std::vector<BareRow>& rows) {
     QPainter painter(&overview_.image);
     painter.fillRect(overview_.image.rect(), QColor(255, 192, 128));
     painter.fillRect(overview_.Box(viewLeft_, -2047, viewRight_, 2047), kLightYellow);
     painter.setPen(Ink(kGrid, 2.0));
-    painter.drawLine(overview_.Line(0, 0, kLastAdr, 0));
-    for (int x = kGridStep - 1; x < kLastAdr - kGridStep; x += kGridStep) {
-        painter.setPen(Ink(kGrid, x == kCentre ? 2.0 : 1.0));
+    painter.drawLine(overview_.Line(0, 0, size_.LastAdr, 0));
+    for (int x = size_.gridFirst; x < size_.gridLimit; x += size_.gridStep) {
+        painter.setPen(Ink(kGrid, x == size_.gridCentre ? 2.0 : 1.0));
         painter.drawLine(overview_.Line(x, -2047, x, 2047));
     }
-    painter.setRenderHint(QPainter::Antialiasing, smooth);
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Ink(Qt::black, 2.0));
     for (std::size_t i = 1; i < rows.size(); ++i) {
         painter.drawLine(overview_.Line(rows[i - 1].adr, rows[i - 1].value, rows[i].adr, rows[i].value));
     }
 }
 
-void BarePictures::DrawDetail(const std::vector<BareRow>& rows, bool dots, bool smooth) {
+void BarePictures::DrawDetail(const std::vector<BareRow>& rows, bool dots) {
     QPainter painter(&detail_.image);
     painter.fillRect(detail_.image.rect(), kLightYellow);
-    for (int x = kGridStep - 1; x < kLastAdr - kGridStep; x += kGridStep) {
+    for (int x = size_.gridFirst; x < size_.gridLimit; x += size_.gridStep) {
         if (viewLeft_ <= x && x <= viewRight_) {
-            painter.setPen(Ink(kGrid, x == kCentre ? 2.0 : 1.0));
+            painter.setPen(Ink(kGrid, x == size_.gridCentre ? 2.0 : 1.0));
             painter.drawLine(detail_.Line(x, -2047, x, 2047));
         }
     }
     painter.setPen(Ink(kGrid, 2.0));
     painter.drawLine(detail_.Line(viewLeft_, 0, viewRight_, 0));
-    painter.setRenderHint(QPainter::Antialiasing, smooth);
+    painter.setRenderHint(QPainter::Antialiasing);
     const QPen dot = Ink(Qt::red, 7.0, Qt::RoundCap);
     const QPen curve = Ink(Qt::black, 3.0);
     painter.setPen(curve);

@@ -1,7 +1,6 @@
-// The heaviest work of the editor's form, in 16K with all records: a redraw, a paste over the whole memory, a move of
-// the pointer, the spline of a signal. Each figure stands beside its floor, taken in turn in the same run.
+// The heaviest work of the editor's form, with all records: a redraw, a paste over the whole memory, a move of the
+// pointer, the spline of a signal.
 
-#include <benchmark/benchmark.h>
 #include <sqlite3.h>
 
 #include <QAction>
@@ -15,7 +14,7 @@
 #include <numbers>
 
 #include "BarePictures.h"
-#include "Compare.h"
+#include "Table.h"
 #include "editor/Editor.h"
 #include "editor/Spline.h"
 #include "platform/QtDesktop.h"
@@ -31,10 +30,13 @@ enum Wave { kSine, kNoise };
 
 std::unique_ptr<ArbMemories> Waveform(Wave wave) {
     auto memories = std::make_unique<ArbMemories>();
-    for (std::size_t i = 0; i < memories->ArbMemory16.size(); ++i) {
-        const double turn = static_cast<double>(i) / 16384.0 * 2.0 * std::numbers::pi;
-        memories->ArbMemory16[i] = static_cast<qint16>(wave == kSine ? std::lround(2000.0 * std::sin(5.0 * turn))
-                                                                     : static_cast<long>(i * 7919 % 4095) - 2047);
+    for (const MemorySize* const size : kMemorySizes) {
+        const std::span<qint16> samples = size->samples(*memories);
+        for (std::size_t i = 0; i < samples.size(); ++i) {
+            const double turn = static_cast<double>(i) / size->LastAdr * 2.0 * std::numbers::pi;
+            samples[i] = static_cast<qint16>(wave == kSine ? std::lround(2000.0 * std::sin(5.0 * turn))
+                                                           : static_cast<long>(i * 7919 % 4095) - 2047);
+        }
     }
     return memories;
 }
@@ -53,10 +55,10 @@ class NoPanel : public EditorHost {
     bool RefuseWhileRunning() override { return false; }
 };
 
-// The editor, open in 16K.
+// The editor, open on a memory.
 class Bench {
   public:
-    Bench(Wave wave, int viewLeft, int viewRight) {
+    Bench(const MemorySize& memory, Wave wave, int viewLeft, int viewRight) : size(memory) {
         fileName = folder.filePath(QStringLiteral("bench.set"));
         CreateSettingFile(fileName);
         SaveSettingFile(fileName, program->panel, *Waveform(wave));
@@ -73,7 +75,10 @@ class Bench {
         program->editor.ViewLeft = static_cast<qint16>(left);
         program->editor.ViewRight = static_cast<qint16>(right);
     }
-    void Redraw() { form->findChild<QAction*>(QStringLiteral("mnu16ksig"))->trigger(); }
+    void Redraw() {
+        const auto item = &size == &kMemory4k ? QStringLiteral("mnu4ksig") : QStringLiteral("mnu16ksig");
+        form->findChild<QAction*>(item)->trigger();
+    }
 
     QWidget* Find(const char* name) { return form->findChild<QWidget*>(QString::fromLatin1(name)); }
 
@@ -81,12 +86,9 @@ class Bench {
     void Press(QPointF at) { Send(QEvent::MouseButtonPress, at, Qt::LeftButton, Qt::LeftButton); }
     void Move(QPointF at, Qt::MouseButtons held = Qt::NoButton) { Send(QEvent::MouseMove, at, Qt::NoButton, held); }
 
-    void Judge(benchmark::State& state) const {
-        if (desktop.boxes > 0) {
-            state.SkipWithError("the editor complained");
-        }
-    }
+    std::vector<BareRow> Rows() const { return BarePictures::ReadFile(fileName.toStdString(), size); }
 
+    const MemorySize& size;
     QTemporaryDir folder;
     QString fileName;
     std::unique_ptr<ProgramState> program = std::make_unique<ProgramState>();
@@ -105,50 +107,40 @@ class Bench {
 };
 
 struct Look {
+    const MemorySize& size;
     Wave wave;
     bool dots;
     int left, right;
-    bool smoothFloor;
 };
 
 void Redraw(benchmark::State& state, const Look& look) {
-    Bench bench(look.wave, look.left, look.right);
+    Bench bench(look.size, look.wave, look.left, look.right);
     bench.form->findChild<QCheckBox*>(QStringLiteral("Marker"))->setChecked(look.dots);
-    BarePictures bare(bench.Find("Picture1")->size(), bench.Find("Picture2")->size(), look.left, look.right);
-    const std::string name = bench.fileName.toStdString();
-    Compare(
-        state, [&] { bench.Redraw(); }, [&] { bare.Draw(BarePictures::ReadFile(name), look.dots, look.smoothFloor); },
+    BarePictures bare(look.size, bench.Find("Picture1")->size(), bench.Find("Picture2")->size(), look.left, look.right);
+    const Figure row = Compare(
+        state, [&] { bench.Redraw(); }, [&] { bare.Draw(bench.Rows(), look.dots); },
         [] { QCoreApplication::processEvents(); });
-    bench.Judge(state);
+    Put(state, row, bench.desktop.boxes == 0);
 }
 
 constexpr bool kDots = true;
-constexpr bool kSmooth = true;
-#define REDRAW(name, ...)                              \
-    BENCHMARK_CAPTURE(Redraw, name, Look{__VA_ARGS__}) \
-        ->Iterations(kRuns)                            \
-        ->UseManualTime()                              \
-        ->Unit(benchmark::kMillisecond)
-REDRAW(SineAll, kSine, !kDots, 0, 16384, kSmooth);
-REDRAW(SineAllDots, kSine, kDots, 0, 16384, kSmooth);
-REDRAW(SinePart, kSine, !kDots, 1000, 2000, kSmooth);
-REDRAW(SinePartDots, kSine, kDots, 1000, 2000, kSmooth);
-REDRAW(NoiseAll, kNoise, !kDots, 0, 16384, kSmooth);
-REDRAW(NoiseAllDots, kNoise, kDots, 0, 16384, kSmooth);
-REDRAW(NoisePart, kNoise, !kDots, 1000, 2000, kSmooth);
-REDRAW(NoisePartDots, kNoise, kDots, 1000, 2000, kSmooth);
-// Beside strokes without soft edges, which the editor does not draw, but which cost less.
-REDRAW(SineAllHardFloor, kSine, !kDots, 0, 16384, !kSmooth);
-REDRAW(SineAllDotsHardFloor, kSine, kDots, 0, 16384, !kSmooth);
-REDRAW(SinePartHardFloor, kSine, !kDots, 1000, 2000, !kSmooth);
-REDRAW(SinePartDotsHardFloor, kSine, kDots, 1000, 2000, !kSmooth);
+constexpr Look kLooks[] = {
+    {kMemory4k, kSine, !kDots, 0, 4095},    {kMemory16k, kSine, !kDots, 0, 16384},
+    {kMemory16k, kNoise, !kDots, 0, 16384}, {kMemory16k, kNoise, kDots, 0, 16384},
+    {kMemory16k, kSine, kDots, 1000, 2000},
+};
+BENCHMARK_CAPTURE(Redraw, 4, kLooks[0])->Name("Redraw 4K")->Iterations(kRuns);
+BENCHMARK_CAPTURE(Redraw, 16, kLooks[1])->Name("Redraw 16K")->Iterations(kRuns);
+BENCHMARK_CAPTURE(Redraw, noise, kLooks[2])->Name("Redraw 16K, noise")->Iterations(kRuns);
+BENCHMARK_CAPTURE(Redraw, dots, kLooks[3])->Name("Redraw 16K, noise with dots")->Iterations(kRuns);
+BENCHMARK_CAPTURE(Redraw, part, kLooks[4])->Name("Redraw 16K, 1001 addresses with dots")->Iterations(kRuns);
 
 // The rows changed one by one in one transaction.
 bool PasteByEngineAlone(const std::string& name, int value) {
     sqlite3* database = nullptr;
     sqlite3_open_v2(name.c_str(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     sqlite3_exec(database, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
-    const std::vector<BareRow> rows = BarePictures::Read(database);
+    const std::vector<BareRow> rows = BarePictures::Read(database, kMemory16k);
     sqlite3_stmt* change = nullptr;
     sqlite3_prepare_v2(database, "UPDATE ARB16 SET Adr = ?, Value = ? WHERE rowid = ?", -1, &change, nullptr);
     for (const BareRow& row : rows) {
@@ -166,7 +158,7 @@ bool PasteByEngineAlone(const std::string& name, int value) {
 
 // The last move of the drag writes; the redraw comes with the timer. The floor works on a file of its own.
 void PasteOf16385Samples(benchmark::State& state) {
-    Bench bench(kSine, 0, 16384);
+    Bench bench(kMemory16k, kSine, 0, 16384);
     const std::string bare = bench.folder.filePath(QStringLiteral("bare.set")).toStdString();
     QFile::copy(bench.fileName, QString::fromStdString(bare));
     EditorState& editor = bench.program->editor;
@@ -183,28 +175,25 @@ void PasteOf16385Samples(benchmark::State& state) {
     };
     drag();
     bool good = true;
-    Compare(
+    const Figure row = Compare(
         state, [&] { bench.Move(leftEnd); }, [&] { good = good && PasteByEngineAlone(bare, value); },
         [&] {
-            const std::vector<BareRow> rows = BarePictures::ReadFile(bench.fileName.toStdString());
+            const std::vector<BareRow> rows = bench.Rows();
             good = good && rows.size() == 16385 && rows.front().value == value && rows.back().value == value;
             drag();
         });
-    bench.Judge(state);
-    if (!good) {
-        state.SkipWithError("a paste failed");
-    }
+    Put(state, row, good && bench.desktop.boxes == 0);
 }
-BENCHMARK(PasteOf16385Samples)->Iterations(kRuns)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(PasteOf16385Samples)->Name("Paste of 16385 samples")->Iterations(kRuns);
 
 // With the crosshair and a line under way, until the window shows it. The file is gone meanwhile: a call to the
 // database would make the editor complain.
 void MoveOverPicture2(benchmark::State& state) {
-    Bench bench(kNoise, 0, 16384);
+    Bench bench(kMemory16k, kNoise, 0, 16384);
     const QSize overview = bench.Find("Picture1")->size();
     const QSize detail = bench.Find("Picture2")->size();
-    BarePictures bare(overview, detail, 0, 16384);
-    bare.Draw(BarePictures::ReadFile(bench.fileName.toStdString()), false, true);
+    BarePictures bare(kMemory16k, overview, detail, 0, 16384);
+    bare.Draw(bench.Rows(), !kDots);
     QImage window(overview + QSize(0, detail.height()), QImage::Format_RGB32);
     bench.Press({100.0, 200.0});
     QFile::remove(bench.fileName);
@@ -212,7 +201,7 @@ void MoveOverPicture2(benchmark::State& state) {
     const auto next = [&at, &detail] {
         at = {std::fmod(at.x() + 97.0, detail.width()), std::fmod(at.y() + 61.0, detail.height())};
     };
-    Compare(
+    const Figure row = Compare(
         state,
         [&] {
             bench.Move(at);
@@ -222,22 +211,35 @@ void MoveOverPicture2(benchmark::State& state) {
             bare.MoveCross({at.x() * 13.0, at.y()}, {at.x() * 13.0 + 1300.0, at.y() + 61.0}, window);
         },
         next);
-    bench.Judge(state);
-    if (!bench.program->editor.LineActive) {
-        state.SkipWithError("no line was under way");
-    }
+    Put(state, row, bench.program->editor.LineActive && bench.desktop.boxes == 0);
 }
-BENCHMARK(MoveOverPicture2)->Iterations(10 * kRuns)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(MoveOverPicture2)->Name("Move of the pointer with crosshair and line")->Iterations(10 * kRuns);
 
-// A cubic for each address, with its coefficients known: what no spline can do without.
-void EvaluateAlone(std::span<const Record> points, std::span<qint16> signal) {
-    for (std::size_t i = 0; i + 1 < points.size(); ++i) {
-        const double slope = static_cast<double>(points[i + 1].Value - points[i].Value) / 8.0;
+// What no spline can do without: the second derivatives of points that stand 8 addresses apart, from their tridiagonal
+// system, and a cubic for each address.
+void SplineAlone(std::span<const Record> points, std::span<qint16> signal) {
+    std::vector<double> diagonal(points.size(), 32.0);
+    std::vector<double> second(points.size());
+    const std::size_t last = points.size() - 1;
+    for (std::size_t i = 1; i < last; ++i) {
+        const double factor = i > 1 ? 8.0 / diagonal[i - 1] : 0.0;
+        const int bend = points[i + 1].Value - 2 * points[i].Value + points[i - 1].Value;
+        diagonal[i] -= factor * 8.0;
+        second[i] = 0.75 * bend - factor * second[i - 1];
+    }
+    for (std::size_t i = last; i-- > 1;) {
+        second[i] = (second[i] - second[i + 1] * 8.0) / diagonal[i];
+    }
+    for (std::size_t i = 0; i < last; ++i) {
+        const double rise = (points[i + 1].Value - points[i].Value) / 8.0;
+        const double slope = rise - (2.0 * second[i] + second[i + 1]) * 8.0 / 6.0;
+        const double cubic = (second[i + 1] - second[i]) / 48.0;
         for (int t = 0; t < 8; ++t) {
-            const double value = points[i].Value + t * (slope + t * (0.01 + t * 0.001));
+            const double value = points[i].Value + t * (slope + t * (second[i] / 2.0 + t * cubic));
             signal[static_cast<std::size_t>(points[i].Adr + t)] = static_cast<qint16>(std::lrint(value));
         }
     }
+    signal.back() = points.back().Value;
 }
 
 void SplineOf2049Points(benchmark::State& state) {
@@ -248,21 +250,22 @@ void SplineOf2049Points(benchmark::State& state) {
     }
     std::vector<qint16> signal(16385);
     std::vector<qint16> bare(16385);
-    Compare(
+    const Figure row = Compare(
         state, [&] { ComputeSpline(points, 16384, signal); },
         [&] {
-            EvaluateAlone(points, bare);
+            SplineAlone(points, bare);
             benchmark::DoNotOptimize(bare.data());
         });
+    const bool same = std::equal(signal.begin(), signal.end(), bare.begin(),
+                                 [](qint16 a, qint16 b) { return std::abs(std::clamp<int>(b, -2047, 2047) - a) <= 1; });
+    Put(state, row, same);
 }
-BENCHMARK(SplineOf2049Points)->Iterations(10 * kRuns)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(SplineOf2049Points)->Name("Spline of 2049 points over 16K")->Iterations(10 * kRuns);
 
 }  // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunTable(argc, argv);
 }

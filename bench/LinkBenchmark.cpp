@@ -1,14 +1,13 @@
 // The pacing wait, a Set with its read-back, and the transfer of the memories, over a pseudo-terminal to the simulated
 // instrument. Each figure stands beside its floor from the same run.
 
-#include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QString>
 
+#include "Table.h"
 #include "link/Link.h"
 #include "platform/EventClock.h"
 #include "platform/SerialControl.h"
@@ -42,12 +41,15 @@ class NoFront : public LinkFront {
 
 void WaitOf5Ms(benchmark::State& state) {
     EventClock clock;
-    for (auto _ : state) {
-        qint32 ms = kPaceMs;
-        clock.WaitMs(ms);
-    }
+    const double all = Milliseconds([&] {
+        for ([[maybe_unused]] auto _ : state) {
+            qint32 ms = kPaceMs;
+            clock.WaitMs(ms);
+        }
+    });
+    Put(state, {"ms", all / static_cast<double>(state.iterations()), kPaceMs}, true);
 }
-BENCHMARK(WaitOf5Ms)->Iterations(400)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(WaitOf5Ms)->Name("A wait of 5 ms, mean")->Iterations(400);
 
 // The link over a pseudo-terminal to a simulated instrument.
 struct Bench {
@@ -71,18 +73,20 @@ struct Bench {
     Link link{program, com, clock, desktop, front};
 };
 
+// The instrument answers at once; what remains is the pacing behind each command.
 void SetWithReadBack(benchmark::State& state) {
     Bench bench({.rate = 19200});
-    for (auto _ : state) {
-        bench.link.commands.SendAllToUnit();
-        bench.link.readBack.ReadAllFromUnit();
-    }
-    const double waits =
-        static_cast<double>(bench.instrument.ReceivedLines().size()) / static_cast<double>(state.iterations());
-    state.counters["floor_ms"] = waits * kPaceMs;
-    state.counters["linked"] = bench.program.link.LinkUp;
+    const double all = Milliseconds([&] {
+        for ([[maybe_unused]] auto _ : state) {
+            bench.link.commands.SendAllToUnit();
+            bench.link.readBack.ReadAllFromUnit();
+        }
+    });
+    const auto runs = static_cast<double>(state.iterations());
+    const auto waits = static_cast<double>(bench.instrument.ReceivedLines().size());
+    Put(state, {"ms", all / runs, waits / runs * kPaceMs}, bench.program.link.LinkUp == 1);
 }
-BENCHMARK(SetWithReadBack)->Iterations(20)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(SetWithReadBack)->Name("Set with read-back")->Iterations(20);
 
 // A memory over a line of 115200 baud. The floor of sending is the time that the bytes need on the line; that of
 // reading is the same and the 5 ms behind each query.
@@ -94,63 +98,58 @@ void Transfer(benchmark::State& state, void (MemoryTransfer::*routine)(), bool p
             element = static_cast<qint16>(++sample % 4095 - 2047);
         }
     }
-    QElapsedTimer elapsed;
-    for (auto _ : state) {
-        elapsed.start();
-        (bench.link.memory.*routine)();
-        bench.instrument.WaitForLine(paced ? "" : "are", paced ? std::chrono::seconds(0) : std::chrono::minutes(2));
-    }
-    const double seconds = static_cast<double>(elapsed.nsecsElapsed()) * 1.0e-9;
+    const double ms = Milliseconds([&] {
+        for ([[maybe_unused]] auto _ : state) {
+            (bench.link.memory.*routine)();
+            bench.instrument.WaitForLine(paced ? "" : "are", paced ? std::chrono::seconds(0) : std::chrono::minutes(2));
+        }
+    });
     const double bytes = static_cast<double>(bench.instrument.ReceivedBytes().size() +
                                              (paced ? bench.instrument.SentBytes().size() : 0));
     const double points = static_cast<double>(bench.instrument.ReceivedLines().size());
     const double floor = bench.LineTime(bytes) + (paced ? points * kPaceMs * 1.0e-3 : 0.0);
-    state.counters["floor_s"] = floor;
-    state.counters["ratio"] = seconds / floor;
-    state.counters["linked"] = bench.program.link.LinkUp;
+    Put(state, {"s", ms * 1.0e-3, floor}, bench.program.link.LinkUp == 1);
 }
-BENCHMARK_CAPTURE(Transfer, SendArb4, &MemoryTransfer::SendArb4, false)->Iterations(1)->UseRealTime();
-BENCHMARK_CAPTURE(Transfer, SendArb16, &MemoryTransfer::SendArb16, false)->Iterations(1)->UseRealTime();
-BENCHMARK_CAPTURE(Transfer, ReadArb4, &MemoryTransfer::ReadArb4, true)->Iterations(1)->UseRealTime();
-BENCHMARK_CAPTURE(Transfer, ReadArb16, &MemoryTransfer::ReadArb16, true)->Iterations(1)->UseRealTime();
+BENCHMARK_CAPTURE(Transfer, Send4, &MemoryTransfer::SendArb4, false)->Name("Send the 4K memory")->Iterations(1);
+BENCHMARK_CAPTURE(Transfer, Send16, &MemoryTransfer::SendArb16, false)->Name("Send the 16K memory")->Iterations(1);
+BENCHMARK_CAPTURE(Transfer, Read4, &MemoryTransfer::ReadArb4, true)->Name("Read the 4K memory")->Iterations(1);
+BENCHMARK_CAPTURE(Transfer, Read16, &MemoryTransfer::ReadArb16, true)->Name("Read the 16K memory")->Iterations(1);
 
-// The point lines without pacing or line time, beside a raw write loop of the same bytes into the same line.
-void UnpacedPoints(benchmark::State& state) {
-    Bench bench({.rate = 115200});
-    for (auto _ : state) {
-        bench.link.memory.SendArb16();
+bool WriteAll(int file, const std::string& bytes) {
+    for (std::size_t done = 0; done < bytes.size();) {
+        const ssize_t count = ::write(file, bytes.data() + done, bytes.size() - done);
+        if (count < 0) {
+            return false;
+        }
+        done += static_cast<std::size_t>(count);
     }
+    return true;
 }
-BENCHMARK(UnpacedPoints)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
 
-void RawWriteLoop(benchmark::State& state) {
+// The point lines without pacing or line time, beside a raw write loop of the same lines into a line of the same kind.
+void UnpacedPoints(benchmark::State& state) {
     Bench bench({.rate = 115200});
     bench.link.memory.SendArb16();
     const std::vector<std::string> lines = bench.instrument.ReceivedLines();
-    bench.com.SetPortOpen(false);
-    const int file = ::open(bench.instrument.DevicePath().c_str(), O_WRONLY | O_NOCTTY);
-    for (auto _ : state) {
-        for (const std::string& line : lines) {
-            const std::string bytes = line + '\r';
-            for (std::size_t done = 0; done < bytes.size();) {
-                const ssize_t count = ::write(file, bytes.data() + done, bytes.size() - done);
-                if (count < 0) {
-                    state.SkipWithError("the line takes nothing");
-                    break;
-                }
-                done += static_cast<std::size_t>(count);
+    Bench raw({.rate = 115200});
+    raw.com.SetPortOpen(false);
+    const int file = ::open(raw.instrument.DevicePath().c_str(), O_WRONLY | O_NOCTTY);
+    bool good = file >= 0;
+    const Figure row = Compare(
+        state, [&] { bench.link.memory.SendArb16(); },
+        [&] {
+            for (const std::string& line : lines) {
+                good = good && WriteAll(file, line + '\r');
             }
-        }
-    }
+        });
     ::close(file);
+    Put(state, row, good && bench.program.link.LinkUp == 1);
 }
-BENCHMARK(RawWriteLoop)->Iterations(3)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(UnpacedPoints)->Name("Send 16K to an instant instrument")->Iterations(5);
 
 }  // namespace
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    return RunTable(argc, argv);
 }

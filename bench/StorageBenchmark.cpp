@@ -1,7 +1,5 @@
-// Save and load of a full setting file, and the editor's heaviest operations on its tables. Save and load stand beside
-// the engine's own calls for the same rows, just as durable, taken in turn in the same run.
+// Save and load of a full setting file, beside the engine's own calls for the same rows, just as durable.
 
-#include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <unistd.h>
@@ -10,7 +8,7 @@
 #include <cstdio>
 #include <string>
 
-#include "Compare.h"
+#include "Table.h"
 #include "core/MemorySize.h"
 #include "storage/RecordStore.h"
 #include "storage/SettingFile.h"
@@ -96,14 +94,12 @@ void Save(benchmark::State& state) {
     const std::string rawName = InFolder(folder, "raw.set").toStdString();
     const ArbMemories memories = FullMemories();
     bool good = true;
-    Compare(
+    const Figure row = Compare(
         state, [&] { good = good && CreateSettingFile(name) && SaveSettingFile(name, {}, memories); },
         [&] { good = good && SaveByEngineAlone(folder.path().toStdString(), rawName, memories); });
-    if (!good) {
-        state.SkipWithError("a save failed");
-    }
+    Put(state, row, good);
 }
-BENCHMARK(Save)->Iterations(kRuns)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Save)->Name("Save a setting file")->Iterations(kRuns);
 
 void Load(benchmark::State& state) {
     const QTemporaryDir folder;
@@ -111,63 +107,13 @@ void Load(benchmark::State& state) {
     ArbMemories memories = FullMemories();
     PanelState panel;
     bool good = CreateSettingFile(name) && SaveSettingFile(name, panel, memories);
-    Compare(
+    const Figure row = Compare(
         state, [&] { good = good && LoadSettingFile(name, panel, memories) == LoadOutcome::Loaded; },
         [&] { good = good && LoadByEngineAlone(name.toStdString(), memories); });
-    if (!good) {
-        state.SkipWithError("a load failed");
-    }
+    Put(state, row, good);
 }
-BENCHMARK(Load)->Iterations(kRuns)->UseManualTime()->Unit(benchmark::kMillisecond);
-
-// What a redraw reads.
-void WalkByAddress(benchmark::State& state) {
-    const QTemporaryDir folder;
-    const QString name = InFolder(folder, "walk.set");
-    bool good = CreateSettingFile(name) && SaveSettingFile(name, {}, FullMemories());
-    for ([[maybe_unused]] auto _ : state) {
-        int count = 0;
-        RecordStore store;
-        store.Open(name);
-        RecordTable(store, kMemory16k.table).Walk(RecordOrder::Address, [&](qint16 adr, qint16) {
-            count += adr == count ? 1 : 0;
-        });
-        good = good && count == 16384;
-    }
-    if (!good) {
-        state.SkipWithError("the walk failed");
-    }
-}
-BENCHMARK(WalkByAddress)->Iterations(kRuns)->UseRealTime()->Unit(benchmark::kMillisecond);
-
-// A paste over the whole memory: 16384 rows changed and one added and removed again, in one transaction, on the disk.
-void PasteOf16385Rows(benchmark::State& state) {
-    const QTemporaryDir folder;
-    const QString name = InFolder(folder, "paste.set");
-    bool good = CreateSettingFile(name) && SaveSettingFile(name, {}, FullMemories());
-    qint16 value = 0;
-    for ([[maybe_unused]] auto _ : state) {
-        ++value;
-        RecordStore store;
-        store.Open(name);
-        RecordTable table(store, kMemory16k.table);
-        StoreTransaction paste(store);
-        std::vector<Record> records;
-        table.Read(RecordOrder::Address, records);
-        for (Record& record : records) {
-            record.Value = static_cast<qint16>(record.Value + value);
-            table.Change(record);
-        }
-        table.Add(16384, value);
-        table.Remove(table.FindFirst(16384)->id);
-        good = paste.Commit() && records.size() == 16384 && good;
-    }
-    if (!good) {
-        state.SkipWithError("the paste failed");
-    }
-}
-BENCHMARK(PasteOf16385Rows)->Iterations(kRuns)->UseRealTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(Load)->Name("Load a setting file")->Iterations(kRuns);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) { return RunTable(argc, argv); }

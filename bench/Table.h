@@ -5,7 +5,22 @@
 #include <algorithm>
 #include <chrono>
 #include <functional>
+#include <string>
 #include <vector>
+
+// One row of the table of all measurements: a figure beside its floor, which is the same result got by the least that
+// can be done, measured in the same run. Ratio = figure / floor, so that it holds on a noisy machine.
+struct Figure {
+    const char* unit;
+    double figure;
+    double floor;
+};
+
+// Puts a benchmark's row, or, with no `good` result behind it, the word that it failed.
+void Put(benchmark::State& state, const Figure& row, bool good);
+
+// Runs the benchmarks that the command line names, all without one. Exit status 1 if one of them failed.
+int RunTable(int argc, char** argv);
 
 inline double Milliseconds(const auto& work) {
     const auto begin = std::chrono::steady_clock::now();
@@ -19,20 +34,16 @@ inline double Median(std::vector<double> values) {
     return *middle;
 }
 
-// Our work and its floor in turn, so that both meet the same noise; "ratio" is that of the medians. Settle runs
-// behind each turn, off the clock.
-inline void Compare(
+// The medians of our work and of its floor, taken in turn, so that both meet the same noise. `settle` runs behind each
+// turn, off the clock.
+inline Figure Compare(
     benchmark::State& state, const auto& ours, const auto& floor, const std::function<void()>& settle = [] {}) {
     std::vector<double> oursMs;
     std::vector<double> floorMs;
     for ([[maybe_unused]] auto _ : state) {
         floorMs.push_back(Milliseconds(floor));
         oursMs.push_back(Milliseconds(ours));
-        state.SetIterationTime(oursMs.back() / 1000.0);
         settle();
     }
-    state.counters["median_ms"] = Median(oursMs);
-    state.counters["least_ms"] = *std::min_element(oursMs.begin(), oursMs.end());
-    state.counters["floor_ms"] = Median(floorMs);
-    state.counters["ratio"] = Median(oursMs) / Median(floorMs);
+    return {"ms", Median(oursMs), Median(floorMs)};
 }
