@@ -1,13 +1,19 @@
 // A start of the program up to its first picture, and what it holds in memory with the editor open on 16K. The floor is
-// a bare window, or two of the same size, of the same toolkit in a process of its own.
+// a window of plain controls of the same toolkit, or two, in a process of its own.
 
 #include <QAction>
 #include <QApplication>
 #include <QEvent>
 #include <QFile>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
+#include <QPlainTextEdit>
 #include <QProcess>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
@@ -78,10 +84,25 @@ struct Program {
     Main form;
 };
 
+// A window with as many controls as the panel has, of the same kinds, on one plain grid.
 struct BareWindow : QMainWindow {
-    explicit BareWindow(QSize size) {
-        setCentralWidget(new QLabel(QStringLiteral("TRX5276"), this));
-        resize(size);
+    BareWindow() {
+        auto* const paper = new QWidget(this);
+        auto* const grid = new QGridLayout(paper);
+        const QString caption = QStringLiteral("Control");
+        const auto add = [grid](int count, const auto& make) {
+            for (int i = 0; i < count; ++i) {
+                grid->addWidget(make(), grid->count() / 8, grid->count() % 8);
+            }
+        };
+        add(44, [&] { return new QRadioButton(caption, paper); });
+        add(11, [&] { return new QLineEdit(caption, paper); });
+        add(21, [&] { return new QLabel(caption, paper); });
+        add(5, [&] { return new QPushButton(caption, paper); });
+        add(10, [&] { return new QGroupBox(caption, paper); });
+        add(1, [&] { return new QPlainTextEdit(caption, paper); });
+        setCentralWidget(paper);
+        resize(kWindow);
         show();
     }
 };
@@ -101,7 +122,7 @@ int RunRole(const QByteArray& role, const QString& folder, QApplication& applica
         return QApplication::exec();
     }
     if (role == "bare-start") {
-        const BareWindow window(kWindow);
+        const BareWindow window;
         return QApplication::exec();
     }
     std::unique_ptr<Program> program;
@@ -110,8 +131,8 @@ int RunRole(const QByteArray& role, const QString& folder, QApplication& applica
         program = std::make_unique<Program>(folder);
         program->OpenEditorOn16K();
     } else {
-        windows.push_back(std::make_unique<BareWindow>(kWindow));
-        windows.push_back(std::make_unique<BareWindow>(kWindow));
+        windows.push_back(std::make_unique<BareWindow>());
+        windows.push_back(std::make_unique<BareWindow>());
         QCoreApplication::processEvents();
     }
     std::printf("%ld\n", ResidentMemory());
