@@ -43,7 +43,6 @@ ConstructionOutcome CheckConstructionFile(const QString& fileName) {
         }
     }
     // A setting file has the same tables; as a signal, its memories would be cut down to a few points.
-    bool settings = false;
-    store.Attempt([&] { settings = store.Engine()->tableExists("Settings"); });
+    const bool settings = store.Engine()->tryExec("select 1 from settings limit 0") == SQLite::OK;
     return settings ? ConstructionOutcome::NotAConstructionFile : ConstructionOutcome::Usable;
 }

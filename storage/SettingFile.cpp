@@ -105,6 +105,8 @@ void WriteSettings(SQLite::Database& database, const PanelState& panel) {
     insert.exec();
 }
 
+bool IsNumber(const SQLite::Column& stored) { return stored.isFloat() || stored.isInteger(); }
+
 // Takes one stored value into a field if it fits there.
 class TakeField {
   public:
@@ -113,7 +115,7 @@ class TakeField {
     void operator()(std::monostate) const {}
     void operator()(double PanelState::*field) const {
         const double value = stored_.getDouble();
-        if ((stored_.isFloat() || stored_.isInteger()) && std::isfinite(value)) {
+        if (IsNumber(stored_) && std::isfinite(value)) {
             panel_.*field = value;
         }
     }
@@ -150,7 +152,8 @@ int FindColumn(const SQLite::Statement& row, const char* name) {
 bool ReadSettings(const SQLite::Database& database, PanelState& panel) {
     SQLite::Statement row(database, "select * from settings");
     const int mark = FindColumn(row, kSettingColumns[kVersionColumn].name);
-    if (mark < 0 || !row.executeStep() || row.getColumn(mark).getDouble() != kVersion) {
+    if (mark < 0 || !row.executeStep() || !IsNumber(row.getColumn(mark)) ||
+        row.getColumn(mark).getDouble() != kVersion) {
         return false;
     }
     for (const SettingColumn& column : kSettingColumns) {
