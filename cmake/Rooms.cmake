@@ -11,6 +11,11 @@ if(TRX_SANITIZE)
                                                -fno-omit-frame-pointer)
   target_link_options(trx_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(TRX_FUZZ)
+  target_compile_options(trx_options INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+                                               -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(trx_options INTERFACE -fsanitize=address,undefined)
+endif()
 target_compile_definitions(trx_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
                                                  QT_USE_QSTRINGBUILDER)
 
