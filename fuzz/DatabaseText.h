@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QStringList>
 #include <QTemporaryDir>
 
 // A database file of any content, as a text describes it. Every text describes one:

@@ -25,7 +25,7 @@ QByteArray Expected(const QByteArray& record) {
 
 QByteArray ContentOf(QFile& file) {
     Require(file.open(QIODevice::ReadOnly), "the file is there");
-    const QByteArray content = file.readAll();
+    QByteArray content = file.readAll();
     file.close();
     return content;
 }
