@@ -3,7 +3,6 @@
 #include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <iterator>
@@ -55,6 +54,10 @@ Comset::Comset(ProgramState& program, Link& link, Desktop& desktop, PortDescribe
     for (int number = kFirstComPort; number <= kLastComPort; ++number) {
         port->Option(number)->installEventFilter(this);
     }
+    port->SetClick([this](int number) { DescribePort(number); });
+    portDevice = new QLabel(this);
+    portDevice->setObjectName(QStringLiteral("portDevice"));
+    portDevice->setTextFormat(Qt::PlainText);
     Arrange();
 }
 
@@ -63,6 +66,13 @@ void Comset::Arrange() {
     auto* const options = new QHBoxLayout;
     options->addWidget(MakeColumn(QStringLiteral("Port"), *port, this));
     options->addWidget(MakeColumn(QStringLiteral("Baud"), *baud, this));
+    // As wide as the options need, and of the same height for most devices.
+    portDevice->setWordWrap(true);
+    QSizePolicy policy = portDevice->sizePolicy();
+    policy.setHorizontalPolicy(QSizePolicy::Ignored);
+    portDevice->setSizePolicy(policy);
+    portDevice->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    portDevice->setAlignment(Qt::AlignTop);
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(Command1);
     buttons->addStretch();
@@ -72,15 +82,17 @@ void Comset::Arrange() {
     column->setSpacing(10);
     column->addWidget(hint);
     column->addLayout(options);
+    column->addWidget(portDevice);
     column->addLayout(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
 }
 
 void Comset::comset_Form_Load() {
+    port->Select(program_.preferences.ComPortNumber);
+    portDevice->clear();
     for (int number = kFirstComPort; number <= kLastComPort; ++number) {
         DescribePort(number);
     }
-    port->Select(program_.preferences.ComPortNumber);
     const auto* const rate = std::find(std::begin(kBaudRates), std::end(kBaudRates), program_.preferences.ComBaudRate);
     baud->Select(rate != std::end(kBaudRates) ? static_cast<int>(rate - std::begin(kBaudRates)) + 1 : -1);
 }
@@ -90,6 +102,9 @@ void Comset::DescribePort(int number) {
     const QString device = describePort_(number, openHere);
     port->Option(number)->setToolTip(device);
     port->Option(number)->setAccessibleDescription(device);
+    if (number == port->Selected()) {
+        portDevice->setText(device);
+    }
 }
 
 // The tool tip tells what is behind the port at the moment of reading, not of opening the dialog.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QLabel>
 #include <QPushButton>
 
 #include "core/ProgramState.h"
@@ -13,7 +14,7 @@ class Comset : public QDialog {
     Q_OBJECT
 
   public:
-    // `describePort` says which device is behind a port number, for the tool tips.
+    // `describePort` says which device is behind a port number, and what is wrong with it.
     using PortDescriber = std::function<QString(int number, bool openHere)>;
 
     Comset(ProgramState& program, Link& link, Desktop& desktop, PortDescriber describePort, QWidget* parent);
@@ -23,6 +24,7 @@ class Comset : public QDialog {
 
     OptionGroup* port;
     OptionGroup* baud;
+    QLabel* portDevice;  // what is behind the selected port
     QPushButton *cbok, *cbabbruch, *Command1;
 
   protected:

@@ -70,6 +70,7 @@ void Main::MakeControls() {
 
 void Main::ConnectControls() {
     connect(cRM, &QCheckBox::clicked, this, &Main::Main_cRM_MouseUp);
+    cRM->installEventFilter(this);
     connect(Command3, &QPushButton::clicked, this, &Main::Main_Command3_Click);
     connect(Command4, &QPushButton::clicked, this, &Main::Main_Command4_Click);
     connect(Command7, &QPushButton::clicked, this, &Main::Main_Command7_Click);
@@ -184,6 +185,16 @@ void Main::OnGateChanged(bool running) {
         QMetaObject::invokeMethod(
             this, [this] { close(); }, Qt::QueuedConnection);
     }
+}
+
+// Whoever wonders why there is no link is told what is wrong with the port now.
+bool Main::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == cRM && event->type() == QEvent::ToolTip) {
+        const int number = program_.preferences.ComPortNumber;
+        cRM->setToolTip(QStringLiteral("Com%1: ").arg(number) +
+                        services_.describePort(number, services_.com.PortOpen()));
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void Main::Main_cRM_MouseUp() {

@@ -57,6 +57,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     // LinkFront

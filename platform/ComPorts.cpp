@@ -40,6 +40,13 @@ bool IsComName(const QString& name) {
     return name.startsWith(u"COM", Qt::CaseInsensitive) && isNumber && number > 0;
 }
 
+// A group helps only if it may do both.
+QString NoPermission(const QFileInfo& device) {
+    return device.permission(QFile::ReadGroup | QFile::WriteGroup)
+               ? QStringLiteral("no permission, join the group %1 and log in again").arg(device.group())
+               : QStringLiteral("no permission");
+}
+
 // Empty if the device can be opened. It is opened without touching its settings: another program may be using it.
 QString TroubleWith(const QString& device) {
 #ifdef Q_OS_UNIX
@@ -55,7 +62,7 @@ QString TroubleWith(const QString& device) {
         case EIO:
             return QStringLiteral("missing");
         case EACCES:
-            return QStringLiteral("no permission, join the group ") + QFileInfo(device).group();
+            return NoPermission(QFileInfo(device));
         case EBUSY:
             return QStringLiteral("in use");
         default:

@@ -1,3 +1,5 @@
+#include <QHelpEvent>
+
 #include "PanelBench.h"
 
 namespace {
@@ -80,19 +82,24 @@ TEST_F(ComsetDialog, ShowsThePortInForceAndConnectsWithTheChoice) {
     EXPECT_TRUE(Checked("port_2"));
     EXPECT_TRUE(Checked("baud_3"));
     EXPECT_EQ(Get("port_3")->toolTip(), u"device 3");
+    EXPECT_EQ(Get<QLabel>("portDevice")->text(), u"device 2");
     line.replies = {{QStringLiteral("ID?"), "KL5276\r"}, {QStringLiteral("VER?"), "V3\r"}};
     Click("port_3");
+    EXPECT_EQ(Get<QLabel>("portDevice")->text(), u"device 3");
     Click("baud_5");
     Click("cbok");
     EXPECT_EQ(line.openings.constLast(), u"3: 115200,N,8,2");
     EXPECT_EQ(program.link.LinkUp, 1);
     EXPECT_FALSE(Get("comset")->isVisible());
     EXPECT_EQ(line.Lines().constLast(), u"VER?");  // nothing is read
+    QHelpEvent hover(QEvent::ToolTip, {}, {});
+    QCoreApplication::sendEvent(Get("cRM"), &hover);
+    EXPECT_EQ(Get("cRM")->toolTip(), u"Com3: device 3!");
 
     // Confirmed while linked: given back and connected again.
     line.wire.clear();
     ShowDialog();
-    EXPECT_EQ(Get("port_3")->toolTip(), u"device 3!");
+    EXPECT_EQ(Get<QLabel>("portDevice")->text(), u"device 3!");
     Click("cbok");
     EXPECT_EQ(line.Lines().join(u' '), u"RM0 ID? ID? VER?");
     EXPECT_EQ(program.link.LinkUp, 1);

@@ -1,0 +1,40 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include "platform/ComPorts.h"
+
+namespace {
+
+constexpr uid_t kNobody = 65534;
+constexpr gid_t kGroupWithoutRoot = 20;
+
+// The device's owner counts as its owner alone, so that a mode for its group shuts out whoever runs this; but for root,
+// who is somebody else meanwhile.
+TEST(ComPorts, WhoHasNoPermissionIsToldTheGroupThatHasIt) {
+    const QTemporaryDir folder;
+    const QString device = folder.filePath(QStringLiteral("tty"));
+    const QByteArray path = QFile::encodeName(device);
+    ASSERT_TRUE(QFile(device).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile::link(device, folder.filePath(QStringLiteral("com1"))));
+    ASSERT_EQ(::chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
+    const bool isRoot = ::geteuid() == 0;
+    ASSERT_TRUE(!isRoot || ::chown(path.constData(), 0, kGroupWithoutRoot) == 0);
+    const QString group = QFileInfo(device).group();
+    const std::pair<mode_t, QString> table[]{
+        {0666, QString()},
+        {0060, QStringLiteral(": no permission, join the group %1 and log in again").arg(group)},
+        {0020, QStringLiteral(": no permission")}};
+    for (const auto& [mode, trouble] : table) {
+        ASSERT_EQ(::chmod(path.constData(), mode), 0);
+        ASSERT_TRUE(!isRoot || ::seteuid(kNobody) == 0);
+        EXPECT_EQ(DescribeComPort(1, folder.path(), false), device + trouble);
+        ASSERT_TRUE(!isRoot || ::seteuid(0) == 0);
+    }
+}
+
+}  // namespace
