@@ -1,6 +1,7 @@
 #include "panel/Main.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include "platform/ComPorts.h"
 #include "platform/EventClock.h"
@@ -9,10 +10,24 @@
 #include "platform/SerialControl.h"
 #include "platform/SocketDdeLink.h"
 
+namespace {
+
+QIcon WindowIcon() {
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QStringLiteral(":/icons/%1.png").arg(size));
+    }
+    return icon;
+}
+
+}  // namespace
+
 // Makes the program's state and everything that works on it, and wires them.
 int main(int argc, char* argv[]) {
     const QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TRX5276"));
+    QApplication::setDesktopFileName(QStringLiteral("example.trx5276.panel"));
+    QApplication::setWindowIcon(WindowIcon());
 
     const QString folder = ProgramFolder();
     ProgramState program;
