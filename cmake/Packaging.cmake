@@ -1,0 +1,30 @@
+# cpack makes a Debian package, and an archive that runs from whatever folder it is unpacked into.
+include(GNUInstallDirs)
+set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE
+                                                WORLD_READ WORLD_EXECUTE)
+
+install(TARGETS trx5276 kl5276-sim qd204-sim)
+install(FILES app/example.trx5276.panel.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES app/example.trx5276.panel.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+install(FILES app/icons/trx5276.svg DESTINATION ${icons}/scalable/apps)
+foreach(size 16 22 24 32 48 64 128 256)
+  install(FILES app/icons/${size}.png DESTINATION ${icons}/${size}x${size}/apps RENAME trx5276.png)
+endforeach()
+install(FILES README.md CHANGELOG.md ARCHITECTURE.md app/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/trx5276)
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/trx5276)
+
+set(CPACK_GENERATOR DEB TGZ)
+set(CPACK_PACKAGE_NAME trx5276)
+set(CPACK_PACKAGE_VENDOR "TRX5276 project")
+set(CPACK_PACKAGE_CONTACT "TRX5276 project <support@trx5276.example>")
+set(CPACK_PACKAGE_FILE_NAME trx5276-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR})
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
+set(CPACK_STRIP_FILES ON)
+set(CPACK_PACKAGE_DESCRIPTION "Sets signal, frequency, level, sweep, modulation and output of the instrument on an RS-232 line, reads them
+back, edits its arbitrary memories and moves them. With a simulated instrument and a source of traces.")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, fonts-dejavu-core")  # opens the manuals; any font will do
+include(CPack)
