@@ -21,10 +21,11 @@ set(CPACK_PACKAGE_CONTACT "TRX5276 project <support@trx5276.example>")
 set(CPACK_PACKAGE_FILE_NAME trx5276-${PROJECT_VERSION}-${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
 set(CPACK_STRIP_FILES ON)
-set(CPACK_PACKAGE_DESCRIPTION "Sets signal, frequency, level, sweep, modulation and output of the instrument on an RS-232 line, reads them
-back, edits its arbitrary memories and moves them. With a simulated instrument and a source of traces.")
+set(CPACK_PACKAGE_DESCRIPTION "Sets signal, frequency, level, sweep, modulation and output of the instrument
+on an RS-232 line, reads them back, edits its arbitrary memories and moves
+them. With a simulated instrument and a source of traces.")
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, fonts-dejavu-core")  # opens the manuals; any font will do
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)  # opens the manuals
 include(CPack)

@@ -11,7 +11,7 @@ cd "$work"
 
 fail() {
     echo "FAILED: $*" >&2
-    cat panel.log 2>/dev/null >&2 || true
+    [ ! -e panel.log ] || cat panel.log >&2
     exit 1
 }
 
@@ -56,7 +56,8 @@ Xvfb -displayfd 3 -ac -screen 0 1280x1024x24 3>display 2>/dev/null &
 until_true test -s display
 DISPLAY=:$(cat display)
 export DISPLAY
-openbox >/dev/null 2>&1 &
+openbox --startup "touch $work/managed" >/dev/null 2>&1 &
+until_true test -e managed  # it may lose a window that is shown while it starts
 
 # An unprivileged user. Root is nobody for once, so that a folder can keep the user out.
 user=()
@@ -88,9 +89,12 @@ start_panel() {
     fi
 }
 
+has_ended() { ! kill -0 "$panel" 2>/dev/null; }
+
 close_panel() {
     type_into "KL5276 - V1.02" alt+F4
     type_into "Exit Program" Return
+    until_true has_ended
     wait "$panel" || fail "the panel ended with $?"
 }
 
