@@ -55,7 +55,7 @@ void BarePictures::DrawOverview(const std::vector<BareRow>& rows) {
     painter.fillRect(overview_.Box(viewLeft_, -2047, viewRight_, 2047), kLightYellow);
     painter.setPen(Ink(kGrid, 2.0));
     painter.drawLine(overview_.Line(0, 0, size_.LastAdr, 0));
-    for (int x = size_.gridFirst; x < size_.gridLimit; x += size_.gridStep) {
+    for (int x = size_.gridFirst; x <= size_.gridLimit; x += size_.gridStep) {
         painter.setPen(Ink(kGrid, x == size_.gridCentre ? 2.0 : 1.0));
         painter.drawLine(overview_.Line(x, -2047, x, 2047));
     }
@@ -69,7 +69,7 @@ void BarePictures::DrawOverview(const std::vector<BareRow>& rows) {
 void BarePictures::DrawDetail(const std::vector<BareRow>& rows, bool dots) {
     QPainter painter(&detail_.image);
     painter.fillRect(detail_.image.rect(), kLightYellow);
-    for (int x = size_.gridFirst; x < size_.gridLimit; x += size_.gridStep) {
+    for (int x = size_.gridFirst; x <= size_.gridLimit; x += size_.gridStep) {
         if (viewLeft_ <= x && x <= viewRight_) {
             painter.setPen(Ink(kGrid, x == size_.gridCentre ? 2.0 : 1.0));
             painter.drawLine(detail_.Line(x, -2047, x, 2047));

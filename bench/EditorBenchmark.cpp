@@ -251,7 +251,7 @@ void SplineOf2049Points(benchmark::State& state) {
     std::vector<qint16> signal(16385);
     std::vector<qint16> bare(16385);
     const Figure row = Compare(
-        state, [&] { ComputeSpline(points, 16384, signal); },
+        state, [&] { ComputeSpline(points, signal); },
         [&] {
             SplineAlone(points, bare);
             benchmark::DoNotOptimize(bare.data());

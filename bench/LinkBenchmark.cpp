@@ -27,6 +27,7 @@ class NoDesktop : public Desktop {
     void Beep() override {}
     void BusyOn() override {}
     void BusyOff() override {}
+    bool Busy() const override { return false; }
     void OpenInViewer(const QUrl&) override {}
 };
 
@@ -73,7 +74,7 @@ struct Bench {
     Link link{program, com, clock, desktop, front};
 };
 
-// The instrument answers at once; what remains is the pacing behind each command.
+// The instrument answers at once; what remains is the pacing after each command.
 void SetWithReadBack(benchmark::State& state) {
     Bench bench({.rate = 19200});
     const double all = Milliseconds([&] {
@@ -89,7 +90,7 @@ void SetWithReadBack(benchmark::State& state) {
 BENCHMARK(SetWithReadBack)->Name("Set with read-back")->Iterations(20);
 
 // A memory over a line of 115200 baud. The floor of sending is the time that the bytes need on the line; that of
-// reading is the same and the 5 ms behind each query.
+// reading is the same and the 5 ms after each query.
 void Transfer(benchmark::State& state, void (MemoryTransfer::*routine)(), bool paced) {
     Bench bench({.rate = 115200, .realTime = true});
     int sample = 0;

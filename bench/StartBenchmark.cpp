@@ -36,7 +36,7 @@ class FirstPaint : public QObject {
     using QObject::QObject;
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Paint && watched->isWidgetType()) {
-            QTimer::singleShot(0, this, [] { QCoreApplication::quit(); });
+            QTimer::singleShot(0, this, [] { QCoreApplication::exit(); });
         }
         return false;
     }

@@ -34,7 +34,7 @@ inline double Median(std::vector<double> values) {
     return *middle;
 }
 
-// The medians of our work and of its floor, taken in turn, so that both meet the same noise. `settle` runs behind each
+// The medians of our work and of its floor, taken in turn, so that both meet the same noise. `settle` runs after each
 // turn, off the clock.
 inline Figure Compare(
     benchmark::State& state, const auto& ours, const auto& floor, const std::function<void()>& settle = [] {}) {

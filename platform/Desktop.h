@@ -30,6 +30,7 @@ class Desktop {
     // The hourglass: one flag for the whole program, neither nested nor counted.
     virtual void BusyOn() = 0;
     virtual void BusyOff() = 0;
+    virtual bool Busy() const = 0;
 
     // Hands a document or an address to the system's viewer, without waiting. A failure is silent.
     virtual void OpenInViewer(const QUrl& address) = 0;

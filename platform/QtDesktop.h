@@ -18,6 +18,7 @@ class QtDesktop : public Desktop {
     void Beep() override;
     void BusyOn() override;
     void BusyOff() override;
+    bool Busy() const override { return busy_; }
     void OpenInViewer(const QUrl& address) override;
 
   private:

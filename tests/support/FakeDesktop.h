@@ -33,6 +33,7 @@ class FakeDesktop : public Desktop {
     void Beep() override { ++beeps; }
     void BusyOn() override { busy = true; }
     void BusyOff() override { busy = false; }
+    bool Busy() const override { return busy; }
     void OpenInViewer(const QUrl& address) override { viewed += address; }
 
   private:
