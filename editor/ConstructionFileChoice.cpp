@@ -1,7 +1,7 @@
-#include "storage/ConstructionFileChoice.h"
+#include "editor/ConstructionFileChoice.h"
 
+#include "editor/HeldFiles.h"
 #include "storage/ConstructionFile.h"
-#include "storage/HeldFiles.h"
 
 namespace {
 
@@ -34,12 +34,8 @@ bool ChooseNewConstructionFile(const ConstructionChoice& choice) {
     const QString title = QStringLiteral("New construction data");
     choice.boxfile.FileName = QStringLiteral("*.con");
     const QString chosen = choice.boxfile.ShowSave(Request(title, QStringLiteral("con")));
-    if (IsHeld(chosen, choice.heldFiles)) {
-        choice.desktop.MessageBox(u"The editor works on this file. Please choose another name:\n" + chosen, title);
-        return false;
-    }
     const FixedName former = choice.ConstructionFileName;
-    if (!Take(choice, chosen)) {
+    if (RefuseHeld(chosen, choice.heldFiles, choice.desktop, title) || !Take(choice, chosen)) {
         return false;
     }
     const QString name = choice.ConstructionFileName.Name();

@@ -24,7 +24,7 @@ QStringList EditMode::HeldFiles() const {
     return held;
 }
 
-bool EditMode::Name(Choice choose) {
+bool EditMode::ChooseAndCheck(Chooser choose) {
     FixedName& name = context_.program.ConstructionFileName;
     const FixedName former = name;
     QStringList held = HeldFiles();
@@ -54,6 +54,11 @@ void EditMode::EditMemory() {
     context_.front.SetEditorCaptionMemory();
 }
 
+const FixedName& EditMode::ShownFile() const {
+    const ProgramState& program = context_.program;
+    return context_.front.Target() == EditTarget::Memory ? program.SettingFileName : program.ConstructionFileName;
+}
+
 void EditMode::opEditmode_Click(int index) {
     if (index != 1) {
         EditMemory();
@@ -66,8 +71,8 @@ void EditMode::opEditmode_Click(int index) {
     context_.desktop.BusyOff();
 }
 
-void EditMode::NameConstructionFile(Choice choose) {
-    if (Name(choose)) {
+void EditMode::GoOverTo(Chooser choose) {
+    if (ChooseAndCheck(choose)) {
         EditSignal();
         context_.program.editor.EditorRedrawPending = true;
     }

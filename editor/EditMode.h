@@ -1,8 +1,8 @@
 #pragma once
 
+#include "editor/ConstructionFileChoice.h"
 #include "editor/EditorContext.h"
 #include "platform/FileBox.h"
-#include "storage/ConstructionFileChoice.h"
 
 // Which file the editor works on: the setting file in "Edit memory", the construction file in "Edit signal". A file
 // that is no construction file is named to the user; the former name then stays in force, and the editor edits the
@@ -14,22 +14,24 @@ class EditMode {
     // The click routine of opEditmode. Cancel under "Edit signal" goes back to "Edit memory".
     void opEditmode_Click(int index);
     // "&New construction data" and "&Load construction data"
-    void mnuncon_Click() { NameConstructionFile(ChooseNewConstructionFile); }
-    void mnulcon_Click() { NameConstructionFile(ChooseConstructionFile); }
+    void mnuncon_Click() { GoOverTo(ChooseNewConstructionFile); }
+    void mnulcon_Click() { GoOverTo(ChooseConstructionFile); }
 
     // Gets a construction file named that can be worked on. False: the calling operation ends.
-    bool EnsureConstruction() { return Name(EnsureConstructionFile); }
+    bool EnsureConstruction() { return ChooseAndCheck(EnsureConstructionFile); }
     // Data1 works on the file from here on.
     void EditSignal();
     void EditMemory();
+    // The file that is shown: the choice of a mode comes before Data1 goes over to its file.
+    const FixedName& ShownFile() const;
 
     // The files that nothing else may take the place of while the editor is open.
     QStringList HeldFiles() const;
 
   private:
-    using Choice = bool (*)(const ConstructionChoice& choice);
-    bool Name(Choice choose);
-    void NameConstructionFile(Choice choose);
+    using Chooser = bool (*)(const ConstructionChoice& choice);
+    bool ChooseAndCheck(Chooser choose);
+    void GoOverTo(Chooser choose);
 
     EditorContext context_;
     FileBox& boxfile_;

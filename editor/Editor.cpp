@@ -1,6 +1,7 @@
 #include "editor/Editor.h"
 
 #include <QCloseEvent>
+#include <utility>
 
 #include "editor/PenLook.h"
 #include "editor/ViewRules.h"
@@ -23,8 +24,8 @@ Editor::Editor(const EditorServices& services)
     pens_ = std::make_unique<Pens>(context);
     drags_ = std::make_unique<PenDrags>(context);
     entry_ = std::make_unique<PointEntry>(context, strip_);
-    generation_ = std::make_unique<Generation>(context);
     mode_ = std::make_unique<EditMode>(context, services.boxfile);
+    generation_ = std::make_unique<Generation>(context, *mode_);
     import_ = std::make_unique<Import>(context, *mode_, services.ziel);
     Arrange();
     ConnectControls();
@@ -119,7 +120,6 @@ void Editor::ConnectMenu() {
 void Editor::Editor_Form_Load() {
     EditorState& editor = program_.editor;
     editor.EditorOpen = true;
-    tables_.DatabaseName = program_.SettingFileName.Name();
     menu_->mnu4ksig->setChecked(true);
     Marker->setChecked(true);
     editor.ViewLeft = kFirstView.left;
@@ -132,7 +132,7 @@ void Editor::Editor_Form_Load() {
     ApplyWindowState(*this, preferences.EditorWindowState);
     SizeForm(*this, preferences.EditorWidth, preferences.EditorHeight);
     MoveForm(*this, preferences.EditorLeft, preferences.EditorTop);
-    SetEditorCaptionMemory();
+    mode_->EditMemory();
     Timer1.start();
 }
 
@@ -211,9 +211,8 @@ void Editor::Editor_opPenmode_Click(int index) {
 }
 
 void Editor::DrawEditor() {
-    const bool memory = Target() == EditTarget::Memory;
-    const FixedName& file = memory ? program_.SettingFileName : program_.ConstructionFileName;
-    if (file.Name().isEmpty()) {
+    const QString file = mode_->ShownFile().Name();
+    if (file.isEmpty()) {
         return;  // the user is still being asked for the construction file
     }
     desktop_.BusyOn();
@@ -221,16 +220,20 @@ void Editor::DrawEditor() {
     program_.editor.CopyDragging = false;
     view_->Clear(Size());
     std::vector<Record> records;
-    if (tables_.Read(file.Name(), Size(), records, Telling::Once)) {
+    if (tables_.Read(file, Size(), records, Telling::Once)) {
         view_->Draw({Size(), Target(), SplineSelected(), Marker->isChecked(), records});
     }
     desktop_.BusyOff();
 }
 
-// Any number of requests make one redraw.
+// Any number of requests make one redraw. It may come in the middle of a transfer or an import, whose hourglass stays.
 void Editor::Editor_Timer1_Timer() {
     if (program_.editor.EditorOpen && std::exchange(program_.editor.EditorRedrawPending, false)) {
+        const bool busy = desktop_.Busy();
         DrawEditor();
+        if (busy) {
+            desktop_.BusyOn();
+        }
     }
 }
 

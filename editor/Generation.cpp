@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <array>
 
 #include "editor/LinearMemory.h"
 
@@ -25,9 +26,7 @@ void Generation::mnudelete_Click() {
             table.Change({record.id, record.Adr, 0});
         }
     };
-    const ProgramState& program = context_.program;
-    const FixedName& file = memory ? program.SettingFileName : program.ConstructionFileName;
-    context_.tables.Change(file.Name(), size, clear, Telling::Box);
+    context_.tables.Change(mode_.ShownFile().Name(), size, clear, Telling::Box);
     context_.front.DrawEditor();
     context_.desktop.BusyOff();
 }
@@ -39,8 +38,7 @@ void Generation::mnulinint_Click() {
     std::vector<qint16> samples(memory.begin(), memory.end());
     if (Interpolate(samples) && WriteMemoryTable(samples)) {
         std::copy(samples.begin(), samples.end(), memory.begin());
-        context_.tables.DatabaseName = context_.program.SettingFileName.Name();
-        context_.front.SetEditorCaptionMemory();
+        mode_.EditMemory();
         context_.front.DrawEditor();
         QCoreApplication::processEvents();
     }
@@ -59,7 +57,7 @@ bool Generation::Interpolate(std::span<qint16> samples) {
     if (!context_.tables.Read(context_.tables.DatabaseName, size, points, Telling::Box)) {
         return false;
     }
-    GenerateLinearMemory(points, size.LastAdr, samples);
+    GenerateLinearMemory(points, samples.first(static_cast<std::size_t>(size.LastAdr) + 1));
     return !points.empty();
 }
 

@@ -1,11 +1,13 @@
 #pragma once
 
-#include "editor/EditorContext.h"
+#include <span>
+
+#include "editor/EditMode.h"
 
 // The commands on a whole table: clearing it, and turning the signal into a memory.
 class Generation {
   public:
-    explicit Generation(const EditorContext& context) : context_(context) {}
+    Generation(const EditorContext& context, EditMode& mode) : context_(context), mode_(mode) {}
 
     // "&Delete signal / memory": all samples 0, or the flat signal of a new file.
     void mnudelete_Click();
@@ -18,4 +20,5 @@ class Generation {
     bool WriteMemoryTable(std::span<const qint16> samples);
 
     EditorContext context_;
+    EditMode& mode_;
 };

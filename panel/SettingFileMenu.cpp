@@ -1,6 +1,6 @@
 #include "panel/SettingFileMenu.h"
 
-#include "storage/HeldFiles.h"
+#include "editor/HeldFiles.h"
 #include "storage/SettingFile.h"
 
 namespace {
@@ -44,9 +44,7 @@ bool SettingFileMenu::SaveAs(const QString& title, const QStringList& held, bool
     const QString chosen = boxfile_.ShowSave(Request(title));
     const FixedName former = program_.SettingFileName;
     bool saved = false;
-    if (IsHeld(chosen, held)) {
-        desktop_.MessageBox(u"The editor works on this file. Please choose another name:\n" + chosen, title);
-    } else if (!chosen.isEmpty()) {
+    if (!RefuseHeld(chosen, held, desktop_, title) && !chosen.isEmpty()) {
         desktop_.BusyOn();
         program_.SettingFileName.Set(chosen);
         const QString name = program_.SettingFileName.Name();

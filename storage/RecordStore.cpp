@@ -42,7 +42,7 @@ class Rows {
 
     void Bind(int value) { sqlite3_bind_int(row_, 1, value); }
 
-    // The next row that is a record; false behind the last.
+    // The next row that is a record; false after the last.
     bool Next(Record& record) {
         int result = SQLITE_ROW;
         while ((result = sqlite3_step(row_)) == SQLITE_ROW) {

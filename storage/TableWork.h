@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include "storage/RecordStore.h"
 
 // One operation on one table of a file, which is opened for it and closed again: so a file that was deleted, replaced

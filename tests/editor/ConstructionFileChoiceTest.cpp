@@ -2,8 +2,8 @@
 
 #include <QTemporaryDir>
 
+#include "editor/ConstructionFileChoice.h"
 #include "storage/ConstructionFile.h"
-#include "storage/ConstructionFileChoice.h"
 #include "support/FakeDesktop.h"
 
 namespace {
