@@ -15,7 +15,7 @@ class EditorFront {
     virtual bool SplineSelected() const = 0;     // Opintmode
     virtual const MemorySize& Size() const = 0;  // 4K if mnu4ksig is checked
     virtual void Select(EditTarget target) = 0;  // runs the group's click routine if the selection changes
-    virtual void Select(Pen pen) = 0;            // as well
+    virtual void Select(Pen pen) = 0;            // likewise
     virtual void SetEditorCaptionMemory() = 0;   // the look of "Edit memory"
     virtual void SetEditorCaptionSignal() = 0;   // the look of "Edit signal"
     virtual void DrawEditor() = 0;               // redraws both pictures from the records

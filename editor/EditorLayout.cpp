@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <algorithm>
+#include <array>
 
 #include "editor/Editor.h"
 #include "editor/PenLook.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <span>
 #include <vector>
 
@@ -21,7 +20,7 @@ class EditorTables {
     explicit EditorTables(Desktop& desktop) : desktop_(desktop) {}
 
     // The file of the data control Data1, through which the pens and the entry fields edit. No records are kept from
-    // one operation to the next, so nothing has to be read anew behind a change.
+    // one operation to the next, so nothing has to be read anew after a change.
     QString DatabaseName;
 
     // The rows by address; empty on a failure.

@@ -1,8 +1,9 @@
 #include "editor/EditorView.h"
 
-#include <algorithm>
 #include <optional>
+#include <utility>
 
+#include "editor/Samples.h"
 #include "editor/Spline.h"
 #include "editor/ViewRules.h"
 
@@ -15,12 +16,14 @@ constexpr QColor kOverviewBack{255, 192, 128};
 constexpr QColor kDetailBack{255, 255, 128};
 constexpr QColor kGrid{192, 192, 192};
 constexpr QColor kCurve{0, 0, 0};
-constexpr QColor kDot{255, 0, 0};  // light red
+constexpr QColor kDot{255, 0, 0};
 constexpr QColor kStrip{192, 192, 255};
-constexpr QColor kPenStroke{0, 128, 0};  // green
+constexpr QColor kPenStroke{0, 128, 0};
+constexpr QColor kCrosshair{0, 0, 255};
+constexpr QColor kZoomBox{192, 192, 192};
 
-constexpr double kTop = 2047.0;        // of Picture1: the highest sample
-constexpr double kDetailTop = 2060.0;  // of Picture2: leaves a strip above it
+constexpr double kTop = kHighestSample;  // of Picture1
+constexpr double kDetailTop = 2060.0;    // of Picture2: leaves a strip above it
 constexpr double kGridWidth = 1.0;
 constexpr double kCentreWidth = 2.0;
 constexpr double kOverviewCurveWidth = 2.0;
@@ -46,18 +49,18 @@ void CurveStroke(Drawing& detail, const Record& from, const Record& to) {
 }  // namespace
 
 EditorView::EditorView(EditorState& editor, ArbMemories& memories, PictureBox& overview, PictureBox& detail)
-    : Cross(detail),
-      ZoomBox(overview),
-      Picture1(overview),
+    : Picture1(overview),
       Picture2(detail),
       editor_(editor),
       memories_(memories),
+      zoomBox_(overview),
       band1_(overview),
       band2_(detail),
       dragBox1_(overview),
       dragBox2_(detail) {
     Picture1.SetBackColor(kOverviewBack);
     Picture2.SetBackColor(kDetailBack);
+    editor_.CrossFresh = true;  // it stood in the pictures of an earlier form
 }
 
 void EditorView::FitScales(const MemorySize& size) {
@@ -113,7 +116,7 @@ void EditorView::DrawGround(Drawing& overview, Drawing& detail, const MemorySize
 }
 
 void EditorView::DrawSplineView(Drawing& overview, Drawing& detail, const EditorScene& scene) {
-    ComputeSpline(scene.records, scene.size.LastAdr, editor_.ArbSignal);
+    ComputeSpline(scene.records, std::span(editor_.ArbSignal).first(static_cast<std::size_t>(scene.size.LastAdr) + 1));
     const std::array<qint16, 16385>& signal = editor_.ArbSignal;
     std::vector<QLineF> all;
     std::vector<QLineF> inView;
@@ -204,16 +207,44 @@ void EditorView::DrawSideStrips(Drawing& detail) const {
 }
 
 void EditorView::TakeOffStrokes() {
-    for (InvertedStrokes* const strokes : {&Cross, &ZoomBox, &band1_, &band2_, &dragBox1_, &dragBox2_}) {
+    if (!std::exchange(editor_.CrossFresh, true)) {
+        InvertCross();
+    }
+    for (InvertedStrokes* const strokes : Strokes()) {
         strokes->TakeOff();
     }
 }
 
 void EditorView::ForgetStrokes() {
-    for (InvertedStrokes* const strokes : {&Cross, &ZoomBox, &band1_, &band2_, &dragBox1_, &dragBox2_}) {
+    editor_.CrossFresh = true;
+    for (InvertedStrokes* const strokes : Strokes()) {
         strokes->Forget();
     }
-    editor_.CrossFresh = true;
+}
+
+void EditorView::ShowCross(float x, float y) {
+    if (!editor_.CrossFresh) {
+        InvertCross();
+    }
+    editor_.CrossX = x;
+    editor_.CrossY = y;
+    editor_.CrossFresh = false;
+    InvertCross();
+}
+
+// Over the view that is drawn: another one may have been chosen since.
+void EditorView::InvertCross() {
+    const double left = Picture2.ScaleLeft() + editor_.ViewMargin;
+    const double right = Picture2.ScaleLeft() + Picture2.ScaleWidth() - editor_.ViewMargin;
+    Drawing detail(Picture2);
+    detail.DrawMode = Drawing::Mode::Invert;
+    SetPen(detail, kCrosshair, 1.0);
+    detail.Line(editor_.CrossX, kTop, editor_.CrossX, -kTop);
+    detail.Line(left, editor_.CrossY, right, editor_.CrossY);
+}
+
+void EditorView::ShowZoomBox(int from, double to) {
+    zoomBox_.Show({{Stroke::Shape::Box, QLineF(from, -kTop, to, kTop), kZoomBox}});
 }
 
 void EditorView::ShowBand(const std::vector<QLineF>& lines) {

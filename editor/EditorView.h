@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <span>
+#include <vector>
 
 #include "core/ArbMemory.h"
 #include "core/EditorState.h"
@@ -23,7 +25,7 @@ struct EditorScene {
 // that stand in them.
 class EditorView {
   public:
-    EditorView(EditorState& editor, ArbMemories& memories, PictureBox& Picture1, PictureBox& Picture2);
+    EditorView(EditorState& editor, ArbMemories& memories, PictureBox& overview, PictureBox& detail);
 
     // Leaves both pictures empty, with their scales fitted to the axis and to the view, which is fitted first.
     void Clear(const MemorySize& size);
@@ -33,16 +35,17 @@ class EditorView {
 
     // Takes all inverted strokes off, before the pictures change their size.
     void TakeOffStrokes();
-    // They are gone from the pictures.
+    // The pictures were cleared: nothing stands in them any more.
     void ForgetStrokes();
 
-    // Puts inverted strokes into both pictures, in place of those that stand: the band with one width for each.
+    // Inverted strokes, each in place of its former one: the crosshair in Picture2, the box of a view being chosen in
+    // Picture1, a pen's band and box in both. A box that is forgotten stays in sight until the redraw.
+    void ShowCross(float x, float y);
+    void ShowZoomBox(int from, double to);
+    void ForgetZoomBox() { zoomBox_.Forget(); }
     void ShowBand(const std::vector<QLineF>& lines);
     void ShowDragBox(int from, double to);
     void ForgetDragBox();
-
-    InvertedStrokes Cross;    // in Picture2
-    InvertedStrokes ZoomBox;  // in Picture1
 
   private:
     void FitScales(const MemorySize& size);
@@ -52,12 +55,15 @@ class EditorView {
     void DrawPolylineDetail(PictureBox::Drawing& detail, const EditorScene& scene) const;
     void CopyToMemory(const EditorScene& scene);
     void DrawSideStrips(PictureBox::Drawing& detail) const;
+    void InvertCross();
+    std::array<InvertedStrokes*, 5> Strokes() { return {&zoomBox_, &band1_, &band2_, &dragBox1_, &dragBox2_}; }
     bool InView(int adr) const { return editor_.ViewLeft <= adr && adr <= editor_.ViewRight; }
 
     PictureBox& Picture1;
     PictureBox& Picture2;
     EditorState& editor_;
     ArbMemories& memories_;
+    InvertedStrokes zoomBox_;
     InvertedStrokes band1_;
     InvertedStrokes band2_;
     InvertedStrokes dragBox1_;

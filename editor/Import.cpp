@@ -10,10 +10,9 @@
 
 namespace {
 
-constexpr int kTraceSamples = 2048;
 constexpr int kRepaintMs = 50;
 
-// The menu goes and the hourglass comes before nothing is served any more.
+// Lets the menu close and the hourglass show: the conversation that follows serves no events.
 void ShowTheWait() {
     QEventLoop loop;
     QTimer::singleShot(kRepaintMs, &loop, &QEventLoop::quit);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <vector>
+
 #include "editor/EditMode.h"
 #include "editor/EditorContext.h"
 #include "platform/DdeLink.h"

@@ -1,7 +1,5 @@
 #include "editor/LinearMemory.h"
 
-#include <algorithm>
-
 #include "editor/Samples.h"
 #include "editor/Spline.h"
 
@@ -17,21 +15,16 @@ qint16 SampleOnLine(const Record& left, const Record& right, int a) {
 
 }  // namespace
 
-void GenerateLinearMemory(std::span<const Record> points, int LastAdr, std::span<qint16> target) {
+void GenerateLinearMemory(std::span<const Record> points, std::span<qint16> axis) {
     const std::vector<Record> distinct = DistinctPoints(points);
-    const int size = std::min(static_cast<int>(target.size()), LastAdr + 1);
-    if (distinct.empty() || size < 1) {
-        return;
-    }
-    if (distinct.size() == 1) {
-        std::fill_n(target.begin(), size, HeldSample(distinct.front().Value));
+    if (FilledWithoutCurve(distinct, axis)) {
         return;
     }
     std::size_t right = 1;
-    for (int a = 0; a < size; ++a) {
+    for (int a = 0; a < static_cast<int>(axis.size()); ++a) {
         while (a > distinct[right].Adr && right + 1 < distinct.size()) {
             ++right;
         }
-        target[static_cast<std::size_t>(a)] = SampleOnLine(distinct[right - 1], distinct[right], a);
+        axis[static_cast<std::size_t>(a)] = SampleOnLine(distinct[right - 1], distinct[right], a);
     }
 }

@@ -1,6 +1,7 @@
 #include "editor/Pens.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "editor/LineRules.h"
 #include "editor/Samples.h"

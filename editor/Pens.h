@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "editor/EditorContext.h"
 
 // The left press in Picture2: the pens that write a line, a point or a zero. What they write is in the file at once.

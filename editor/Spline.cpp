@@ -61,26 +61,26 @@ std::vector<Record> DistinctPoints(std::span<const Record> points) {
     return distinct;
 }
 
-void ComputeSpline(std::span<const Record> points, int LastAdr, std::span<qint16> signal) {
-    const std::vector<Record> distinct = DistinctPoints(points);
-    const int size = std::min(static_cast<int>(signal.size()), LastAdr + 1);
-    if (distinct.empty() || size < 1) {
-        return;
-    }
+bool FilledWithoutCurve(std::span<const Record> distinct, std::span<qint16> axis) {
     if (distinct.size() == 1) {
-        std::fill_n(signal.begin(), size, HeldSample(distinct.front().Value));
+        std::fill(axis.begin(), axis.end(), HeldSample(distinct.front().Value));
+    }
+    return distinct.size() < 2;
+}
+
+void ComputeSpline(std::span<const Record> points, std::span<qint16> axis) {
+    const std::vector<Record> distinct = DistinctPoints(points);
+    if (FilledWithoutCurve(distinct, axis)) {
         return;
     }
     const std::vector<double> second = SecondDerivatives(distinct);
     for (std::size_t i = 0; i + 1 < distinct.size(); ++i) {
         const Cubic cubic = IntervalCubic(distinct, i, second[i], second[i + 1]);
         const int x = distinct[i].Adr;
-        const int end = std::min<int>(distinct[i + 1].Adr, size);
+        const int end = std::min<int>(distinct[i + 1].Adr, static_cast<int>(axis.size()));
         for (int a = std::max(x, 0); a < end; ++a) {
-            signal[static_cast<std::size_t>(a)] = HeldSample(cubic.At(a - x));
+            axis[static_cast<std::size_t>(a)] = HeldSample(cubic.At(a - x));
         }
     }
-    if (size == LastAdr + 1) {
-        signal[static_cast<std::size_t>(LastAdr)] = distinct.back().Value;
-    }
+    axis.back() = distinct.back().Value;
 }

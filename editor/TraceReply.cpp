@@ -1,5 +1,6 @@
 #include "editor/TraceReply.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "core/Numbers.h"
@@ -8,7 +9,6 @@ namespace {
 
 using Limits = std::numeric_limits<qint16>;
 
-constexpr std::size_t kTraceSamples = 2048;
 constexpr double kScaledSpan = 3000.0;
 constexpr double kScaledLowest = -1500.0;
 

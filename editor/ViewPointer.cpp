@@ -8,10 +8,6 @@
 
 namespace {
 
-constexpr QColor kCrosshair{0, 0, 255};    // light blue
-constexpr QColor kZoomBox{192, 192, 192};  // white
-constexpr double kTop = 2047.0;
-
 void SetView(EditorState& editor, View view) {
     editor.ViewLeft = static_cast<qint16>(view.left);
     editor.ViewRight = static_cast<qint16>(view.right);
@@ -45,15 +41,15 @@ void ViewPointer::DragView(int buttons, float x) {
     }
     const double to = editor.ZoomDragTo == -1 ? held : at;
     editor.ZoomDragTo = at;
-    context_.view.ZoomBox.Show({{Stroke::Shape::Box, QLineF(editor.ZoomDragFrom, -kTop, to, kTop), kZoomBox}});
+    context_.view.ShowZoomBox(editor.ZoomDragFrom, to);
 }
 
 void ViewPointer::EndDrag(int to) {
     EditorState& editor = context_.program.editor;
     editor.ZoomDragging = false;
     editor.ZoomDragTo = static_cast<qint16>(to);
-    context_.view.ZoomBox.Forget();  // it stays until the redraw
-    SetView(editor, ZoomView(editor.ZoomDragFrom, to, context_.front.Size().LastAdr));
+    context_.view.ForgetZoomBox();
+    SetView(editor, ZoomView(editor.ZoomDragFrom, editor.ZoomDragTo, context_.front.Size().LastAdr));
     editor.EditorRedrawPending = true;
 }
 
@@ -69,19 +65,11 @@ void ViewPointer::Page(float x) {
 }
 
 void ViewPointer::ShowPosition(float x, float y) {
-    EditorState& editor = context_.program.editor;
     const UserNumbers& numbers = context_.program.numbers;
     const auto percent = [&numbers](float value) -> QString { return numbers.Picture(value, "0.0") + u'%'; };
     corint[0]->setText(u"X= " + QString::number(Nearest(x)));
     corint[1]->setText(u"Y= " + QString::number(Nearest(y)));
     corper[0]->setText(u"X= " + percent(PercentX(x, context_.front.Size().LastAdr)));
     corper[1]->setText(u"Y= " + percent(PercentY(y)));
-    if (editor.CrossFresh) {
-        context_.view.Cross.Forget();
-    }
-    context_.view.Cross.Show({{Stroke::Shape::Line, QLineF(x, kTop, x, -kTop), kCrosshair},
-                              {Stroke::Shape::Line, QLineF(editor.ViewLeft, y, editor.ViewRight, y), kCrosshair}});
-    editor.CrossX = x;
-    editor.CrossY = y;
-    editor.CrossFresh = false;
+    context_.view.ShowCross(x, y);
 }
