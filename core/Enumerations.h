@@ -59,8 +59,8 @@ inline constexpr quint8 kAmInternal = 2;
 
 inline constexpr std::array<EnumerationRow, 3> kShiftKeyings{{
     {"", "", "SK0"},
-    {"PSK", "", "PS1"},
-    {"FSK", "", ""},
+    {"", "", "PS1"},
+    {"", "", ""},
 }};
 
 inline constexpr quint8 kShiftKeyingOff = 0;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QRegularExpression>
 #include <QString>
 
 // A file name as the program keeps it: a text of 200 characters, filled with blanks on the right. A longer name is cut.
@@ -11,7 +10,13 @@ class FixedName {
     void Set(const QString& name) { text_ = name.leftJustified(kLength, u' ', true); }
     const QString& Text() const { return text_; }
     // Without the blanks at its end; empty if nothing was chosen yet.
-    QString Name() const { return text_.first(text_.lastIndexOf(QRegularExpression(QStringLiteral("[^ ]"))) + 1); }
+    QString Name() const {
+        qsizetype length = text_.size();
+        while (length > 0 && text_[length - 1] == u' ') {
+            --length;
+        }
+        return text_.first(length);
+    }
 
   private:
     QString text_ = QString(kLength, u' ');

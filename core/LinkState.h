@@ -11,5 +11,5 @@ struct LinkState {
     QString ReplyText;        // the reply in work
     QString SerialErrorText;  // what ShowSerialError will show
     QString UnitVersion;      // trimmed reply to "VER?"
-    qint32 PaceDelayMs = 5;   // ms, wait behind each command
+    qint32 PaceDelayMs = 5;   // ms, wait after each command
 };

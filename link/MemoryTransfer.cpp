@@ -67,7 +67,7 @@ void MemoryTransfer::Send(const MemorySize& size) {
     servedMs_ = clock_.NowMs();
     link_.CommandText = QString::fromLatin1(size.startCommand);
     transport_.SendCommand();
-    // A line that has stopped taking output has reported that already; the points behind it would all be lost.
+    // A line that has stopped taking output has reported that already; the points after it would all be lost.
     for (int address = 0; address <= size.LastAdr && link_.LinkUp == 1 && !gate_.Abandoned(); ++address) {
         SendPoint(size, address);
         if (address % size.progressStep == 0) {
@@ -83,8 +83,7 @@ void MemoryTransfer::Send(const MemorySize& size) {
 // The points aren't paced, but the window must stay alive for minutes at 4800 baud.
 void MemoryTransfer::ServeEvents() {
     if (clock_.NowMs() - servedMs_ >= kServeEventsMs) {
-        qint32 moment = 0;
-        clock_.WaitMs(moment);
+        clock_.ServeEvents();
         servedMs_ = clock_.NowMs();
     }
 }

@@ -9,7 +9,7 @@
 // progress bar. Neither direction reports a failure of its own.
 class MemoryTransfer {
   public:
-    // A transfer that is abandoned at the gate ends behind its current point.
+    // A transfer that is abandoned at the gate ends after its current point.
     MemoryTransfer(ProgramState& program, SerialTransport& transport, const LinkGate& gate, LinkClock& clock,
                    Desktop& desktop, LinkFront& front)
         : memories_(program.memories),
@@ -20,7 +20,7 @@ class MemoryTransfer {
           desktop_(desktop),
           front_(front) {}
 
-    // A time-out takes the link down; each point behind it then gets what stands in ReplyText, 0 with nothing.
+    // A time-out takes the link down; each point after it then gets what stands in ReplyText, 0 with nothing.
     void ReadArb4() { Read(kMemory4k); }
     void ReadArb16() { Read(kMemory16k); }
     void SendArb4() { Send(kMemory4k); }

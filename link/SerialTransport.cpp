@@ -60,8 +60,7 @@ bool SerialTransport::Flush() {
     inLine_ = 0;
     Com::OutputState state = com_.FlushOutput();
     while (state == Com::OutputState::Waiting) {
-        qint32 moment = 0;
-        clock_.WaitMs(moment);
+        clock_.ServeEvents();
         state = com_.FlushOutput();
     }
     return state == Com::OutputState::Taken;
@@ -102,8 +101,7 @@ void SerialTransport::QueryUnit() {
 // Behind the points of a memory a query can wait for many seconds until it is on the line.
 void SerialTransport::AwaitLine() {
     while (com_.LineTimeLeftMs() > 0 && com_.InBufferCount() <= 0 && !com_.LineLost()) {
-        qint32 moment = 0;
-        clock_.WaitMs(moment);
+        clock_.ServeEvents();
     }
 }
 

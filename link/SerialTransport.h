@@ -17,9 +17,9 @@ class SerialTransport {
 
     // Each appends a CR. The first "," becomes "." (the numbers in a command carry the user's separator), but not in
     // SendCommandSlow, whose commas are separators.
-    void SendCommand();      // paced once, behind the line
-    void SendCommandFast();  // not paced: the points of a memory; leaves with those behind it, or the next other send
-    void SendCommandSlow();  // paced behind each character: the clock
+    void SendCommand();      // paced once, after the line
+    void SendCommandFast();  // not paced: the points of a memory; kept until there are many, or another send follows
+    void SendCommandSlow();  // paced after each character: the clock
     void SendQuery();        // as SendCommand, but no CR is added to a text that holds one
 
     // Sends CommandText and collects one line into ReplyText; at most 3.0 s for each of its bytes, from when the line

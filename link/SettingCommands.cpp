@@ -71,7 +71,7 @@ void SettingCommands::SendDepth(const char* word) {
     Send(word);
 }
 
-// Amplitude modulation first, shift keying behind it, always both.
+// Amplitude modulation first, shift keying after it, always both.
 void SettingCommands::SendModulation() {
     if (!Linked()) {
         return;

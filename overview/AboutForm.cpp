@@ -5,6 +5,8 @@
 #include <QFontInfo>
 #include <QVBoxLayout>
 
+#include "platform/FormPlace.h"
+
 namespace {
 
 constexpr char kWebSite[] = "https://trx5276.example";
@@ -111,8 +113,5 @@ void ShowAbout(QWidget& owner, Desktop& desktop) {
     if (form == nullptr) {
         form = new AboutForm(desktop, &owner);
     }
-    form->setWindowState(form->windowState() & ~Qt::WindowMinimized);
-    form->show();
-    form->raise();
-    form->activateWindow();
+    BringToFront(*form);
 }

@@ -70,7 +70,7 @@ Strokes RampStrokes(double start) {
     return strokes;
 }
 
-// All samples but the array's last, which belongs to no address of the instrument, over 64 units.
+// All samples that a file stores, over 64 units.
 Strokes MemoryStrokes(std::span<const qint16> memory) {
     const std::size_t count = memory.size() - 1;
     const double perUnit = static_cast<double>(count) / 64.0;

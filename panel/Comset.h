@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
+#include <functional>
 
 #include "core/ProgramState.h"
 #include "link/Link.h"

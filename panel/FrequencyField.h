@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "panel/PanelContext.h"
 #include "platform/OptionGroup.h"
 
@@ -14,7 +16,7 @@ class FrequencyField {
         const char* accessible;
     };
 
-    // `stored` receives the commit; `refresh` is the group's, run behind each commit.
+    // `stored` receives the commit; `refresh` is the group's, run after each commit.
     FrequencyField(const PanelContext& context, const Names& names, double& stored, std::function<void()> refresh,
                    QWidget* parent);
 

@@ -1,10 +1,7 @@
 #include "panel/LevelRules.h"
 
 #include <algorithm>
-#include <cmath>
 #include <numbers>
-
-#include "core/LevelRange.h"
 
 namespace {
 
@@ -30,14 +27,14 @@ QString LargestOffsetText(quint8 bmBereich) {
 }  // namespace
 
 HeldLevel HoldLevel(double level, Truth tmVPP, bool amOn) {
-    if (level < LowestLevelOf(tmVPP)) {
-        return {LowestLevelOf(tmVPP), LevelBound::Lowest};
+    if (level < LowestLevelOfAll(tmVPP)) {
+        return {LowestLevelOfAll(tmVPP), LevelBound::Lowest};
     }
-    if (amOn && level > HighestAmLevelOf(tmVPP)) {
-        return {HighestAmLevelOf(tmVPP), LevelBound::HighestWithAm};
+    if (amOn && level > HighestAmLevel(tmVPP)) {
+        return {HighestAmLevel(tmVPP), LevelBound::HighestWithAm};
     }
-    if (!amOn && level > HighestLevelOf(tmVPP)) {
-        return {HighestLevelOf(tmVPP), LevelBound::Highest};
+    if (!amOn && level > HighestLevelOfAll(tmVPP)) {
+        return {HighestLevelOfAll(tmVPP), LevelBound::Highest};
     }
     return {level, LevelBound::None};
 }
@@ -45,11 +42,11 @@ HeldLevel HoldLevel(double level, Truth tmVPP, bool amOn) {
 QString LevelMessage(LevelBound bound, Truth tmVPP, const UserNumbers& numbers) {
     switch (bound) {
         case LevelBound::Lowest:
-            return u"Min. Level: " + numbers.Picture(LowestLevelOf(tmVPP), "0.0000");
+            return u"Min. Level: " + numbers.Picture(LowestLevelOfAll(tmVPP), "0.0000");
         case LevelBound::Highest:
-            return u"Max. Level: " + numbers.Picture(HighestLevelOf(tmVPP), "0.0000");
+            return u"Max. Level: " + numbers.Picture(HighestLevelOfAll(tmVPP), "0.0000");
         case LevelBound::HighestWithAm:
-            return u"Am-Modulation is On. Max. Level: " + numbers.Picture(HighestAmLevelOf(tmVPP), "0.0000");
+            return u"Am-Modulation is On. Max. Level: " + numbers.Picture(HighestAmLevel(tmVPP), "0.0000");
         case LevelBound::None:
             break;
     }
@@ -86,8 +83,8 @@ double RoundOffset(double magnitude, quint8 bmBereich) {
 
 QString LevelToolTip(Truth tmVPP, const UserNumbers& numbers) {
     const QString unit = tmVPP ? QStringLiteral(" Vpp") : QStringLiteral(" Vrms");
-    return u"Level range is from " + numbers.Picture(LowestLevelOf(tmVPP), "0.000") + unit + u" to " +
-           numbers.Picture(HighestLevelOf(tmVPP), "0.00") + unit + u" (incl. 2X offset)";
+    return u"Level range is from " + numbers.Picture(LowestLevelOfAll(tmVPP), "0.000") + unit + u" to " +
+           numbers.Picture(HighestLevelOfAll(tmVPP), "0.00") + unit + u" (incl. 2X offset)";
 }
 
 QString OffsetToolTip(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers) {

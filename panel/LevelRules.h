@@ -2,21 +2,18 @@
 
 #include <QString>
 
+#include "core/LevelRange.h"
 #include "core/Numbers.h"
 #include "core/PanelState.h"
 
 // The arithmetic that ties level, unit, offset and amplitude modulation together. Levels are in the unit of tmVPP
 // (Vpp while true, Vrms while false), offsets in V. A value equal to a bound is valid.
 
-inline constexpr double kLowestVpp = 0.02;
-inline constexpr double kHighestVpp = 20.0;
-inline constexpr double kLowestVrms = 0.0071;
-inline constexpr double kHighestVrms = 7.07;
-
-constexpr double LowestLevelOf(Truth tmVPP) { return tmVPP ? kLowestVpp : kLowestVrms; }
-constexpr double HighestLevelOf(Truth tmVPP) { return tmVPP ? kHighestVpp : kHighestVrms; }
+// Of the instrument, over all its ranges.
+inline double LowestLevelOfAll(Truth tmVPP) { return LowestLevel(kLevelRanges.front(), tmVPP); }
+inline double HighestLevelOfAll(Truth tmVPP) { return HighestLevel(kLevelRanges.back(), tmVPP); }
 // Amplitude modulation doubles the peak, so the level may be half.
-constexpr double HighestAmLevelOf(Truth tmVPP) { return HighestLevelOf(tmVPP) / 2.0; }
+inline double HighestAmLevel(Truth tmVPP) { return HighestLevelOfAll(tmVPP) / 2.0; }
 
 enum class LevelBound { None, Lowest, Highest, HighestWithAm };
 

@@ -4,6 +4,7 @@
 #include <QLayout>
 #include <QScopedValueRollback>
 #include <QTabBar>
+#include <utility>
 
 #include "overview/Manuals.h"
 #include "panel/PreferencesFile.h"
@@ -320,10 +321,7 @@ void Main::Main_mnueditor_Click() {
         editor_.reset(new Editor({program_, desktop_, boxfile, services_.ziel, *this}));
         editor_->Editor_Form_Load();
     }
-    editor_->setWindowState(editor_->windowState() & ~Qt::WindowMinimized);
-    editor_->show();
-    editor_->raise();
-    editor_->activateWindow();
+    BringToFront(*editor_);
 }
 
 void Main::LoadSettingFile() {
@@ -338,9 +336,7 @@ void Main::Main_mnucom_Click() {
     if (!comset_->isVisible()) {
         comset_->comset_Form_Load();
     }
-    comset_->show();
-    comset_->raise();
-    comset_->activateWindow();
+    BringToFront(*comset_);
 }
 
 void Main::Main_mnuabout_Click() { ShowAbout(*this, desktop_); }

@@ -5,7 +5,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTabWidget>
-#include <functional>
 #include <memory>
 
 #include "core/ProgramState.h"

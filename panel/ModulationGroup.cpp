@@ -197,7 +197,7 @@ void ModulationGroup::EnableFor(int option) {
 }
 
 void ModulationGroup::CapLevel() {
-    const double highest = HighestAmLevelOf(panel_.tmVPP);
+    const double highest = HighestAmLevel(panel_.tmVPP);
     if (highest < panel_.mAmp) {
         panel_.mAmp = highest;
         refreshLevel_();

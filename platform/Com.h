@@ -24,7 +24,7 @@ class Com {
     // The device vanished behind the open port: no byte will come or go until it is opened again.
     virtual bool LineLost() const = 0;
 
-    // Setting OutBufferCount to 0 drops what an earlier failed send left behind, and nothing of a send that went well.
+    // OutBufferCount = 0: drops what an earlier failed send left behind, and nothing of a send that went well.
     virtual void ClearOutBuffer() = 0;
     // Setting InBufferCount to 0 drops what has arrived.
     virtual void ClearInBuffer() = 0;

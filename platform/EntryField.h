@@ -16,9 +16,9 @@ class EntryField : public QLineEdit {
 
     // Reads, limits and stores what the field holds.
     void SetCommit(std::function<void()> commit) { commit_ = std::move(commit); }
-    // Where the focus goes behind an Enter; by default it stays.
+    // Where the focus goes after an Enter; by default it stays.
     void SetNext(QWidget* next) { next_ = next; }
-    // While it says false, a loss of the focus commits nothing: the text is behind the state it is to show.
+    // While it says false, a loss of the focus commits nothing: the text lags the state it is to show.
     void SetCommitGuard(std::function<bool()> mayCommit) { mayCommit_ = std::move(mayCommit); }
 
     void Commit();

@@ -61,3 +61,10 @@ void MoveForm(QWidget& form, qint16 left, qint16 top) {
     }
     form.move(place);
 }
+
+void BringToFront(QWidget& form) {
+    form.setWindowState(form.windowState() & ~Qt::WindowMinimized);
+    form.show();
+    form.raise();
+    form.activateWindow();
+}

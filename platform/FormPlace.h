@@ -13,6 +13,9 @@ void ApplyWindowState(QWidget& form, qint16 state);
 qint16 FormLeft(const QWidget& form);
 qint16 FormTop(const QWidget& form);
 
+// Shows the form in front of the others, also out of the minimised state.
+void BringToFront(QWidget& form);
+
 // The size without the frame that the desktop puts around the form, held to 16 bits.
 qint16 FormWidth(const QWidget& form);
 qint16 FormHeight(const QWidget& form);

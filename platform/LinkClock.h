@@ -12,4 +12,10 @@ class LinkClock {
     // Waits while events go on being served. A negative argument becomes 1, one above 10000 becomes 10000, in place.
     // A wait within a wait takes no time.
     virtual void WaitMs(qint32& ms) = 0;
+
+    // Serves the events that are due.
+    void ServeEvents() {
+        qint32 none = 0;
+        WaitMs(none);
+    }
 };

@@ -55,7 +55,7 @@ void OptionGroup::Run(int index) {
     }
 }
 
-// The toolkit would put the focus on the option behind the click routine, and take it from where the routine put it.
+// The toolkit would put the focus on the option after the click routine, and take it from where the routine put it.
 bool OptionGroup::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         auto* const option = static_cast<QAbstractButton*>(watched);

@@ -95,7 +95,7 @@ void LineServer::Fetch(TimePoint now) {
     }
     std::array<char, kFastFifoBytes> bytes{};
     const std::size_t count = line_.Read(std::span(bytes).first(room));
-    // The settings are read behind the bytes: a panel that has just changed them sends only after that.
+    // The settings are read after the bytes: a panel that has just changed them sends only after that.
     settings_ = line_.Settings();
     const bool understood = options_.rate == 0 || (settings_.rate == options_.rate && settings_.eightNoneTwo);
     for (std::size_t i = 0; i < count; ++i) {

@@ -93,7 +93,7 @@ TEST_F(Signal, GenerationMakesTheMemoryOfTheInterpolationSelected) {
     Click("Opintmode_1");
     Choose("mnulinint");
     auto spline = program.memories.ArbMemory4;
-    ComputeSpline(std::vector<Record>{{0, 0, 0}, {0, 2000, 2000}, {0, 4095, -95}}, 4095, spline);
+    ComputeSpline(std::vector<Record>{{0, 0, 0}, {0, 2000, 2000}, {0, 4095, -95}}, std::span(spline).first(4096));
     EXPECT_EQ(program.memories.ArbMemory4, spline);
     EXPECT_EQ(spline[4096], 96);  // beyond the axis
     program.memories.ArbMemory4.fill(96);
