@@ -62,13 +62,13 @@ void RequireCurves(const Records& points) {
     constexpr qint16 kBefore = 77;
     constexpr int kLastAdr = 4095;
     std::vector<qint16> samples(kLastAdr + 1, kBefore);
-    ComputeSpline(points, kLastAdr, samples);
+    ComputeSpline(points, samples);
     Require(std::all_of(samples.begin(), samples.end() - 1,
                         [](qint16 sample) { return std::abs(sample) <= kHighestSample; }) ||
                 DistinctPoints(points).size() == 1,
             "a spline holds to the range of a sample");
     std::fill(samples.begin(), samples.end(), kBefore);
-    GenerateLinearMemory(points, kLastAdr, samples);
+    GenerateLinearMemory(points, samples);
     Require(!points.empty() || std::count(samples.begin(), samples.end(), kBefore) == kLastAdr + 1,
             "without points nothing changes");
 }

@@ -25,7 +25,7 @@ TEST_F(WholeEditor, ASignalSetByHandArrivesInTheInstrument) {
     ASSERT_TRUE(instrument.WaitForLines(4098, std::chrono::seconds(30)));
 
     std::array<qint16, 4096> spline{};
-    ComputeSpline(std::vector<Record>{{0, 0, 0}, {0, 1200, 1500}, {0, 1800, -1900}, {0, 3000, 700}, {0, 4095, 0}}, 4095,
+    ComputeSpline(std::vector<Record>{{0, 0, 0}, {0, 1200, 1500}, {0, 1800, -1900}, {0, 3000, 700}, {0, 4095, 0}},
                   spline);
     instrument.With([&](const sim::Kl5276& unit) {
         EXPECT_TRUE(std::equal(spline.begin(), spline.end(), unit.state.memory4k.begin()));
