@@ -5,6 +5,7 @@
 
 #include "platform/ComPorts.h"
 #include "platform/EventClock.h"
+#include "platform/HighContrast.h"
 #include "platform/ProgramFolder.h"
 #include "platform/QtDesktop.h"
 #include "platform/SerialControl.h"
@@ -28,6 +29,7 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("TRX5276"));
     QApplication::setDesktopFileName(QStringLiteral("example.trx5276.panel"));
     QApplication::setWindowIcon(WindowIcon());
+    KeepEdgesInSight();
 
     const QString folder = ProgramFolder();
     ProgramState program;
