@@ -7,6 +7,7 @@
 #include "editor/ViewRules.h"
 #include "platform/Controls.h"
 #include "platform/FormPlace.h"
+#include "platform/PictureKeys.h"
 
 namespace {
 
@@ -43,6 +44,9 @@ void Editor::MakeControls() {
     Picture2 = new PictureBox(paper_);
     Picture2->setObjectName(QStringLiteral("Picture2"));
     Picture2->setAccessibleName(QStringLiteral("Part of the waveform, enlarged, for drawing"));
+    for (PictureBox* const picture : {Picture1, Picture2}) {
+        new PictureKeys(*picture);
+    }
     hint_ = MakeLabel(QStringLiteral("hint"), QString(), paper_);
 
     opEditmode = std::make_unique<OptionGroup>(

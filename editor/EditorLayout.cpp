@@ -72,7 +72,7 @@ void Editor::FillControlStrip() {
 }
 
 void Editor::OrderTabs() {
-    QList<QWidget*> order;
+    QList<QWidget*> order{Picture1};
     for (const OptionGroup* const group : {opEditmode.get(), opPenmode.get()}) {
         for (QAbstractButton* const option : group->Options()) {
             order += option;
@@ -84,10 +84,11 @@ void Editor::OrderTabs() {
         order += option;
     }
     order += Marker;
-    order += opFit;
+    order += {opFit, Picture2};
     for (qsizetype i = 1; i < order.size(); ++i) {
         setTabOrder(order[i - 1], order[i]);
     }
+    opEditmode->Option(0)->setFocus();
 }
 
 void Editor::Editor_Form_Resize() {

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "platform/PictureBox.h"
+#include "platform/PictureKeys.h"
 
 namespace {
 
@@ -106,6 +107,51 @@ TEST_F(PictureBoxTest, PointerArrivesInUserScale) {
     move({-30, 250}, Qt::LeftButton | Qt::RightButton | Qt::BackButton);
     EXPECT_EQ(moves, (Pointers{{0, static_cast<float>(980 + 10.25 * 1040 / 300), 1637.7F}, {3, 876, -3090}}));
     EXPECT_TRUE(picture.hasMouseTracking());
+}
+
+TEST_F(PictureBoxTest, KeysAreAMouse) {
+    QString events;
+    const auto tell = [&events](const char* kind) {
+        return [&events, kind](int buttons, float x, float y) {
+            events += QStringLiteral("%1%2 %3,%4 ").arg(QLatin1StringView(kind)).arg(buttons).arg(x).arg(y);
+        };
+    };
+    QObject::connect(&picture, &PictureBox::MouseDown, &picture, tell("down"));
+    QObject::connect(&picture, &PictureBox::MouseMove, &picture, tell("to"));
+    new PictureKeys(picture);
+    const QImage plain = picture.grab().toImage();
+    struct Case {
+        std::initializer_list<Qt::Key> keys;
+        Qt::KeyboardModifiers modifiers;
+        const char* events;
+    };
+    const Case cases[]{
+        {{Qt::Key_Right, Qt::Key_Down}, {}, "to0 151,100 to0 151,99 "},
+        {{Qt::Key_Left, Qt::Key_Up}, Qt::ShiftModifier, "to0 141,99 to0 141,109 "},
+        {{Qt::Key_Home, Qt::Key_Left, Qt::Key_PageUp}, {}, "to0 0,109 to0 0,109 to0 0,200 "},
+        {{Qt::Key_End, Qt::Key_PageDown}, {}, "to0 300,200 to0 300,0 "},
+        {{Qt::Key_Enter, Qt::Key_Menu}, {}, "down1 300,0 to0 300,0 down2 300,0 to0 300,0 "},
+        {{Qt::Key_F10}, Qt::ShiftModifier, "down2 300,0 to0 300,0 "},
+        {{Qt::Key_Space, Qt::Key_Left, Qt::Key_Return}, {}, "down1 300,0 to1 300,0 to1 299,0 to0 299,0 "},
+        {{Qt::Key_Space, Qt::Key_Space, Qt::Key_Escape}, {}, "down1 299,0 to1 299,0 to0 299,0 "}};
+    picture.setFocus();
+    EXPECT_NE(picture.grab().toImage(), plain);  // where the pointer is
+    for (const Case& c : cases) {
+        events.clear();
+        for (const Qt::Key key : c.keys) {
+            QTest::keyClick(&picture, key, c.modifiers);
+        }
+        EXPECT_EQ(events, QLatin1StringView(c.events));
+    }
+    picture.SetScale(10.0, 30.0, 20.0, -40.0);  // ten pixels and five to a unit
+    events.clear();
+    QTest::mouseMove(&picture, QPoint(14, 97));
+    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Up, Qt::Key_Space}) {
+        QTest::keyClick(&picture, key);
+    }
+    picture.clearFocus();  // nobody could let go any more
+    EXPECT_TRUE(events.endsWith(u"to0 12,0.6 to0 12,2 down1 12,2 to1 12,2 to0 12,2 ")) << events.toStdString();
+    EXPECT_EQ(picture.grab().toImage(), plain);
 }
 
 TEST_F(PictureBoxTest, OldContentShowsUntilANewSizeIsDrawn) {
