@@ -20,6 +20,11 @@ ViewPointer::ViewPointer(const EditorContext& context, QWidget* parent) : contex
               MakeLabel(QStringLiteral("corint_1"), QStringLiteral("Y:"), parent)};
     corper = {MakeLabel(QStringLiteral("corper_0"), QStringLiteral("X: %"), parent),
               MakeLabel(QStringLiteral("corper_1"), QStringLiteral("Y: %"), parent)};
+    // To a screen reader a label's name is its text.
+    corint[0]->setAccessibleDescription(QStringLiteral("Address of the pointer"));
+    corint[1]->setAccessibleDescription(QStringLiteral("Value at the pointer"));
+    corper[0]->setAccessibleDescription(QStringLiteral("Address of the pointer, in percent of the last"));
+    corper[1]->setAccessibleDescription(QStringLiteral("Value at the pointer, in percent of the full span"));
 }
 
 void ViewPointer::DragView(int buttons, float x) {

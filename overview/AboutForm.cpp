@@ -30,6 +30,8 @@ class LinkLabel : public QLabel {
             QLabel::focusNextPrevChild(true);
         }
     }
+    // With one link there is no other to go to first; the label's own way back finds this one again and again.
+    bool focusNextPrevChild(bool next) override { return QWidget::focusNextPrevChild(next); }
 };
 
 }  // namespace
@@ -57,7 +59,7 @@ AboutForm::AboutForm(Desktop& desktop, QWidget* parent) : QDialog(parent), deskt
     AddLabel(new QLabel(this), "Label13", QStringLiteral("E-mail: support@trx5276.example"));
     Label14 = AddLabel(new LinkLabel(this), "Label14", QString());
     Label14->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    Label14->setAccessibleName(QStringLiteral("Web site"));
+    Label14->setAccessibleName(QStringLiteral("Web site: ") + QLatin1String(kWebSite));
     connect(Label14, &QLabel::linkActivated, this, &AboutForm::about_Label14_Click);
     column->addSpacing(line);
 

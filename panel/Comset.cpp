@@ -43,11 +43,11 @@ Comset::Comset(ProgramState& program, Link& link, Desktop& desktop, PortDescribe
     }
     baud = new OptionGroup(QStringLiteral("baud"), rates, this, 1);
     baud->SetAccessibleName(QStringLiteral("Baud rate"));
+    Command1 = MakeButton(QStringLiteral("Command1"), QStringLiteral("Autosearch"), this);
+    Command1->setToolTip(QStringLiteral("Search the connected analyser"));
     cbok = MakeButton(QStringLiteral("cbok"), QStringLiteral("&Ok"), this);
     cbok->setDefault(true);
     cbabbruch = MakeButton(QStringLiteral("cbabbruch"), QStringLiteral("E&xit"), this);
-    Command1 = MakeButton(QStringLiteral("Command1"), QStringLiteral("Autosearch"), this);
-    Command1->setToolTip(QStringLiteral("Search the connected analyser"));
     connect(cbok, &QPushButton::clicked, this, &Comset::comset_cbok_Click);
     connect(cbabbruch, &QPushButton::clicked, this, &Comset::comset_cbabbruch_Click);
     connect(Command1, &QPushButton::clicked, this, &Comset::comset_Command1_Click);

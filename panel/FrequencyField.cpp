@@ -5,16 +5,18 @@
 
 FrequencyField::FrequencyField(const PanelContext& context, const Names& names, double& stored,
                                std::function<void()> refresh, QWidget* parent)
-    : context_(context), stored_(stored), refresh_(std::move(refresh)) {
-    const QString accessible = QString::fromLatin1(names.accessible);
-    field_ = MakeEntryField(context, QString::fromLatin1(names.field), KeyClass::Plain, accessible, parent);
+    : context_(context),
+      accessible_(QString::fromLatin1(names.accessible)),
+      stored_(stored),
+      refresh_(std::move(refresh)) {
+    field_ = MakeEntryField(context, QString::fromLatin1(names.field), KeyClass::Plain, accessible_, parent);
     field_->SetCommit([this] { Commit(); });
     QStringList units;
     for (const FrequencyUnit& unit : kFrequencyUnits) {
         units += QString::fromLatin1(unit.name);
     }
     units_ = new OptionGroup(QString::fromLatin1(names.units), units, parent);
-    units_->SetAccessibleName(accessible + QStringLiteral(", unit"));
+    units_->SetAccessibleName(accessible_ + QStringLiteral(", unit"));
     units_->SetClick([this](int) { TakeFocus(field_); });
     unitLabel_ = MakeLabel(QString::fromLatin1(names.unitLabel), QStringLiteral("MHz"), parent, field_);
     unitLabel_->setMinimumWidth(unitLabel_->sizeHint().width());
@@ -25,8 +27,9 @@ void FrequencyField::Show() {
     const FrequencyUnit& unit = kFrequencyUnits[static_cast<std::size_t>(index)];
     const QString name = QString::fromLatin1(unit.name);
     field_->setText(context_.numbers.Picture(stored_ / unit.hertz, unit.picture));
-    field_->setAccessibleDescription(QStringLiteral("in ") + name);
+    field_->setAccessibleName(accessible_ + u", in " + name);
     unitLabel_->setText(name);
+    unitLabel_->setAccessibleName(field_->accessibleName());
     units_->Select(index);
 }
 

@@ -31,6 +31,7 @@ class FrequencyField {
     void Commit();
 
     PanelContext context_;
+    QString accessible_;  // name for a screen reader, without the unit
     double& stored_;
     std::function<void()> refresh_;
     EntryField* field_;

@@ -1,5 +1,7 @@
 #include "panel/HintLine.h"
 
+#include <QAccessible>
+
 #include "core/Text.h"
 
 namespace {
@@ -12,7 +14,7 @@ constexpr quint8 kLastTick = 40;
 
 HintLine::HintLine(Desktop& desktop, QWidget* parent) : QLabel(parent), desktop_(desktop) {
     setObjectName(QStringLiteral("Label8"));
-    setAccessibleName(tr("Hint line"));
+    setAccessibleDescription(tr("Hint line"));  // its name is what it says
     setTextFormat(Qt::PlainText);
     setAutoFillBackground(true);
     setMargin(4);
@@ -28,6 +30,8 @@ void HintLine::FlashMessage(const QString& text) {
     desktop_.Beep();
     Timer3.stop();
     setText(TrimBlanks(text));
+    QAccessibleEvent alert(this, QAccessible::Alert);  // to those who do not see it blink
+    QAccessible::updateAccessibility(&alert);
     FlashCount = 0;
     Timer3.start();
 }

@@ -64,7 +64,8 @@ void LevelGroup::SelectCheck1(bool checked) {
 void LevelGroup::RefreshLevel() {
     const UserNumbers& numbers = context_.numbers;
     Label6->setText(panel_.tmVPP ? QStringLiteral("VPP") : QStringLiteral("RMS"));
-    Text2->setAccessibleDescription(QStringLiteral("in ") + Label6->text());
+    Text2->setAccessibleName(QStringLiteral("Output voltage, in ") + Label6->text());
+    Label6->setAccessibleName(Text2->accessibleName());
     Text2->setToolTip(LevelToolTip(panel_.tmVPP, numbers));
     panel_.bmBereich = LevelRangeNumber(panel_.mAmp, panel_.tmVPP);
     Text4->setToolTip(OffsetToolTip(panel_.bmBereich, panel_.tmVPP, numbers));

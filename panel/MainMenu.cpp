@@ -7,6 +7,7 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnulset = AddItem(mnudata, "mnulset", "&Load settings");
     mnusset = AddItem(mnudata, "mnusset", "&Save settings");
     mnucom = AddItem(mnudata, "mnucom", "Com. port");
+    mnucom->setShortcut(Qt::CTRL | Qt::Key_P);
     mnuexit = AddItem(mnudata, "mnuexit", "&Exit");
     QMenu* const mnuArb = AddMenu(bar, "mnuArb", "&Arbitrary");
     mnuRdArb4 = AddItem(mnuArb, "mnuRdArb4", "&Read Arb. 4k ");
@@ -18,4 +19,8 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnuhilfe = AddItem(mnuab, "mnuhilfe", "Handbuch deutsch (PDF)");
     mnuhelp = AddItem(mnuab, "mnuhelp", "Manual english (PDF)");
     mnuabout = AddItem(mnuab, "mnuabout", "About");
+    // These captions have no letter to press.
+    mnuhilfe->setShortcut(Qt::SHIFT | Qt::Key_F1);
+    mnuhelp->setShortcut(Qt::Key_F1);
+    mnuabout->setShortcut(Qt::CTRL | Qt::Key_F1);
 }

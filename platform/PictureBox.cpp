@@ -1,5 +1,6 @@
 #include "platform/PictureBox.h"
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <algorithm>
 #include <cmath>
@@ -9,12 +10,19 @@ namespace {
 // Qt numbers these three as MouseDown and MouseMove do. The other buttons of a mouse mean nothing to a picture.
 constexpr int kButtons = Qt::LeftButton | Qt::RightButton | Qt::MiddleButton;
 
+// To a screen reader it is a picture, not merely some part of a window.
+QAccessibleInterface* PictureInterface(const QString& className, QObject* object) {
+    return className == u"PictureBox" ? new QAccessibleWidget(qobject_cast<QWidget*>(object), QAccessible::Graphic)
+                                      : nullptr;
+}
+
 }  // namespace
 
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setContextMenuPolicy(Qt::PreventContextMenu);  // the right button is the form's
     setMouseTracking(true);
+    QAccessible::installFactory(PictureInterface);
 }
 
 void PictureBox::SetBackColor(const QColor& color) {
