@@ -143,19 +143,4 @@ TEST_F(MainForm, TheTabKeyWalksFromTheSignalToTheTabs) {
     }
 }
 
-TEST_F(MainForm, EveryControlHasANameForAScreenReader) {
-    Open();
-    const auto controls = form->findChildren<QWidget*>();
-    int reachable = 0;
-    for (const QWidget* const control : controls) {
-        if (control->focusPolicy() != Qt::NoFocus && !control->objectName().startsWith(u"qt_")) {
-            ++reachable;
-            const auto* const button = qobject_cast<const QAbstractButton*>(control);
-            EXPECT_TRUE(!control->accessibleName().isEmpty() || (button != nullptr && !button->text().isEmpty()))
-                << control->objectName().toStdString() << ' ' << control->metaObject()->className();
-        }
-    }
-    EXPECT_GT(reachable, 50);
-}
-
 }  // namespace
