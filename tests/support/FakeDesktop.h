@@ -45,13 +45,12 @@ class FakeDesktop : public Desktop {
 
 struct FakeFront : LinkFront {
     bool remoteChecked = false;
-    QString caption;
     QString transfer;  // "text|last" of the last transfer
     QList<int> progress;
     bool hidden = false;
 
     void CheckRemote(bool checked) override { remoteChecked = checked; }
-    void ShowCaption(const QString& text) override { caption = text; }
+    void ShowCaption(const QString&) override {}
     void ShowTransfer(const QString& text, int last) override {
         transfer = QStringLiteral("%1|%2").arg(text).arg(last);
     }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QTest>
+#include <algorithm>
 #include <memory>
 
 #include "platform/EntryField.h"
@@ -31,6 +32,11 @@ class FormHands {
     }
 
     QString Text(const char* field) { return Get<EntryField>(field)->text(); }
+    QString Texts(std::initializer_list<const char*> fields) {
+        QStringList texts;
+        std::ranges::transform(fields, std::back_inserter(texts), [this](const char* field) { return Text(field); });
+        return texts.join(u' ');
+    }
     QString Hint() { return Get<QLabel>("Label8")->text(); }
     bool Checked(const char* option) { return Get<QAbstractButton>(option)->isChecked(); }
     bool HasFocus(const char* name) { return QApplication::focusWidget() == Get(name); }

@@ -49,13 +49,11 @@ void ScriptedLine::ClearOutBuffer() {
 }
 
 Com::OutputState ScriptedLine::FlushOutput() {
-    ++flushes;
     if (!takesOutput) {
         clock_.nowMs += 3000;
         return OutputState::Stalled;
     }
     wire += waiting_;
-    clock_.nowMs += lineTimeMs;
     if (waiting_.endsWith('\r')) {
         const QString line = QString::fromLatin1(wire.sliced(wire.lastIndexOf('\r', -2) + 1)).chopped(1);
         input_ += replies.contains(line) ? replies.value(line) : reply ? reply(line, settings_) : QByteArray();

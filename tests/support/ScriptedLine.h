@@ -27,14 +27,12 @@ class ScriptedLine : public Com {
     QMap<QString, QByteArray> replies;  // by the line without its CR; the reply needs its own CR
     std::function<QByteArray(const QString& line, const QString& settings)> reply;  // asked where replies has none
     qint64 byteDelayMs = 0;
-    qint64 lineTimeMs = 0;        // that each flush takes
     QSet<int> ports{1, 2, 3, 4};  // that can be opened
     bool takesOutput = true;
     bool lost = false;
 
     QByteArray wire;       // all that was sent
     QStringList openings;  // "port: settings" of each successful opening
-    int flushes = 0;
 
     QStringList Lines() const;
 
