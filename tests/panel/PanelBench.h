@@ -13,13 +13,10 @@
 // The form Main, shown and active, on a scripted line, clock and desktop, in a folder of its own.
 class PanelBench : public ::testing::Test, public FormHands<Main> {
   public:
-    explicit PanelBench(const QLocale& locale = QLocale::c()) : numbers_(locale) {
-        program.numbers = numbers_;
+    explicit PanelBench(const QLocale& locale = QLocale::c()) {
+        program.numbers = UserNumbers(locale);
         line.reply = [](const QString& command, const QString&) -> QByteArray {
-            if (command == u"sta?") {
-                return "OT0 RFI SW0 SIN AM0 SK0 CTM VPP\r";
-            }
-            return command.endsWith(u'?') ? "0\r" : "";
+            return command == u"sta?" ? "OT0 RFI SW0 SIN AM0 SK0 CTM VPP\r" : command.endsWith(u'?') ? "0\r" : "";
         };
         const auto describePort = [](int number, bool openHere) {
             return QStringLiteral("device %1%2").arg(number).arg(openHere ? u"!" : u"");
@@ -49,11 +46,9 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
     FakeDesktop desktop;
     FakeDde ziel;
     QTemporaryDir folder;
-
-  private:
-    UserNumbers numbers_;
 };
 
-struct CommaPanelBench : PanelBench {
-    CommaPanelBench() : PanelBench(QLocale(QLocale::German, QLocale::Germany)) {}
+struct OpenPanel : PanelBench {
+    using PanelBench::PanelBench;
+    void SetUp() override { Open(); }
 };
