@@ -91,6 +91,12 @@ class EditorBench : public ::testing::Test, public FormHands<Editor> {
     }
 
     const MemorySize& Size() { return Get<QAction>("mnu4ksig")->isChecked() ? kMemory4k : kMemory16k; }
+    // A file that holds no tables.
+    QString Letter() const {
+        QFile letter(folder.filePath(QStringLiteral("letter")));
+        EXPECT_TRUE(letter.open(QIODevice::WriteOnly) && letter.write("Dear Sir") > 0);
+        return letter.fileName();
+    }
     static void Run(const QString& file, const std::string& statements) {
         SQLite::Database(file.toStdString(), SQLite::OPEN_READWRITE).exec(statements);
     }

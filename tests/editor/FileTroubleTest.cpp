@@ -9,12 +9,10 @@ struct FileTrouble : EditorBench {
 TEST_F(FileTrouble, IsToldOnceUntilSomethingSucceeds) {
     const QString kept = folder.filePath(QStringLiteral("kept"));
     ASSERT_TRUE(QFile::copy(set, kept));
-    QFile letter(folder.filePath(QStringLiteral("letter")));
-    ASSERT_TRUE(letter.open(QIODevice::WriteOnly) && letter.write("Dear Sir") > 0 && letter.flush());
     desktop.whileShown = [this] { Redraw(); };  // the timer goes on while a box stands
     Click("Marker");
     for (const auto& [instead, reason] : {std::pair(QString(), "The file is not there any more:"),
-                                          std::pair(letter.fileName(), "The file holds no waveform:")}) {
+                                          std::pair(Letter(), "The file holds no waveform:")}) {
         ASSERT_TRUE(QFile::remove(set) && (instead.isEmpty() || QFile::copy(instead, set)));
         desktop.boxes.clear();
         for (int second = 0; second < 3; ++second) {

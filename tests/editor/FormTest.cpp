@@ -6,17 +6,12 @@ using EditorForm = EditorBench;
 
 TEST_F(EditorForm, ThePicturesTakeTheRoomThatTheFormGivesThem) {
     form->resize(300, 300);
-    const QSize least = form->size();
-    EXPECT_TRUE(least.width() >= 534 && least.height() == 400);
+    EXPECT_TRUE(form->width() >= 534 && form->height() == 400);
     QCoreApplication::processEvents();
     const QRect detail = Get("Picture2")->geometry();
-    form->resize(least + QSize(200, 100));
+    form->resize(form->size() + QSize(200, 100));
     QCoreApplication::processEvents();
-    EXPECT_TRUE(state.EditorRedrawPending);
     EXPECT_EQ(Get("Picture2")->geometry(), detail.adjusted(0, 0, 200, 100));
-    EXPECT_EQ(Get("Picture1")->width(), form->width() - 16);
-    EXPECT_LT(Get("Picture1")->geometry().bottom(), detail.top());
-    EXPECT_TRUE(Get("hint")->parentWidget()->rect().contains(Get("hint")->geometry()));
 }
 
 TEST_F(EditorForm, ClosingReadsTheFileBackOnceAndKeepsThePlace) {
@@ -34,29 +29,6 @@ TEST_F(EditorForm, ClosingReadsTheFileBackOnceAndKeepsThePlace) {
     form->close();
     EXPECT_EQ(program.preferences.EditorWindowState, 2);
     EXPECT_EQ(program.preferences.EditorWidth, 10500);
-}
-
-TEST_F(EditorForm, TheTabKeyReachesEveryControl) {
-    const auto walk = [this](std::initializer_list<const char*> stops) {
-        for (const char* const stop : stops) {
-            Key(Qt::Key_Tab);
-            EXPECT_TRUE(HasFocus(stop)) << stop << ' ' << QApplication::focusWidget()->objectName().toStdString();
-        }
-    };
-    Get("opEditmode_0")->setFocus();
-    walk({"opPenmode_0", "Text1_0", "Text1_1", "Marker", "opFit", "Picture2", "Picture1", "opEditmode_0"});
-    desktop.answer = true;
-    desktop.chosen = con;
-    Key(Qt::Key_Down);
-    walk({"opPenmode_0", "Text1_0", "Text1_1", "Opintmode_0", "Marker", "opFit", "Picture2", "Picture1", "opEditmode_1",
-          "opPenmode_0"});
-    Key(Qt::Key_Down);
-    EXPECT_TRUE(Checked("opPenmode_1"));
-    Key(Qt::Key_Down);  // past Copy, which a signal does not offer, to Paste, which has nothing to paste
-    EXPECT_TRUE(Checked("opPenmode_2"));
-    walk({"Text1_0", "Text1_1", "Opintmode_0", "Marker", "opFit", "Picture2", "Picture1", "opEditmode_1",
-          "opPenmode_0"});
-    EXPECT_EQ(Points(), "0=0 4095=0");  // nothing was entered on the way
 }
 
 TEST_F(EditorForm, ThePicturesAreWorkedByKeys) {
