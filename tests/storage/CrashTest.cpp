@@ -53,7 +53,7 @@ int rename(const char* from, const char* to) noexcept { return Do('r', SYS_renam
 
 namespace {
 
-class CrashTest : public StorageTest {
+class Crashes : public StorageBench {
   protected:
     void SetUp() override { ASSERT_TRUE(old_.Save(name_)); }
 
@@ -71,14 +71,14 @@ class CrashTest : public StorageTest {
     const Content new_ = Content(2);
 };
 
-TEST_F(CrashTest, ASaveSyncsThenRenamesThenSyncsTheFolder) {
+TEST_F(Crashes, ASaveSyncsThenRenamesThenSyncsTheFolder) {
     operations = {true, {}, 0};
     ASSERT_TRUE(new_.Save(name_));
     operations.watched = false;
     EXPECT_TRUE(std::regex_match(operations.done, std::regex("u*w{50,}su*rs"))) << operations.done;
 }
 
-TEST_F(CrashTest, AKillAtAnyMomentLeavesTheOldFileOrTheNewOne) {
+TEST_F(Crashes, AKillAtAnyMomentLeavesTheOldFileOrTheNewOne) {
     int status = -1;
     std::size_t moments = 0;
     std::size_t withNewFile = 0;
@@ -100,7 +100,7 @@ TEST_F(CrashTest, AKillAtAnyMomentLeavesTheOldFileOrTheNewOne) {
     EXPECT_EQ(withNewFile, 2U);  // killed at the sync of the folder, and not at all
 }
 
-TEST_F(CrashTest, AFullDiskLeavesTheOldFile) {
+TEST_F(Crashes, AFullDiskLeavesTheOldFile) {
     for (const rlim_t bytes : {0, 5000, 100000, 250000}) {
         EXPECT_EQ(InChild([&] {
                       const rlimit limit{bytes, bytes};
@@ -115,7 +115,7 @@ TEST_F(CrashTest, AFullDiskLeavesTheOldFile) {
 }
 
 // The journal that a killed editor leaves belongs to the file that it edited, and to no other that takes its place.
-TEST_F(CrashTest, AJournalOfTheOldFileDoesNotReachTheNewOne) {
+TEST_F(Crashes, AJournalOfTheOldFileDoesNotReachTheNewOne) {
     enum { kLoad, kSaveOver, kSaveAnew };
     for (const int next : {kLoad, kSaveOver, kSaveAnew}) {
         ASSERT_TRUE(old_.Save(name_));

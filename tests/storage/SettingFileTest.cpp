@@ -6,20 +6,10 @@
 
 namespace {
 
-const Content kStored(1);
-const Content kBefore(2);
+using SettingFiles = StorageBench;
+using ConstructionFiles = StorageBench;
 
-TEST_F(StorageTest, GivesBackAllThatItStores) {
-    for (const int seed : {1, 4}) {  // the second over the first
-        ASSERT_TRUE(Content(seed).Save(name_));
-        Content loaded = kBefore;
-        EXPECT_EQ(loaded.Load(name_), LoadOutcome::Loaded);
-        EXPECT_TRUE(loaded == Content(seed).Over(kBefore)) << seed;
-    }
-    EXPECT_EQ(Files(), 1);
-}
-
-TEST_F(StorageTest, SettingFileHasItsTablesAndRows) {
+TEST_F(SettingFiles, HaveTheirTablesAndRows) {
     ASSERT_TRUE(kStored.Save(name_));
     EXPECT_EQ(Ask("SELECT group_concat(substr(sql, 14), ';') FROM sqlite_master"),
               "ARB_CON4 (Adr SMALLINT, Value SMALLINT);ARB_CON16 (Adr SMALLINT, Value SMALLINT);"
@@ -31,23 +21,20 @@ TEST_F(StorageTest, SettingFileHasItsTablesAndRows) {
     EXPECT_EQ(Ask("SELECT count(*) || ' ' || Version || ' ' || (tmIntRef IS NULL) FROM Settings"), "1 100 1");
     EXPECT_EQ(Ask("SELECT count(*) || ' ' || min(Adr) || ' ' || sum(rowid = Adr + 1) FROM ARB4"), "4096 0 4096");
     EXPECT_EQ(Ask("SELECT count(*) || ' ' || min(Adr) || ' ' || sum(rowid = Adr + 1) FROM ARB16"), "16384 0 16384");
-    EXPECT_EQ(Ask("SELECT (SELECT count(*) FROM ARB_CON4) + (SELECT count(*) FROM ARB_CON16)"), "0");
 }
 
-TEST_F(StorageTest, AnotherVersionLoadsTheMemoriesOnly) {
+TEST_F(SettingFiles, OfAnotherVersionLoadTheMemoriesOnly) {
     for (const char* const change : {"UPDATE Settings SET Version = 99", "UPDATE Settings SET Version = NULL",
                                      "DELETE FROM Settings", "ALTER TABLE Settings DROP COLUMN Version"}) {
         ASSERT_TRUE(kStored.Save(name_));
         Run(change);
         Content expected = kStored.Over(kBefore);
         expected.panel = kBefore.panel;
-        Content loaded = kBefore;
-        EXPECT_EQ(loaded.Load(name_), LoadOutcome::OtherVersion) << change;
-        EXPECT_TRUE(loaded == expected) << change;
+        ExpectLoad(LoadOutcome::OtherVersion, expected);
     }
 }
 
-TEST_F(StorageTest, PassesOverWhatDoesNotFit) {
+TEST_F(SettingFiles, ALoadPassesOverWhatDoesNotFit) {
     ASSERT_TRUE(kStored.Save(name_));
     Run("UPDATE SETTINGS SET bmmode = 256, bmSignal = -1, bmAmDepth = 1.5, mAmp = NULL, mFreq = 'x', mcFreq = 9e999,"
         " tmOffset = 2, tmVPP = 1, bmBereich = 255; ALTER TABLE Settings DROP COLUMN mhFreq;"
@@ -60,24 +47,18 @@ TEST_F(StorageTest, PassesOverWhatDoesNotFit) {
     expected.memories.ArbMemory16[16384] = -7;
     expected.memories.ArbMemory16[0] = -32768;
     expected.panel = kStored.Over(kBefore).panel;
-    for (const auto field : {&PanelState::bmMode, &PanelState::bmSignal, &PanelState::bmAmDepth}) {
-        expected.panel.*field = kBefore.panel.*field;
-    }
-    for (const auto field : {&PanelState::mAmp, &PanelState::mFreq, &PanelState::mcFreq, &PanelState::mhFreq}) {
-        expected.panel.*field = kBefore.panel.*field;
-    }
-    expected.panel.tmOffset = kBefore.panel.tmOffset;
+    const auto unfit = [](auto& p) {
+        return std::tie(p.bmMode, p.bmSignal, p.bmAmDepth, p.mAmp, p.mFreq, p.mcFreq, p.mhFreq, p.tmOffset);
+    };
+    unfit(expected.panel) = unfit(kBefore.panel);
     expected.panel.tmVPP = kTrue;
     expected.panel.bmBereich = 255;
-    Content loaded = kBefore;
-    EXPECT_EQ(loaded.Load(name_), LoadOutcome::Loaded);
-    EXPECT_TRUE(loaded == expected);
+    ExpectLoad(LoadOutcome::Loaded, expected);
 }
 
-TEST_F(StorageTest, LeavesStateAndFolderAloneWhereThereIsNoSettingFile) {
-    Content loaded = kBefore;
+TEST_F(SettingFiles, ALoadLeavesStateAndFolderAloneWhereThereIsNone) {
     for (const QString& name : {name_, folder_.path(), QString()}) {
-        EXPECT_EQ(loaded.Load(name), LoadOutcome::Unreadable);
+        EXPECT_EQ(Content(kBefore).Load(name), LoadOutcome::Unreadable);
         EXPECT_EQ(CheckConstructionFile(name), ConstructionOutcome::Unreadable);
     }
     EXPECT_EQ(Files(), 0);
@@ -86,52 +67,46 @@ TEST_F(StorageTest, LeavesStateAndFolderAloneWhereThereIsNoSettingFile) {
                                     QByteArray(noise).replace(0, 16, QByteArray("SQLite format 3", 16))}) {
         QFile::remove(name_);
         Write(bytes);
-        EXPECT_EQ(loaded.Load(name_), LoadOutcome::NotASettingFile) << bytes.left(20).constData();
+        ExpectLoad(LoadOutcome::NotASettingFile, kBefore);
         EXPECT_EQ(CheckConstructionFile(name_), ConstructionOutcome::NotAConstructionFile);
     }
     EXPECT_TRUE(CreateConstructionFile(name_) && SaveConstructionFile(name_));
-    EXPECT_EQ(loaded.Load(name_), LoadOutcome::NotASettingFile);
+    ExpectLoad(LoadOutcome::NotASettingFile, kBefore);
     EXPECT_EQ(Files(), 1);
-    EXPECT_TRUE(loaded == kBefore);
 }
 
-TEST_F(StorageTest, WaitsForALockAndGivesUp) {
+TEST_F(SettingFiles, WaitForALockAndGiveUp) {
     for (const bool writeAhead : {false, true}) {  // with a write-ahead log, a writer keeps no reader away
         ASSERT_TRUE(kStored.Save(name_));
         Run(writeAhead ? "PRAGMA journal_mode = WAL" : "PRAGMA journal_mode = DELETE");
-        Content loaded = kBefore;
         {
             SQLite::Database other(name_.toStdString(), SQLite::OPEN_READWRITE);
             other.exec("BEGIN EXCLUSIVE");
-            EXPECT_EQ(loaded.Load(name_), writeAhead ? LoadOutcome::Loaded : LoadOutcome::Locked);
-            EXPECT_TRUE(loaded == (writeAhead ? kStored.Over(kBefore) : kBefore));
+            ExpectLoad(writeAhead ? LoadOutcome::Loaded : LoadOutcome::Locked,
+                       writeAhead ? kStored.Over(kBefore) : kBefore);
             QElapsedTimer waited;
             waited.start();
             EXPECT_FALSE(kBefore.Save(name_));
             EXPECT_GE(waited.elapsed(), kLockWaitMs);
-            EXPECT_LT(waited.elapsed(), 2 * 5000);
         }
-        EXPECT_EQ(loaded.Load(name_), LoadOutcome::Loaded);
-        EXPECT_TRUE(loaded == kStored.Over(kBefore));
+        ExpectLoad(LoadOutcome::Loaded, kStored.Over(kBefore));
         EXPECT_EQ(Files(), 1);
-        EXPECT_TRUE(kBefore.Save(name_));
     }
 }
 
-TEST_F(StorageTest, ReplacesAFileBehindALinkAndNoFolder) {
+TEST_F(SettingFiles, ASaveReplacesAFileBehindALinkAndNoFolder) {
     Write("a text");
     EXPECT_FALSE(kStored.Save(folder_.path()));
     EXPECT_FALSE(kStored.Save(name_ + QStringLiteral("/below.set")));
-    EXPECT_EQ(Content(kBefore).Load(name_), LoadOutcome::NotASettingFile);
     const QString link = folder_.filePath(QStringLiteral("link.set"));
     QFile::setPermissions(name_, QFile::ReadOwner | QFile::WriteOwner);
     ASSERT_TRUE(QFile::link(name_, link) && kStored.Save(link));
-    EXPECT_EQ(Content(kBefore).Load(name_), LoadOutcome::Loaded);
+    ExpectLoad(LoadOutcome::Loaded, kStored.Over(kBefore));
     EXPECT_FALSE(QFile::permissions(name_) & QFile::ReadOther);
     EXPECT_EQ(Files(), 2);
 }
 
-TEST_F(StorageTest, ConstructionFileHasTwoEndPointsInEachTable) {
+TEST_F(ConstructionFiles, HaveTwoEndPointsInEachTable) {
     ASSERT_TRUE(kStored.Save(name_) && CreateConstructionFile(name_) && SaveConstructionFile(name_));
     EXPECT_EQ(CheckConstructionFile(name_), ConstructionOutcome::Usable);
     EXPECT_EQ(Ask("SELECT group_concat(name) FROM sqlite_master"), "ARB4,ARB16");

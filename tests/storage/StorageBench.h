@@ -50,7 +50,10 @@ struct Content {
     }
 };
 
-class StorageTest : public ::testing::Test {
+inline const Content kStored(1);
+inline const Content kBefore(2);
+
+class StorageBench : public ::testing::Test {
   protected:
     QTemporaryDir folder_;
     QString name_ = folder_.filePath(QStringLiteral("f.set"));
@@ -64,6 +67,12 @@ class StorageTest : public ::testing::Test {
     }
     void Run(const char* statements) const {
         SQLite::Database(name_.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(statements);
+    }
+    // What a load leaves of kBefore.
+    void ExpectLoad(LoadOutcome outcome, const Content& content) const {
+        Content loaded = kBefore;
+        EXPECT_EQ(loaded.Load(name_), outcome);
+        EXPECT_TRUE(loaded == content);
     }
     // The one text that a query gives.
     std::string Ask(const char* query) const {
