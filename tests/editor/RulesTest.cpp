@@ -46,7 +46,7 @@ void ExpectSamples(const Generate& generate, const Pairs& pairs, int LastAdr, co
         points.push_back({0, static_cast<qint16>(adr), static_cast<qint16>(value)});
     }
     std::vector<qint16> samples(static_cast<std::size_t>(LastAdr) + 2, 999);
-    generate(points, LastAdr, samples);
+    generate(points, std::span(samples).first(samples.size() - 1));
     EXPECT_EQ(samples.back(), 999);
     for (const auto& [adr, value] : expected) {
         EXPECT_EQ(samples[static_cast<std::size_t>(adr)], value) << adr << " of " << LastAdr;

@@ -2,40 +2,30 @@
 
 namespace {
 
-struct WholeFaults : WholeBench {
-    void ReconnectTo(sim::SimulatedInstrument& instrument) {
-        std::string error;
+using WholeFaults = WholeBench;
+
+// The button, the lines that are still served, and the query that fails.
+TEST_F(WholeFaults, AnAdapterPulledInTheMiddleGivesOneBoxAndAnotherTryStartsAfresh) {
+    auto& instrument = Connect();
+    for (const auto& [button, served, query] : {std::tuple("Command4", 5U, u"amt?"), {"Command3", 3U, u"ph0?"}}) {
+        desktop.boxes.clear();
+        instrument.ClearLog();
+        instrument.SetFaults({.vanishAfterLines = served});
+        panel.Click(button);
+        EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( %1\r )").arg(query)));
+        EXPECT_EQ(Lines(instrument).size(), served);
+        EXPECT_FALSE(panel.Checked("cRM") || program.link.LinkUp == 1);
+        panel.Enter("Text1", "5");  // the panel stays usable
+        EXPECT_EQ(program.panel.mFreq, 5000.0);
         instrument.Stop();
         instrument.SetFaults({});
+        std::string error;
         ASSERT_TRUE(instrument.Start(&error)) << error;
         panel.Click("cRM");
-        EXPECT_EQ(program.link.LinkUp, 1);
         panel.Click("Command3");
+        EXPECT_EQ(program.link.LinkUp, 1);
         EXPECT_EQ(desktop.boxes.size(), 1);
     }
-};
-
-TEST_F(WholeFaults, AnAdapterPulledInTheMiddleOfASetGivesOneBox) {
-    auto& instrument = Connect();
-    instrument.SetFaults({.vanishAfterLines = 5});
-    panel.Click("Command4");
-    EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( amt?\r )")));
-    EXPECT_FALSE(panel.Checked("cRM"));
-    EXPECT_EQ(Lines(instrument).size(), 5);
-    EXPECT_EQ(panel.Text("Text2"), u"1.00000");
-    ReconnectTo(instrument);
-}
-
-TEST_F(WholeFaults, AnInstrumentKilledInTheMiddleOfAQueryGivesOneBoxAtOnce) {
-    auto& instrument = Connect();
-    instrument.SetFaults({.vanishAfterLines = 3});
-    panel.Click("Command3");
-    EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( ph0?\r )")));
-    EXPECT_EQ(program.link.LinkUp, 0);
-    EXPECT_TRUE(com.PortOpen());
-    panel.Enter("Text1", "5");  // the panel stays usable
-    EXPECT_EQ(program.panel.mFreq, 5000.0);
-    ReconnectTo(instrument);
 }
 
 TEST_F(WholeFaults, APullWhileIdleShowsAtTheNextUseAndTheSwitchStillWorks) {
@@ -44,8 +34,7 @@ TEST_F(WholeFaults, APullWhileIdleShowsAtTheNextUseAndTheSwitchStillWorks) {
     ASSERT_TRUE(QTest::qWaitFor([this] { return com.LineLost(); }));
     panel.Click("cRM");  // off: nothing to give back, no box
     EXPECT_TRUE(desktop.boxes.isEmpty());
-    EXPECT_EQ(program.link.LinkUp, 0);
-    EXPECT_FALSE(com.PortOpen());
+    EXPECT_FALSE(program.link.LinkUp == 1 || com.PortOpen());
 }
 
 TEST_F(WholeFaults, BadRepliesLeadToTheDescribedValues) {
@@ -59,7 +48,6 @@ TEST_F(WholeFaults, BadRepliesLeadToTheDescribedValues) {
     EXPECT_EQ(program.panel.mFreq, 0.0);
     EXPECT_EQ(program.panel.bmAmDepth, 0);
     EXPECT_TRUE(desktop.boxes.isEmpty());
-
     instrument.SetFaults({.endlessReply = true});
     panel.Click("Command3");
     EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( amt?\r )")));

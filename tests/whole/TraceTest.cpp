@@ -1,6 +1,6 @@
 #include <QFile>
 #include <QProcess>
-#include <cmath>
+#include <cstdlib>
 
 #include "WholeBench.h"
 
@@ -8,19 +8,15 @@ namespace {
 
 constexpr int kRows = 2048;
 
-// A recording of two channels, a damped wave and a flat line, as a scope in a country of decimal commas saves it.
-double Recorded(int row) { return 0.25 + 1.5 * std::exp(-row / 700.0) * std::sin(row / 40.0); }
+double Recorded(int row) { return std::abs(row - 700) / 8.0; }
 
+// Two channels, a ramp down and up and a flat line, as a scope in a country of decimal commas saves them.
 QByteArray Recording() {
     QByteArray csv = "Record Length;2048\r\nTime;CH1;CH2\r\ns;V;V\r\n";
     for (int row = 0; row < kRows; ++row) {
-        for (const double cell : {row * 1e-6, Recorded(row), 1.0}) {
-            csv += QByteArray::number(cell, 'g', 9).replace('.', ',') + ';';
-        }
-        csv.back() = '\r';
-        csv += '\n';
+        csv += QByteArray::number(row * 1e-6) + ';' + QByteArray::number(Recorded(row)) + ";1.0\r\n";
     }
-    return csv;
+    return csv.replace('.', ',');
 }
 
 using WholeTrace = WholeBench;
@@ -37,7 +33,7 @@ TEST_F(WholeTrace, ARecordingReachesTheInstrumentThroughTheEditor) {
     while (!said.contains("channel B") && source.waitForReadyRead(30'000)) {
         said += source.readAllStandardOutput();
     }
-    ASSERT_TRUE(said.contains("channel B")) << source.readAllStandardError().toStdString();
+    ASSERT_TRUE(said.contains("channel B"));
 
     auto& instrument = Connect({});
     clock.paces = false;
@@ -52,15 +48,9 @@ TEST_F(WholeTrace, ARecordingReachesTheInstrumentThroughTheEditor) {
 
     EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Arbitrary Editor|Do you want to create a new Signal?")));
     ASSERT_TRUE(instrument.WaitForLines(4098, std::chrono::seconds(30)));
-    double lowest = Recorded(0);
-    double highest = Recorded(0);
-    for (int row = 0; row < kRows; ++row) {
-        lowest = std::min(lowest, Recorded(row));
-        highest = std::max(highest, Recorded(row));
-    }
-    instrument.With([&](const sim::Kl5276& unit) {
+    instrument.With([](const sim::Kl5276& unit) {
         for (int row = 0; row < kRows; ++row) {
-            const double sample = (Recorded(row) - lowest) / (highest - lowest) * 3000.0 - 1500.0;
+            const double sample = Recorded(row) / Recorded(kRows - 1) * 3000.0 - 1500.0;
             // The trace comes in 256 steps.
             EXPECT_NEAR(unit.state.memory4k[static_cast<std::size_t>(2 * row)], sample, 3000.0 / 255) << row;
         }
