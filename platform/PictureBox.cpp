@@ -39,7 +39,7 @@ void PictureBox::SetScale(double left, double width, double top, double height) 
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
-    if ((event->button() & kButtons) == 0) {
+    if ((event->button() & kButtons) == 0 || !QRectF(rect()).contains(event->position())) {
         event->ignore();
         return;
     }

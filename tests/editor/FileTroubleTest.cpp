@@ -87,7 +87,7 @@ TEST_F(FileTrouble, EmptyTablesSurviveEveryCommand) {
         {[this] { Line(1200, 5, 1210, 5); }, 0, 2}, {[this] { Press("opPenmode_1", 1200, 5); }, 0, 0},
         {[this] { Paste(1300); }, 11, 11},          {[this] { EnterPoint("7", "7"); }, 1, 1},
         {[this] { Choose("mnudelete"); }, 0, 2},    {[this] { Choose("mnulinint"); }, 0, 0},
-        {[this] { Zoom(100, 900); }, 0, 0}};
+        {[this] { Zoom(1100, 1900); }, 0, 0}};
     for (const char* const mode : {"opEditmode_0", "opEditmode_1"}) {
         for (const auto& [command, ofMemory, ofSignal] : commands) {
             Run(set, "delete from ARB4");

@@ -90,6 +90,7 @@ TEST_F(PictureBoxes, PointerArrivesInUserScale) {
     QTest::mouseClick(&picture, Qt::RightButton, {}, QPoint(0, 50));
     QTest::mouseClick(&picture, Qt::MiddleButton, {}, QPoint(75, 50));
     QTest::mouseClick(&picture, Qt::BackButton, {}, QPoint(75, 50));
+    QTest::mousePress(&picture, Qt::RightButton, {}, QPoint(150, -1));  // beyond the edge, with another button held
     EXPECT_EQ(downs, (Pointers{{1, 1500, 0}, {1, 1500, 0}, {2, 980, 1030}, {4, 1240, 1030}}));
     moves.clear();
     const auto move = [&](QPointF place, Qt::MouseButtons held) {
