@@ -71,6 +71,9 @@ TEST_F(SettingFiles, NothingTakesThePlaceOfTheFileThatTheEditorWorksOn) {
     Choose("mnusset", QStringLiteral("b.set"));
     EXPECT_TRUE(desktop.boxes.isEmpty());
     EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("b.set"))));
+    Choose("mnueditor", QString(250, u'x'));
+    Choose("mnusset", QString(250, u'x'));  // a name that was cut is as good as any
+    EXPECT_EQ(desktop.boxes.size(), 1);
 }
 
 }  // namespace
