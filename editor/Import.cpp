@@ -34,6 +34,10 @@ bool Import::ReadDdeChannel(const QString& request) {
     EditorState& editor = context_.program.editor;
     context_.desktop.BusyOn();
     ShowTheWait();
+    if (!editor.EditorOpen) {
+        context_.desktop.BusyOff();
+        return false;  // its window was closed meanwhile
+    }
     QString reply;
     const bool DdeFailed = !Converse(request, reply) || !ReadTrace(reply, editor.CopyBuffer);
     context_.desktop.BusyOff();

@@ -32,6 +32,16 @@ TEST_F(Imports, ReadsAChannelStepByStepAndTakesUpThePastePen) {
     EXPECT_TRUE(desktop.boxes.isEmpty());
 }
 
+// Its samples would be in the file, but no longer get into the memory.
+TEST_F(Imports, AnEditorClosedDuringTheWaitImportsNothing) {
+    const std::string before = Rows(set, "ARB4");
+    QTimer::singleShot(0, form.get(), &QWidget::close);
+    Choose("mnuchamulti");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Rows(set, "ARB4"), before);
+    EXPECT_TRUE(ziel.steps.isEmpty() && desktop.boxes.isEmpty() && !desktop.busy);
+}
+
 TEST_F(Imports, AFailedReadIsToldOnceAndChangesNoFile) {
     for (const char* const step : {"mode 2", "execute", "request", "(number)"}) {
         for (const char* const item : {"mnurdbincha", "mnuchamulti", "mnuchbfit"}) {
