@@ -53,13 +53,17 @@ class WholeBench : public ::testing::Test {
         return *instruments_.back();
     }
 
-    void Open(const QLocale& locale = QLocale::c()) {
+    void MakeForm(const QLocale& locale, Desktop& boxes, DdeLink& traces) {
         program.numbers = UserNumbers(locale);
         const auto describePort = [this](int number, bool openHere) {
             return DescribeComPort(number, folder.path(), openHere);
         };
         panel.form = std::make_unique<Main>(
-            MainServices{program, com, clock, desktop, ziel, folder.path(), {folder.path()}, describePort});
+            MainServices{program, com, clock, boxes, traces, folder.path(), {folder.path()}, describePort});
+    }
+
+    void Open(const QLocale& locale = QLocale::c()) {
+        MakeForm(locale, desktop, ziel);
         panel.form->Main_Form_Load();
         ASSERT_TRUE(panel.Show());
         desktop.boxes.clear();

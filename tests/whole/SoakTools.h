@@ -1,0 +1,257 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTabBar>
+#include <QTest>
+#include <QWheelEvent>
+#include <atomic>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <deque>
+#include <functional>
+#include <map>
+#include <random>
+#include <thread>
+
+#include "platform/PictureBox.h"
+#include "platform/QtDesktop.h"
+
+extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__((weak));
+
+inline int FromEnvironment(const char* name, int otherwise) {
+    return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
+}
+
+// The last steps, so that a walk can be repeated. They are told in the middle of a crash too.
+struct Trail {
+    static inline const int seed = FromEnvironment("TRX_SOAK_SEED", 1);
+    static inline std::atomic<int> count = 0;
+    static inline std::deque<std::string> steps;
+
+    static void Add(const QString& step) {
+        steps.push_back(std::to_string(count++) + ' ' + step.toStdString());
+        steps.erase(steps.begin(), steps.end() - std::min<std::ptrdiff_t>(30, std::ssize(steps)));
+    }
+    static void Tell() {
+        std::fprintf(stderr, "The end of the walk with TRX_SOAK_SEED=%d:\n", seed);
+        for (const std::string& step : steps) {
+            std::fprintf(stderr, "%s\n", step.c_str());
+        }
+    }
+    static void TellAtDeath() {
+        if (__sanitizer_set_death_callback != nullptr) {
+            __sanitizer_set_death_callback(Tell);
+        } else {
+            std::signal(SIGSEGV, [](int /*caught*/) {
+                Tell();
+                std::_Exit(1);
+            });
+        }
+    }
+};
+
+// Ends the program if no step has come for so long: no event loop runs any more.
+inline std::jthread Watchdog(std::chrono::seconds longest) {
+    return std::jthread([longest](const std::stop_token& stop) {
+        auto since = std::chrono::steady_clock::now();
+        for (int seen = 0; !stop.stop_requested(); std::this_thread::sleep_for(std::chrono::milliseconds(50))) {
+            if (std::exchange(seen, Trail::count) != Trail::count) {
+                since = std::chrono::steady_clock::now();
+            } else if (std::chrono::steady_clock::now() - since > longest) {
+                std::fprintf(stderr, "The program hangs. ");
+                Trail::Tell();
+                std::_Exit(1);
+            }
+        }
+    });
+}
+
+// Real boxes, answered by the hand; a box stands in for the choice of a file.
+class SoakDesktop : public QtDesktop {
+  public:
+    std::function<QString(const FileRequest&, bool open)> file;
+    std::map<QString, int> shown;
+
+    void MessageBox(const QString& text, const QString& title) override {
+        ++shown[u"box " + title + u": " + text.left(20)];
+        QtDesktop::MessageBox(text, title);
+    }
+    bool Question(const QString& text, const QString& title) override {
+        ++shown[u"question " + text.left(30)];
+        return QtDesktop::Question(text, title);
+    }
+    QString OpenFile(const FileRequest& request) override { return Choose(request, true); }
+    QString SaveFile(const FileRequest& request) override { return Choose(request, false); }
+    void Beep() override { ++shown[QStringLiteral("beep")]; }
+    void OpenInViewer(const QUrl& /*address*/) override { ++shown[QStringLiteral("viewer")]; }
+
+  private:
+    QString Choose(const FileRequest& request, bool open) {
+        return Question(request.title, QStringLiteral("File")) ? file(request, open) : QString();
+    }
+};
+
+// A user without a plan, who does something at a random place of what can be reached. It all goes through the window
+// system's queue, so that whichever event loop runs delivers it: in a modal box, in the middle of a transfer.
+class SoakHand {
+  public:
+    explicit SoakHand(unsigned seed) : random_(seed) {}
+
+    int Below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
+    bool Chance(int percent) { return Below(100) < percent; }
+    template <typename Choices>
+    auto Pick(const Choices& choices) {
+        return *std::next(std::begin(choices), Below(static_cast<int>(std::size(choices))));
+    }
+
+    // The window in front, or one of those that share the front; null between two windows.
+    QWidget* Front() {
+        if (QWidget* const popup = QApplication::activePopupWidget()) {
+            return popup;
+        }
+        if (QWidget* const modal = QApplication::activeModalWidget()) {
+            return modal;
+        }
+        QWidgetList windows = QApplication::topLevelWidgets();
+        windows.removeIf([](const QWidget* window) { return !window->isVisible() || window->isMinimized(); });
+        return windows.isEmpty() ? nullptr : Pick(windows);
+    }
+
+    // One act; tells what it was.
+    QString Act(QWidget* window) {
+        if (auto* const menu = qobject_cast<QMenu*>(window)) {
+            return Choose(*menu);
+        }
+        const auto pictures = window->findChildren<PictureBox*>();
+        const int kind = Below(100);
+        if (kind < 25 && !pictures.isEmpty()) {
+            return Draw(Pick(pictures));
+        }
+        if (kind < 60) {
+            return Click(Controls(window));
+        }
+        if (auto* const bar = window->findChild<QMenuBar*>(); bar != nullptr && kind < 72) {
+            Click(bar, bar->actionGeometry(Pick(bar->actions())).center());
+            return QStringLiteral("menu bar");
+        }
+        return kind < 75 ? Wheel(window) : Type(window);
+    }
+
+    void Key(QWidget* window, int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            qt_handleKeyEvent(window->windowHandle(), type, key, modifiers, text);
+        }
+    }
+
+    void Click(QWidget* control, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
+        Mouse(control, place, QEvent::MouseMove, Qt::NoButton);
+        Mouse(control, place, QEvent::MouseButtonPress, button);
+        Mouse(control, place, QEvent::MouseButtonRelease, button);
+    }
+
+  private:
+    static QWidgetList Controls(const QWidget* window) {
+        QWidgetList controls = window->findChildren<QWidget*>();
+        controls.removeIf([](const QWidget* control) {
+            return !control->isVisible() || !control->isEnabled() || control->size().isEmpty() ||
+                   control->focusPolicy() == Qt::NoFocus;
+        });
+        return controls;
+    }
+
+    QPoint Within(const QWidget* control) { return {Below(control->width()), Below(control->height())}; }
+
+    QString Choose(QMenu& menu) {
+        QList<QAction*> items = menu.actions();
+        items.removeIf([](const QAction* item) { return !item->isEnabled() || item->isSeparator(); });
+        if (items.isEmpty() || Chance(10)) {
+            Key(&menu, Pick(std::array{Qt::Key_Escape, Qt::Key_Down, Qt::Key_Right, Qt::Key_Return}));
+            return QStringLiteral("key in a menu");
+        }
+        QAction* const item = Pick(items);
+        if (item->objectName() == u"mnuexit" && Chance(80)) {
+            return QStringLiteral("not yet");
+        }
+        Click(&menu, menu.actionGeometry(item).center());
+        return u"menu item " + (item->objectName().isEmpty() ? item->text() : item->objectName());
+    }
+
+    QString Click(const QWidgetList& controls) {
+        if (controls.isEmpty()) {
+            return QStringLiteral("nothing to click");
+        }
+        QWidget* const control = Pick(controls);
+        const Qt::MouseButton button =
+            Chance(93) ? Qt::LeftButton : Pick(std::array{Qt::RightButton, Qt::MiddleButton});
+        const bool option = qobject_cast<QAbstractButton*>(control) != nullptr;
+        const QPoint place = option && Chance(80) ? QPoint(8, control->height() / 2) : Within(control);
+        Click(control, place, button);
+        return u"click " + control->objectName() + u" in " + control->window()->objectName();
+    }
+
+    // Also beyond the edges; some drags are never ended, and some releases come without a press.
+    QString Draw(PictureBox* picture) {
+        const auto place = [this, picture] {
+            return Within(picture) + (Chance(10) ? QPoint(Below(400) - 200, Below(400) - 200) : QPoint());
+        };
+        const Qt::MouseButton button = Chance(85) ? Qt::LeftButton : Qt::RightButton;
+        Mouse(picture, Within(picture), QEvent::MouseMove, Qt::NoButton);
+        if (Chance(95)) {
+            Mouse(picture, Within(picture), QEvent::MouseButtonPress, button);
+        }
+        for (int moves = Chance(60) ? Below(5) : 0; moves > 0; --moves) {
+            Mouse(picture, place(), QEvent::MouseMove, Qt::NoButton);
+        }
+        if (Chance(90)) {
+            Mouse(picture, place(), QEvent::MouseButtonRelease, button);
+        }
+        return u"drag in " + picture->objectName();
+    }
+
+    QString Type(QWidget* window) {
+        QString text;
+        for (int length = Chance(95) ? 1 + Below(6) : 400; length > 0; --length) {
+            text += Pick(QStringLiteral("0123456789012345678900..,,--+Ee/xÄ "));
+        }
+        if (Chance(40)) {
+            for (const QChar c : std::as_const(text)) {
+                Key(window, c.toUpper().unicode(), {}, c);
+            }
+            Key(window, Qt::Key_Return, {}, QStringLiteral("\r"));
+            return u"type " + text.left(20);
+        }
+        static constexpr std::array kKeys{Qt::Key_Return, Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Escape,
+                                          Qt::Key_Left,   Qt::Key_Up,   Qt::Key_Right,   Qt::Key_Down,
+                                          Qt::Key_Space,  Qt::Key_Home, Qt::Key_Delete,  Qt::Key_Backspace,
+                                          Qt::Key_A,      Qt::Key_D,    Qt::Key_F4,      Qt::Key_Menu};
+        const int key = Pick(kKeys);
+        Key(window, key, key < Qt::Key_Escape ? Qt::AltModifier : Qt::NoModifier);
+        return QStringLiteral("key %1").arg(key, 0, 16);
+    }
+
+    QString Wheel(QWidget* window) {
+        const QWidgetList controls = Controls(window);
+        QWidget* const control = controls.isEmpty() ? window : Pick(controls);
+        const QPoint place = Within(control);
+        QCoreApplication::postEvent(
+            control, new QWheelEvent(place, control->mapToGlobal(place), {}, {0, Chance(50) ? 120 : -120}, held_, {},
+                                     Qt::NoScrollPhase, false));
+        return u"wheel over " + control->objectName();
+    }
+
+    void Mouse(QWidget* at, QPoint place, QEvent::Type type, Qt::MouseButton button) {
+        held_.setFlag(button, type == QEvent::MouseButtonPress);
+        stampMs_ += Chance(80) ? 600 : 5;  // so that some clicks are double clicks
+        qt_handleMouseEvent(at->window()->windowHandle(), at->mapTo(at->window(), place), at->mapToGlobal(place), held_,
+                            button, type, {}, stampMs_);
+    }
+
+    std::mt19937 random_;
+    Qt::MouseButtons held_;
+    int stampMs_ = 0;
+};
