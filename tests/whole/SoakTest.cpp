@@ -106,7 +106,7 @@ class WholeSoak : public WholeBench {
         if (windows.isEmpty()) {
             return QStringLiteral("no window");
         }
-        const QPointer<QWidget> window = hand_.Pick(windows);
+        QWidget* const window = hand_.Pick(windows);
         const int kind = hand_.Below(100);
         if (kind < (window != panel.form.get() ? 20 : Running() ? 15 : 4)) {
             const auto close = [window] {
