@@ -1,4 +1,4 @@
-# Sourced by ./run and ./test: installs the Debian packages that are missing, and says which.
+# Sourced by the commands of this project: installs the Debian packages that are missing, and says which.
 
 build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libsqlitecpp-dev libsqlite3-dev fonts-dejavu-core"
 

@@ -7,69 +7,27 @@
 #include <QMenuBar>
 #include <QTabBar>
 #include <QTest>
-#include <QWheelEvent>
-#include <atomic>
-#include <csignal>
-#include <cstdio>
-#include <cstdlib>
-#include <deque>
+#include <fstream>
 #include <functional>
 #include <map>
 #include <random>
-#include <thread>
 
 #include "platform/PictureBox.h"
 #include "platform/QtDesktop.h"
-
-extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__((weak));
 
 inline int FromEnvironment(const char* name, int otherwise) {
     return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;
 }
 
-// The last steps, so that a walk can be repeated. They are told in the middle of a crash too.
-struct Trail {
-    static inline const int seed = FromEnvironment("TRX_SOAK_SEED", 1);
-    static inline std::atomic<int> count = 0;
-    static inline std::deque<std::string> steps;
+// The steps of the walk, each written down before it is done: a crash or a hang shows at the end of the file.
+class Trail {
+  public:
+    void Add(const QString& step) { file_ << ++count_ << ' ' << step.toStdString() << std::endl; }
 
-    static void Add(const QString& step) {
-        steps.push_back(std::to_string(count++) + ' ' + step.toStdString());
-        steps.erase(steps.begin(), steps.end() - std::min<std::ptrdiff_t>(30, std::ssize(steps)));
-    }
-    static void Tell() {
-        std::fprintf(stderr, "The end of the walk with TRX_SOAK_SEED=%d:\n", seed);
-        for (const std::string& step : steps) {
-            std::fprintf(stderr, "%s\n", step.c_str());
-        }
-    }
-    static void TellAtDeath() {
-        if (__sanitizer_set_death_callback != nullptr) {
-            __sanitizer_set_death_callback(Tell);
-        } else {
-            std::signal(SIGSEGV, [](int /*caught*/) {
-                Tell();
-                std::_Exit(1);
-            });
-        }
-    }
+  private:
+    std::ofstream file_{"soak.log"};
+    int count_ = 0;
 };
-
-// Ends the program if no step has come for so long: no event loop runs any more.
-inline std::jthread Watchdog(std::chrono::seconds longest) {
-    return std::jthread([longest](const std::stop_token& stop) {
-        auto since = std::chrono::steady_clock::now();
-        for (int seen = 0; !stop.stop_requested(); std::this_thread::sleep_for(std::chrono::milliseconds(50))) {
-            if (std::exchange(seen, Trail::count) != Trail::count) {
-                since = std::chrono::steady_clock::now();
-            } else if (std::chrono::steady_clock::now() - since > longest) {
-                std::fprintf(stderr, "The program hangs. ");
-                Trail::Tell();
-                std::_Exit(1);
-            }
-        }
-    });
-}
 
 // Real boxes, answered by the hand; a box stands in for the choice of a file.
 class SoakDesktop : public QtDesktop {
@@ -117,9 +75,16 @@ class SoakHand {
         if (QWidget* const modal = QApplication::activeModalWidget()) {
             return modal;
         }
-        QWidgetList windows = QApplication::topLevelWidgets();
-        windows.removeIf([](const QWidget* window) { return !window->isVisible() || window->isMinimized(); });
+        QWidgetList windows = Windows();
+        windows.removeIf([](const QWidget* window) { return window->isMinimized(); });
         return windows.isEmpty() ? nullptr : Pick(windows);
+    }
+
+    static QWidgetList Windows() {
+        QWidgetList windows = QApplication::topLevelWidgets();
+        windows.removeIf(
+            [](const QWidget* window) { return !window->isVisible() || window->windowHandle() == nullptr; });
+        return windows;
     }
 
     // One act; tells what it was.
@@ -139,7 +104,7 @@ class SoakHand {
             Click(bar, bar->actionGeometry(Pick(bar->actions())).center());
             return QStringLiteral("menu bar");
         }
-        return kind < 75 ? Wheel(window) : Type(window);
+        return Type(window);
     }
 
     void Key(QWidget* window, int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
@@ -232,16 +197,6 @@ class SoakHand {
         const int key = Pick(kKeys);
         Key(window, key, key < Qt::Key_Escape ? Qt::AltModifier : Qt::NoModifier);
         return QStringLiteral("key %1").arg(key, 0, 16);
-    }
-
-    QString Wheel(QWidget* window) {
-        const QWidgetList controls = Controls(window);
-        QWidget* const control = controls.isEmpty() ? window : Pick(controls);
-        const QPoint place = Within(control);
-        QCoreApplication::postEvent(
-            control, new QWheelEvent(place, control->mapToGlobal(place), {}, {0, Chance(50) ? 120 : -120}, held_, {},
-                                     Qt::NoScrollPhase, false));
-        return u"wheel over " + control->objectName();
     }
 
     void Mouse(QWidget* at, QPoint place, QEvent::Type type, Qt::MouseButton button) {
