@@ -36,14 +36,12 @@ Editor::Editor(const EditorServices& services)
 void Editor::MakeControls() {
     setCentralWidget(new QWidget(this));
     paper_ = new QWidget(centralWidget());
-    Picture1 = new PictureBox(paper_);
-    Picture1->setObjectName(QStringLiteral("Picture1"));
-    Picture1->setAccessibleName(QStringLiteral("The whole waveform; a drag chooses the part shown enlarged"));
+    Picture1 = Named(new PictureBox(paper_), QStringLiteral("Picture1"),
+                     QStringLiteral("The whole waveform; a drag chooses the part shown enlarged"));
     Picture1->setToolTip(QStringLiteral("Drag to choose the part shown below"));
     strip_ = new ControlStrip(paper_);
-    Picture2 = new PictureBox(paper_);
-    Picture2->setObjectName(QStringLiteral("Picture2"));
-    Picture2->setAccessibleName(QStringLiteral("Part of the waveform, enlarged, for drawing"));
+    Picture2 = Named(new PictureBox(paper_), QStringLiteral("Picture2"),
+                     QStringLiteral("Part of the waveform, enlarged, for drawing"));
     for (PictureBox* const picture : {Picture1, Picture2}) {
         new PictureKeys(*picture);
     }
@@ -61,13 +59,11 @@ void Editor::MakeControls() {
     Opintmode = std::make_unique<OptionGroup>(QStringLiteral("Opintmode"),
                                               QStringList{QStringLiteral("Linear"), QStringLiteral("Spline")}, strip_);
     Opintmode->SetAccessibleName(QStringLiteral("Interpolation of the signal"));
-    Marker = new QCheckBox(QStringLiteral("V. points"), strip_);
-    Marker->setObjectName(QStringLiteral("Marker"));
-    Marker->setAccessibleName(QStringLiteral("Show the points of the view as dots"));
+    Marker = Named(new QCheckBox(QStringLiteral("V. points"), strip_), QStringLiteral("Marker"),
+                   QStringLiteral("Show the points of the view as dots"));
     Marker->setToolTip(QStringLiteral("Show the points of the view as dots"));
-    opFit = new QPushButton(QStringLiteral("Fit copied to signal"), strip_);
-    opFit->setObjectName(QStringLiteral("opFit"));
-    opFit->setAccessibleName(QStringLiteral("Fit the copied stretch to the whole signal"));
+    opFit = Named(new QPushButton(QStringLiteral("Fit copied to signal"), strip_), QStringLiteral("opFit"),
+                  QStringLiteral("Fit the copied stretch to the whole signal"));
     opFit->setToolTip(QStringLiteral("Stretch what was copied over the whole axis, as the points of the signal"));
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setInterval(kRedrawIntervalMs);

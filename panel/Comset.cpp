@@ -7,21 +7,13 @@
 #include <algorithm>
 #include <iterator>
 
-namespace {
+#include "platform/Controls.h"
 
-QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
-    auto* const button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    return button;
-}
+namespace {
 
 QGroupBox* MakeColumn(const QString& title, const OptionGroup& group, QWidget* parent) {
     auto* const frame = new QGroupBox(title, parent);
-    auto* const column = new QVBoxLayout(frame);
-    for (QAbstractButton* const option : group.Options()) {
-        column->addWidget(option);
-    }
-    column->addStretch();
+    group.AddTo(new QVBoxLayout(frame));
     return frame;
 }
 
@@ -43,11 +35,11 @@ Comset::Comset(ProgramState& program, Link& link, Desktop& desktop, PortDescribe
     }
     baud = new OptionGroup(QStringLiteral("baud"), rates, this, 1);
     baud->SetAccessibleName(QStringLiteral("Baud rate"));
-    Command1 = MakeButton(QStringLiteral("Command1"), QStringLiteral("Autosearch"), this);
+    Command1 = Named(new QPushButton(QStringLiteral("Autosearch"), this), QStringLiteral("Command1"));
     Command1->setToolTip(QStringLiteral("Search the connected analyser"));
-    cbok = MakeButton(QStringLiteral("cbok"), QStringLiteral("&Ok"), this);
+    cbok = Named(new QPushButton(QStringLiteral("&Ok"), this), QStringLiteral("cbok"));
     cbok->setDefault(true);
-    cbabbruch = MakeButton(QStringLiteral("cbabbruch"), QStringLiteral("E&xit"), this);
+    cbabbruch = Named(new QPushButton(QStringLiteral("E&xit"), this), QStringLiteral("cbabbruch"));
     connect(cbok, &QPushButton::clicked, this, &Comset::comset_cbok_Click);
     connect(cbabbruch, &QPushButton::clicked, this, &Comset::comset_cbabbruch_Click);
     connect(Command1, &QPushButton::clicked, this, &Comset::comset_Command1_Click);

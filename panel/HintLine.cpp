@@ -14,7 +14,7 @@ constexpr quint8 kLastTick = 40;
 
 HintLine::HintLine(Desktop& desktop, QWidget* parent) : QLabel(parent), desktop_(desktop) {
     setObjectName(QStringLiteral("Label8"));
-    setAccessibleDescription(tr("Hint line"));  // its name is what it says
+    setAccessibleDescription(QStringLiteral("Hint line"));  // its name is what it says
     setTextFormat(Qt::PlainText);
     setAutoFillBackground(true);
     setMargin(4);

@@ -16,9 +16,8 @@ LevelGroup::LevelGroup(const PanelContext& context, QWidget* parent) : context_(
     Text4 = MakeEntryField(context, QStringLiteral("Text4"), KeyClass::Signed, QStringLiteral("Offset voltage, in V"),
                            parent);
     Text4->SetCommit([this] { Text4_Commit(); });
-    Check1 = new QCheckBox(QStringLiteral("On"), parent);
-    Check1->setObjectName(QStringLiteral("Check1"));
-    Check1->setAccessibleName(QStringLiteral("Offset voltage on"));
+    Check1 = Named(new QCheckBox(QStringLiteral("On"), parent), QStringLiteral("Check1"),
+                   QStringLiteral("Offset voltage on"));
     QObject::connect(Check1, &QCheckBox::clicked, Check1, [this] { Check1_Click(); });
 }
 

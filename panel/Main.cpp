@@ -29,29 +29,21 @@ void Main::MakeControls() {
     auto* const panel = new QWidget(this);
     setCentralWidget(panel);
     hint_ = new HintLine(desktop_, panel);
-    status = new QProgressBar(panel);
-    SSTab1 = new QTabWidget(panel);
+    status = Named(new QProgressBar(panel), QStringLiteral("status"), QStringLiteral("Progress of the transfer"));
+    SSTab1 = Named(new QTabWidget(panel), QStringLiteral("SSTab1"), QStringLiteral("Overview, modulation and mode"));
+    SSTab1->tabBar()->setFocusPolicy(Qt::StrongFocus);  // a click on a tab leaves the entry field, which commits
     outputColumn_ = new QWidget(panel);
     overviewTab_ = new QWidget(SSTab1);
     modulationTab_ = new QWidget(SSTab1);
     modeTab_ = new QWidget(SSTab1);
-    cRM = new QCheckBox(QStringLiteral("Remote On"), panel);
-    Command3 = new QPushButton(QStringLiteral("Read"), panel);
-    Command4 = new QPushButton(QStringLiteral("Set"), panel);
-    Command7 = new QPushButton(QStringLiteral("Set time and date"), panel);
-    status->setObjectName(QStringLiteral("status"));
-    status->setAccessibleName(QStringLiteral("Progress of the transfer"));
-    SSTab1->setObjectName(QStringLiteral("SSTab1"));
-    SSTab1->tabBar()->setFocusPolicy(Qt::StrongFocus);  // a click on a tab leaves the entry field, which commits
-    SSTab1->setAccessibleName(QStringLiteral("Overview, modulation and mode"));
-    cRM->setObjectName(QStringLiteral("cRM"));
-    cRM->setAccessibleName(QStringLiteral("Remote On: link to the instrument"));
-    Command3->setObjectName(QStringLiteral("Command3"));
-    Command3->setAccessibleName(QStringLiteral("Read all settings from the instrument"));
-    Command4->setObjectName(QStringLiteral("Command4"));
-    Command4->setAccessibleName(QStringLiteral("Set the instrument to all settings"));
-    Command7->setObjectName(QStringLiteral("Command7"));
-    Command7->setAccessibleName(QStringLiteral("Set the instrument's time and date to those of the PC"));
+    cRM = Named(new QCheckBox(QStringLiteral("Remote On"), panel), QStringLiteral("cRM"),
+                QStringLiteral("Remote On: link to the instrument"));
+    Command3 = Named(new QPushButton(QStringLiteral("Read"), panel), QStringLiteral("Command3"),
+                     QStringLiteral("Read all settings from the instrument"));
+    Command4 = Named(new QPushButton(QStringLiteral("Set"), panel), QStringLiteral("Command4"),
+                     QStringLiteral("Set the instrument to all settings"));
+    Command7 = Named(new QPushButton(QStringLiteral("Set time and date"), panel), QStringLiteral("Command7"),
+                     QStringLiteral("Set the instrument's time and date to those of the PC"));
     Command7->setToolTip(QStringLiteral("Transmit the PC-Time and date to the KL5276-x"));
     menu_ = std::make_unique<MainMenu>(menuBar());
 

@@ -5,18 +5,6 @@
 #include "core/Enumerations.h"
 #include "panel/PanelContext.h"
 
-namespace {
-
-void Stack(QGroupBox* frame, const OptionGroup& group) {
-    auto* const column = new QVBoxLayout(frame);
-    for (QAbstractButton* const option : group.Options()) {
-        column->addWidget(option);
-    }
-    column->addStretch();
-}
-
-}  // namespace
-
 ModeGroup::ModeGroup(PanelState& panel, QWidget* parent)
     : Frame6(MakeFrame(QStringLiteral("Frame6"), QStringLiteral("Operation modes"), parent)),
       opmodes(nullptr),
@@ -26,13 +14,13 @@ ModeGroup::ModeGroup(PanelState& panel, QWidget* parent)
     opmodes = new OptionGroup(QStringLiteral("opmodes"), CaptionsOf(kModes), Frame6);
     opmodes->SetAccessibleName(QStringLiteral("Operation mode"));
     opmodes->SetClick([this](int index) { panel_.bmMode = static_cast<quint8>(index); });
-    Stack(Frame6, *opmodes);
+    opmodes->AddTo(new QVBoxLayout(Frame6));
     opreference =
         new OptionGroup(QStringLiteral("opreference"),
                         {QStringLiteral("Internal crystal oscillator"), QStringLiteral("External oscillator")}, Frame8);
     opreference->SetAccessibleName(QStringLiteral("Reference frequency"));
     opreference->SetClick([this](int index) { panel_.tmIntRef = ToTruth(index == 0); });
-    Stack(Frame8, *opreference);
+    opreference->AddTo(new QVBoxLayout(Frame8));
 }
 
 void ModeGroup::RefreshMode() { opmodes->Select(panel_.bmMode); }

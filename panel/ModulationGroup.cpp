@@ -58,11 +58,7 @@ void ModulationGroup::MakeOptions() {
     opmod = new OptionGroup(QStringLiteral("opmod"), CaptionsOf(kModulationOptions), Frame1);
     opmod->SetAccessibleName(QStringLiteral("Modulation"));
     opmod->SetClick([this](int index) { opmod_Click(index); });
-    auto* const row = new QHBoxLayout(Frame1);
-    for (QAbstractButton* const option : opmod->Options()) {
-        row->addWidget(option);
-    }
-    row->addStretch();
+    opmod->AddTo(new QHBoxLayout(Frame1));
 }
 
 void ModulationGroup::MakeAm() {
@@ -98,10 +94,7 @@ void ModulationGroup::MakeFsk() {
         grid->addWidget(field->field(), row, 1);
         grid->addWidget(field->unitLabel(), row, 2);
         auto* const units = new QHBoxLayout;
-        for (QAbstractButton* const option : field->units().Options()) {
-            units->addWidget(option);
-        }
-        units->addStretch();
+        field->units().AddTo(units);
         grid->addLayout(units, row, 3);
         ++row;
     }

@@ -2,13 +2,13 @@
 
 #include "overview/OverviewPicture.h"
 #include "overview/OverviewText.h"
+#include "platform/Controls.h"
 
 OverviewGroup::OverviewGroup(const ProgramState& program, Desktop& desktop, QWidget* parent)
-    : Picture1(new PictureBox(parent)), Text3(new QPlainTextEdit(parent)), program_(program), desktop_(desktop) {
-    Picture1->setObjectName(QStringLiteral("Picture1"));
-    Picture1->setAccessibleName(QStringLiteral("Picture of the signal form"));
-    Text3->setObjectName(QStringLiteral("Text3"));
-    Text3->setAccessibleName(QStringLiteral("Overview of the modes"));
+    : Picture1(Named(new PictureBox(parent), QStringLiteral("Picture1"), QStringLiteral("Picture of the signal form"))),
+      Text3(Named(new QPlainTextEdit(parent), QStringLiteral("Text3"), QStringLiteral("Overview of the modes"))),
+      program_(program),
+      desktop_(desktop) {
     Text3->setReadOnly(true);
     Text3->setTabChangesFocus(true);
     QObject::connect(Picture1, &PictureBox::RedrawNeeded, Picture1,

@@ -35,20 +35,13 @@ SweepGroup::SweepGroup(const PanelContext& context, QWidget* parent)
 void SweepGroup::Arrange() {
     auto* const grid = new QGridLayout(Frame7);
     auto* const modes = new QHBoxLayout;
-    for (QAbstractButton* const option : opwob->Options()) {
-        modes->addWidget(option);
-    }
-    modes->addStretch();
+    opwob->AddTo(modes);
     grid->addLayout(modes, 0, 0, 1, 4);
     const auto unitFrame = [this](const QString& name, const OptionGroup& units) {
-        auto* const frame = new QFrame(Frame7);
-        frame->setObjectName(name);
+        auto* const frame = Named(new QFrame(Frame7), name);
         auto* const row = new QHBoxLayout(frame);
         row->setContentsMargins(0, 0, 0, 0);
-        for (QAbstractButton* const option : units.Options()) {
-            row->addWidget(option);
-        }
-        row->addStretch();
+        units.AddTo(row);
         return frame;
     };
     Frame14 = unitFrame(QStringLiteral("Frame14"), start.units());

@@ -1,14 +1,11 @@
 #include "platform/Controls.h"
 
 QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
-    auto* const frame = new QGroupBox(title, parent);
-    frame->setObjectName(name);
-    return frame;
+    return Named(new QGroupBox(title, parent), name);
 }
 
 QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWidget* buddy) {
-    auto* const label = new QLabel(text, parent);
-    label->setObjectName(name);
+    auto* const label = Named(new QLabel(text, parent), name);
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(buddy);
     return label;

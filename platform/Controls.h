@@ -7,6 +7,14 @@
 
 // Controls that bear the object name by which tests and assistive tools find them.
 
+// The control, under that object name and, if given, under the name that a screen reader speaks.
+template <typename Control>
+Control* Named(Control* control, const QString& name, const QString& accessible = {}) {
+    control->setObjectName(name);
+    control->setAccessibleName(accessible);
+    return control;
+}
+
 // A frame with a title.
 QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent);
 

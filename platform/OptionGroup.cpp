@@ -88,6 +88,13 @@ void OptionGroup::Walk(QAbstractButton* from, int step) {
     }
 }
 
+void OptionGroup::AddTo(QBoxLayout* line) const {
+    for (QAbstractButton* const option : Options()) {
+        line->addWidget(option);
+    }
+    line->addStretch();
+}
+
 void OptionGroup::SetTakesFocus(bool takes) {
     takesFocus_ = takes;
     FixTabStops();

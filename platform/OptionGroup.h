@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBoxLayout>
 #include <QButtonGroup>
 #include <QRadioButton>
 #include <functional>
@@ -26,6 +27,9 @@ class OptionGroup : public QObject {
 
     QRadioButton* Option(int index) const;
     QList<QAbstractButton*> Options() const { return buttons_.buttons(); }
+
+    // Puts the options one after the other into a row or a column, with what room is left behind them.
+    void AddTo(QBoxLayout* line) const;
 
     // While it takes no focus, not even a click moves the focus to an option.
     void SetTakesFocus(bool takes);

@@ -53,7 +53,9 @@ TEST_F(Pictures, ShowGroundCurveDotsAndStrips) {
     const QColor red(255, 0, 0), black(0, 0, 0), strip(192, 192, 255), grid(192, 192, 192), ground(255, 255, 128);
     EXPECT_EQ(Detail().At(1200.5, 200), red);  // the memory, drawn without waiting for the timer
     Click("Marker");
+    desktop.BusyOn();  // of a transfer, into which the redraw falls
     Tick();
+    EXPECT_TRUE(desktop.busy);
     const std::tuple<PictureHands, double, double, QColor> places[] = {
         {Detail(), 1200.5, 200, black}, {Detail(), 1535, -800, grid},     {Detail(), 990, 300, strip},
         {Detail(), 2010, -300, strip},  {Detail(), 1500, 2057, strip},    {Detail(), 1990, -800, ground},
