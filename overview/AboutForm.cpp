@@ -100,7 +100,7 @@ void AboutForm::RefreshLabel14() {
     constexpr int kHalfBright = 128;
     const QColor paper = palette().color(QPalette::Window);
     QColor link = palette().color(QPalette::Link);
-    if (paper.lightness() < kHalfBright && link.lightness() <= kHalfBright) {
+    if (qGray(paper.rgb()) < kHalfBright && qGray(link.rgb()) < kHalfBright) {
         link = QColor(127, 180, 255);
     }
     Label14->setText(QStringLiteral("<a href=\"%1\" style=\"color: %2\">Web site: %1</a>")

@@ -20,7 +20,7 @@ constexpr int kLossWatchMs = 500;
 constexpr qint64 kReadBufferBytes = 4096;    // a far end that never falls silent must not fill the memory
 constexpr qint64 kDriverLatencyUs = 20'000;  // what adapters hold characters back for
 constexpr qint64 kBitsPerCharacter = 11;     // start, 8 data, 2 stop
-constexpr qint64 kLongestDrainUs = 10'000'000;
+constexpr qint64 kAdapterBuffer = 1024;      // characters that an adapter holds when the driver has none left
 
 struct LineSettings {
     qint32 baud;
@@ -116,7 +116,8 @@ void SerialControl::Close() {
 }
 
 // The last command must leave whole at the rate it was sent with, before the port's own settings are restored.
-// The system's drain knows nothing of the buffer in an adapter, so the time the line needs is waited for as well.
+// The system's drain knows nothing of the buffer in an adapter, so the time that its characters need is waited for as
+// well. No longer: a far end that takes all at once, as a simulated one, is done long before a line would be.
 void SerialControl::Drain() {
     OutputState state = OutputState::Waiting;
     while (!stalled_ && state == OutputState::Waiting) {
@@ -130,7 +131,8 @@ void SerialControl::Drain() {
 #endif
     const qint64 restUs = lineFreeUs_ + kDriverLatencyUs - NowUs();
     if (lineFreeUs_ > 0 && restUs > 0) {
-        QThread::usleep(static_cast<unsigned long>(std::min(restUs, kLongestDrainUs)));
+        const qint64 longestUs = LineTimeUs(kAdapterBuffer) + kDriverLatencyUs;
+        QThread::usleep(static_cast<unsigned long>(std::min(restUs, longestUs)));
     }
 }
 
@@ -153,10 +155,12 @@ void SerialControl::LookForLoss() {
     }
 }
 
-void SerialControl::CountLineTime(qint64 bytes) {
-    const qint64 nowUs = NowUs();
-    const qint64 costUs = bytes * kBitsPerCharacter * 1'000'000 / std::max(port_.baudRate(), 1);
-    lineFreeUs_ = std::max(lineFreeUs_, nowUs) + costUs;
+qint64 SerialControl::LineTimeUs(qint64 characters) const {
+    return characters * kBitsPerCharacter * 1'000'000 / std::max(port_.baudRate(), 1);
+}
+
+void SerialControl::CountLineTime(qint64 characters) {
+    lineFreeUs_ = std::max(lineFreeUs_, NowUs()) + LineTimeUs(characters);
 }
 
 void SerialControl::ClearOutBuffer() {

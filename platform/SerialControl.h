@@ -41,7 +41,8 @@ class SerialControl : public Com {
     void LookForLoss();
     void WriteAtOnce();
     void NoteTaken();
-    void CountLineTime(qint64 bytes);
+    qint64 LineTimeUs(qint64 characters) const;
+    void CountLineTime(qint64 characters);
     qint64 NowUs() const { return clock_.nsecsElapsed() / 1000; }
 
     PortFinder findPort_;

@@ -292,10 +292,8 @@ class WholeSoak : public WholeBench {
         fromOutside_ = fromOutside_ || program.link.LinkUp != 0;
         const bool modal = QApplication::activeModalWidget() != nullptr;
         const bool moving = panel.Get("status")->isVisible();
-        if (std::exchange(transferring_, moving) && !moving) {
-            Count(QStringLiteral("whole transfers"), program.link.LinkUp == 1);
-            instrument_->Vanish();  // else the port would wait until thousands of lines are through
-        }
+        Count(QStringLiteral("whole transfers"),
+              std::exchange(transferring_, moving) && !moving && program.link.LinkUp == 1);
         Count(QStringLiteral("steps with link"), program.link.LinkUp == 1);
         Count(QStringLiteral("steps in an operation"), Running());
         Count(QStringLiteral("steps in a transfer"), moving);
