@@ -12,9 +12,8 @@
 namespace {
 
 // What a screen reader says of a control.
-QString Heard(QWidget* control) {
-    const auto* const heard = QAccessible::queryAccessibleInterface(control);
-    return heard->text(QAccessible::Name) + u'|' + heard->text(QAccessible::Description);
+QString Heard(QWidget* control, QAccessible::Text part = QAccessible::Name) {
+    return QAccessible::queryAccessibleInterface(control)->text(part);
 }
 
 std::string Described(QWidget* control) { return QString(control->objectName() + u' ' + Heard(control)).toStdString(); }
@@ -40,44 +39,40 @@ QList<QWidget*> ControlsOf(QWidget* window) {
     return controls;
 }
 
-QList<QWidget*> TabStops(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+QList<QWidget*> TabStops(Qt::Key key) {
     QList<QWidget*> stops;
     while (stops.size() < 100 && !stops.contains(QApplication::focusWidget())) {
         stops += QApplication::focusWidget();
-        QTest::keyClick(stops.last(), key, modifiers);
+        QTest::keyClick(stops.last(), key);
     }
     return stops;
-}
-
-bool ReadsOnward(const QWidget* from, const QWidget* to) {
-    return from->parentWidget() != to->parentWidget() || to->x() > from->x() || to->y() > from->y();
 }
 
 // The Tab key comes round, either way; it and the arrow keys within a group of options reach all there is.
 void ExpectReachable(QWidget* window) {
     QApplication::setActiveWindow(window);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window) && QApplication::focusWidget() != nullptr);
-    QList<QWidget*> stops = TabStops(Qt::Key_Tab, {});
-    const QWidget* top = window->nextInFocusChain();
-    while (!stops.contains(top)) {
-        top = top->nextInFocusChain();
-    }
-    const QList<QWidget*> back = TabStops(Qt::Key_Backtab, Qt::ShiftModifier);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window) && window->focusWidget() != nullptr);
+    window->focusWidget()->clearFocus();
+    QTest::keyClick(window, Qt::Key_Tab);
+    const QList<QWidget*> stops = TabStops(Qt::Key_Tab);
+    const QList<QWidget*> back = TabStops(Qt::Key_Backtab);
     EXPECT_EQ(QSet<QWidget*>(stops.begin(), stops.end()), QSet<QWidget*>(back.begin(), back.end()));
     EXPECT_EQ(QApplication::focusWidget(), stops.first());
-    std::rotate(stops.begin(), std::find(stops.begin(), stops.end(), top), stops.end());
     QSet<QWidget*> reached;
-    for (qsizetype i = 0; i < stops.size(); ++i) {
-        EXPECT_TRUE(i == 0 || ReadsOnward(stops[i - 1], stops[i]))
-            << Described(stops[i - 1]) << " -> " << Described(stops[i]);
-        reached += stops[i];
-        QAbstractButton* option = qobject_cast<QRadioButton*>(stops[i]);
-        const QButtonGroup* const group = option != nullptr ? option->group() : nullptr;
-        while (option != nullptr) {
-            option->setFocus();
-            QTest::keyClick(option, Qt::Key_Down);
-            option = reached.contains(group->checkedButton()) ? nullptr : group->checkedButton();
-            reached += group->checkedButton();
+    const QWidget* former = window;
+    for (QWidget* const stop : stops) {
+        EXPECT_TRUE(former->parentWidget() != stop->parentWidget() || stop->x() > former->x() ||
+                    stop->y() > former->y())
+            << Described(stop);
+        former = stop;
+        const auto* const radio = qobject_cast<QRadioButton*>(stop);
+        for (QWidget* option = stop; !reached.contains(option);) {
+            reached += option;
+            if (radio != nullptr) {
+                option->setFocus();
+                QTest::keyClick(option, Qt::Key_Down);
+                option = radio->group()->checkedButton();
+            }
         }
     }
     for (QWidget* const control : ControlsOf(window)) {
@@ -88,7 +83,7 @@ void ExpectReachable(QWidget* window) {
 void ExpectNamed(QWidget* window) {
     QSet<QString> names;
     for (QWidget* const control : ControlsOf(window)) {
-        const QString name = Heard(control).section(u'|', 0, 0);
+        const QString name = Heard(control);
         EXPECT_FALSE(name.isEmpty() || names.contains(name)) << Described(control);
         names += name;
         const bool hasUnit = window->objectName() == u"Main" && qobject_cast<EntryField*>(control) != nullptr;
@@ -96,7 +91,7 @@ void ExpectNamed(QWidget* window) {
     }
     for (QWidget* const label : Shown<QLabel>(window)) {
         const QString text = QTextDocumentFragment::fromHtml(static_cast<QLabel*>(label)->text()).toPlainText();
-        EXPECT_TRUE(Heard(label).contains(text)) << Described(label);
+        EXPECT_TRUE(QString(Heard(label) + Heard(label, QAccessible::Description)).contains(text)) << Described(label);
     }
     for (const auto* const menu : window->findChildren<QMenu*>()) {
         QSet<QKeySequence> keys;
@@ -111,6 +106,8 @@ void ExpectNamed(QWidget* window) {
 
 // Nothing is cut off, nothing lies on something else, and the window fits on a common screen.
 void ExpectRoom(QWidget* window) {
+    window->resize(window->minimumSize());
+    QCoreApplication::processEvents();
     const QList<QWidget*> controls = Shown<QLabel, QAbstractButton, QLineEdit, QPlainTextEdit, PictureBox>(window);
     for (qsizetype i = 0; i < controls.size(); ++i) {
         const QWidget& control = *controls[i];
@@ -128,95 +125,57 @@ void ExpectRoom(QWidget* window) {
     EXPECT_TRUE(window->minimumSizeHint().width() <= 1900 && window->minimumSizeHint().height() <= 1000);
 }
 
-// Windows in letters of a size.
-class LetterSize {
-  public:
-    explicit LetterSize(double scale) : former_(QApplication::font()) {
-        QFont font(former_);
-        font.setPointSizeF(scale * font.pointSizeF());
-        QApplication::setFont(font);
-    }
-    ~LetterSize() { QApplication::setFont(former_); }
-    Q_DISABLE_COPY_MOVE(LetterSize)
-
-  private:
-    QFont former_;
-};
-
-using Check = void (*)(QWidget*);
-
-class AccessibilityBench : private LetterSize, public PanelBench {
-  public:
-    explicit AccessibilityBench(double scale = 1.0) : LetterSize(scale) {}
-
-    void CheckMain(Check check) {
+struct Windows : PanelBench {
+    // Every window of the program, Main also on its other tabs and the editor in both modes.
+    void Check(const std::function<void(QWidget*)>& check) {
         Open();
-        Get("opsignal_0")->setFocus();
         form->FlashMessage(QStringLiteral("a hint"));
         check(form.get());
-        for (const char* const kind : {"opmod_0", "opmod_1", "opmod_2"}) {
-            ShowTab(1);
-            Click(kind);
+        for (const auto& [tab, option] : {std::pair(1, "opmod_0"), {1, "opmod_1"}, {1, "opmod_2"}, {2, "opwob_1"}}) {
+            ShowTab(tab);
+            Click(option);
             check(form.get());
         }
-        ShowTab(2);
-        Click("opwob_1");
-        check(form.get());
-    }
-    void CheckDialogs(Check check) {
-        Open();
-        Get<QAction>("mnucom")->trigger();
-        check(Get("comset"));
-        Get<QAction>("mnuabout")->trigger();
-        check(Get("about"));
-        QtDesktop boxes;
+        desktop.answer = true;
+        program.editor.CopyEnd = 100;  // there is something to paste
+        for (const char* const item : {"mnucom", "mnuabout", "mnueditor"}) {
+            QApplication::setActiveWindow(form.get());
+            desktop.chosen = folder.filePath(QStringLiteral("a.set"));
+            Get<QAction>(item)->trigger();
+            desktop.chosen = folder.filePath(QStringLiteral("a.con"));
+            ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() != form.get(); }));
+            check(QApplication::activeWindow());
+        }
+        QApplication::activeWindow()->findChild<QAbstractButton*>(QStringLiteral("opEditmode_1"))->click();
+        check(QApplication::activeWindow());
+        form.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // while its state stands
         QTimer whenShown;
-        QObject::connect(&whenShown, &QTimer::timeout, form.get(), [check] {
+        whenShown.callOnTimeout([&check] {
             if (QWidget* const box = QApplication::activeModalWidget()) {
                 check(box);
                 box->close();
             }
         });
         whenShown.start();
-        boxes.MessageBox(QStringLiteral("a"), QStringLiteral("b"));
-        EXPECT_FALSE(boxes.Question(QStringLiteral("a"), QStringLiteral("b")));
-    }
-    void CheckEditor(Check check) {
-        Open();
-        desktop.answer = true;
-        desktop.chosen = folder.filePath(QStringLiteral("a.set"));
-        Get<QAction>("mnueditor")->trigger();
-        program.editor.CopyEnd = 100;  // there is something to paste
-        FormHands<QWidget, QWidget*> editor;
-        for (QWidget* const window : QApplication::topLevelWidgets()) {
-            editor.form = window->objectName() == u"Editor" ? window : editor.form;
-        }
-        editor.form->resize(editor.form->minimumSize());
-        ASSERT_TRUE(editor.Show());
-        desktop.chosen = folder.filePath(QStringLiteral("a.con"));
-        check(editor.form);
-        editor.Click("opEditmode_1");
-        check(editor.form);
-        form.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // while its state stands
+        QtDesktop().MessageBox(QStringLiteral("a"), QStringLiteral("b"));
+        EXPECT_FALSE(QtDesktop().Question(QStringLiteral("a"), QStringLiteral("b")));
     }
 };
 
-using Accessibility = AccessibilityBench;
-
-struct InLargeLetters : AccessibilityBench {
-    InLargeLetters() : AccessibilityBench(2.0) {}
+struct LargeWindows : Windows {
+    static void ScaleLetters(double factor) {
+        QFont font;
+        font.setPointSizeF(factor * font.pointSizeF());
+        QApplication::setFont(font);
+    }
+    static void SetUpTestSuite() { ScaleLetters(2.0); }
+    static void TearDownTestSuite() { ScaleLetters(0.5); }
 };
 
-TEST_F(Accessibility, EveryControlOfMainIsReachedByKeys) { CheckMain(ExpectReachable); }
-TEST_F(Accessibility, EveryControlOfADialogIsReachedByKeys) { CheckDialogs(ExpectReachable); }
-TEST_F(Accessibility, EveryControlOfTheEditorIsReachedByKeys) { CheckEditor(ExpectReachable); }
-TEST_F(Accessibility, WhatMainShowsIsHeard) { CheckMain(ExpectNamed); }
-TEST_F(Accessibility, WhatADialogShowsIsHeard) { CheckDialogs(ExpectNamed); }
-TEST_F(Accessibility, WhatTheEditorShowsIsHeard) { CheckEditor(ExpectNamed); }
-TEST_F(InLargeLetters, MainHasRoom) { CheckMain(ExpectRoom); }
-TEST_F(InLargeLetters, DialogsHaveRoom) { CheckDialogs(ExpectRoom); }
-TEST_F(InLargeLetters, TheEditorHasRoom) { CheckEditor(ExpectRoom); }
+TEST_F(Windows, AreReachedByKeys) { Check(ExpectReachable); }
+TEST_F(Windows, AreHeard) { Check(ExpectNamed); }
+TEST_F(LargeWindows, HaveRoom) { Check(ExpectRoom); }
 
 TEST(HighContrast, EdgesStayInSight) {
     const QPalette former = QApplication::palette();
