@@ -23,10 +23,7 @@ TEST(OverviewText, WholeTexts) {
              "PSK modulation: On\r\nPhase0 : 90,0\r\nPhase1 : 180,0\r\n\r\n" + kEnd,
          0, 2, 1, "de"}};
     for (const auto& [expected, bmWobbel, bmAmpMod, bmFMod, locale] : cases) {
-        PanelState panel;
-        panel.bmWobbel = bmWobbel;
-        panel.bmAmpMod = bmAmpMod;
-        panel.bmFMod = bmFMod;
+        const PanelState panel{.bmWobbel = bmWobbel, .bmAmpMod = bmAmpMod, .bmFMod = bmFMod};
         const UserNumbers numbers(QLocale(QString::fromLatin1(locale)));
         EXPECT_EQ(OverviewText(panel, numbers).toStdString(), expected);
     }
@@ -38,10 +35,7 @@ TEST(OverviewText, HopFollowsTheCarriersUnit) {
         {500, 2e6, "500.0000Hz", "2000000.0000Hz"},
         {2e6, 500, "2.0000000000MHz", "0.0005000000MHz"}};
     for (const auto& [mcFreq, mhFreq, carrier, hop] : cases) {
-        PanelState panel;
-        panel.bmFMod = 2;
-        panel.mcFreq = mcFreq;
-        panel.mhFreq = mhFreq;
+        const PanelState panel{.bmFMod = 2, .mcFreq = mcFreq, .mhFreq = mhFreq};
         const QString lines = QStringLiteral("FSK modulation: On\r\nCarrier frequency: %1\r\nHop frequency: %2\r\n\r\n")
                                   .arg(QLatin1String(carrier), QLatin1String(hop));
         EXPECT_TRUE(OverviewText(panel, UserNumbers(QLocale::c())).contains(lines)) << carrier;
