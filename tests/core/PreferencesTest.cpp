@@ -6,19 +6,15 @@
 
 namespace {
 
-Preferences Sample() {
-    Preferences sample;
-    sample.MainWindowState = 2;
-    sample.MainLeft = -100;
-    sample.MainTop = 0x0102;
-    sample.ComPortNumber = 3;
-    sample.ComBaudRate = 115200;
-    sample.EditorHeight = 4321;
-    return sample;
-}
+const Preferences kSample{.MainWindowState = 2,
+                          .MainLeft = -100,
+                          .MainTop = 0x0102,
+                          .ComPortNumber = 3,
+                          .ComBaudRate = 115200,
+                          .EditorHeight = 4321};
 
 TEST(PreferencesRecord, HasTheMarkAndTenLittleEndianNumbersAndComesBackWhole) {
-    const QByteArray record = EncodePreferences(Sample());
+    const QByteArray record = EncodePreferences(kSample);
     EXPECT_EQ(
         record.toHex(' '),
         QByteArray("35 32 37 36 64 65 66 30 32 02 00 9c ff 02 01 03 00 00 c2 01 00 00 00 69 00 00 00 40 1f e1 10"));
@@ -38,7 +34,7 @@ TEST(PreferencesRecord, WithAnotherMarkChangesNothing) {
 TEST(PreferencesRecord, CutShortKeepsTheFieldsReadSoFar) {
     Preferences read;
     // The end falls into the middle of the baud rate.
-    EXPECT_EQ(DecodePreferences(EncodePreferences(Sample()).first(19), read), PreferencesOutcome::TooShort);
+    EXPECT_EQ(DecodePreferences(EncodePreferences(kSample).first(19), read), PreferencesOutcome::TooShort);
     EXPECT_EQ(read.MainLeft, -100);
     EXPECT_EQ(read.ComPortNumber, 3);
     EXPECT_EQ(read.ComBaudRate, 19200);
