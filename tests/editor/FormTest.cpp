@@ -49,15 +49,6 @@ TEST_F(EditorForm, ThePicturesAreWorkedByKeys) {
     EXPECT_EQ(Get<QLabel>("corint_0")->text(), u"X= 1020");
     walk({Qt::Key_Right, Qt::Key_Right, Qt::Key_Enter});
     EXPECT_EQ(Rows(set, "ARB4 where Adr between 1019 and 1023"), "1019=19 1020=2060 1021=2060 1022=2060 1023=23");
-    // A stretch is copied, and the next page turned.
-    Click("opPenmode_2");
-    Get("Picture2")->setFocus();
-    QTest::keyClick(Get("Picture2"), Qt::Key_Left, Qt::ShiftModifier);
-    walk({Qt::Key_Space, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Space});
-    EXPECT_EQ(std::abs(state.CopyEnd - state.CopyStart), 4);
-    EXPECT_EQ(state.CopyBuffer[0], state.CopyStart % 1000);
-    walk({Qt::Key_End, Qt::Key_Menu});
-    EXPECT_EQ(state.ViewLeft, 1020);
 }
 
 }  // namespace

@@ -97,7 +97,7 @@ void ExpectTrace(const QString& text, const std::map<std::size_t, int>& samples)
     EXPECT_TRUE(buffer[0] == kUntouched && buffer[2049] == kUntouched);
 }
 
-TEST(TraceReply, ScalesTheTraceToAFixedSpan) {
+TEST(TraceReply, BecomesTheSamples) {
     ExpectTrace(QStringLiteral("0,255,") + Repeat("128", 2045) + u"255", {{1, -1500}, {2, 1500}, {3, 6}, {2048, 1500}});
     ExpectTrace(QStringLiteral("0,10,2.5,3.5, 7 ,+8,abc,1e1"),
                 {{3, -900}, {4, -300}, {5, 600}, {6, 900}, {7, -1500}, {8, 1500}, {9, 1500}, {2048, 1500}});
@@ -105,17 +105,13 @@ TEST(TraceReply, ScalesTheTraceToAFixedSpan) {
     // All above 255: the scale still begins at 255.
     ExpectTrace(QStringLiteral("1005,1755"), {{1, 0}, {2, 1500}});
     ExpectTrace(QStringLiteral("256"), {{1, 1500}, {2048, 1500}});
-}
-
-TEST(TraceReply, LeavesATraceWithoutPositiveNumbersAsItIs) {
+    // A trace without positive numbers stays as it is.
     ExpectTrace(Repeat("0", 2047) + u"0", {{1, 0}, {2048, 0}});
     ExpectTrace(QString(), {{1, 0}, {2048, 0}});
     ExpectTrace(QStringLiteral("no trace"), {{1, 0}, {2048, 0}});
     ExpectTrace(QStringLiteral("-5,-32768,-0.4"), {{1, -5}, {2, -32768}, {3, 0}, {2048, 0}});
     ExpectTrace(QStringLiteral("1e-999"), {{1, 0}});
-}
-
-TEST(TraceReply, EndsWithTheNumberBeforeAZero) {
+    // The number before a zero ends it.
     const QString head = QStringLiteral("10,") + Repeat("20", 2046);
     ExpectTrace(head + u"0", {{1, -1500}, {2047, 1500}, {2048, 1500}});
     ExpectTrace(head, {{1, -1500}, {2047, 1500}, {2048, 1500}});
