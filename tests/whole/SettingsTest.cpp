@@ -8,17 +8,17 @@ const QString kDefaultSet = QStringLiteral(
     "sin\rctm\rSW0\rrfi\ram0\rpsk0\rfsk0\rfrq:00001000.0000\ramp:0.21\rofs:0\rvpp\ramp:1.0\rOT0\r"
     "amt?\rfk0?\rfk1?\rph0?\rph1?\rsta?\ramp?\rOFS?\rfrq?\r");
 
-TEST_F(WholeSettings, ADefaultSetPutsExactlyThisOnTheWire) {
-    auto& instrument = Connect();
-    panel.Click("Command4");
-    EXPECT_EQ(QString::fromStdString(instrument.ReceivedBytes()), kDefaultSet);
-}
+struct InALocale : WholeBench, testing::WithParamInterface<std::pair<QLocale, const char*>> {};
 
-TEST_F(WholeSettings, ACommaLocalePutsTheSameOnTheWire) {
-    auto& instrument = Connect({}, 19200, QLocale(QLocale::German, QLocale::Germany));
+INSTANTIATE_TEST_SUITE_P(WholeSettings, InALocale,
+                         testing::Values(std::pair(QLocale::c(), "1.0000000"),
+                                         std::pair(QLocale(QLocale::German), "1,0000000")));
+
+TEST_P(InALocale, ADefaultSetPutsExactlyThisOnTheWire) {
+    auto& instrument = Connect({}, 19200, GetParam().first);
     panel.Click("Command4");
     EXPECT_EQ(QString::fromStdString(instrument.ReceivedBytes()), kDefaultSet);
-    EXPECT_EQ(panel.Text("Text1"), u"1,0000000");
+    EXPECT_EQ(panel.Text("Text1"), QLatin1StringView(GetParam().second));
     instrument.ClearLog();
     panel.Click("Command7");
     ASSERT_TRUE(instrument.WaitForLines(2, std::chrono::seconds(10)));

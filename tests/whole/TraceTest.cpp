@@ -37,8 +37,10 @@ TEST_F(WholeTrace, ARecordingReachesTheInstrumentThroughTheEditor) {
 
     auto& instrument = Connect({});
     clock.paces = false;
-    FormHands<QWidget, QWidget*> editor;
-    OpenEditor(editor);
+    desktop.chosen = folder.filePath(QStringLiteral("a.set"));
+    panel.Get<QAction>("mnueditor")->trigger();
+    QCoreApplication::processEvents();
+    FormHands<QWidget, QWidget*> editor{QApplication::activeWindow()};
     desktop.answer = true;  // a new signal
     desktop.chosen = folder.filePath(QStringLiteral("a.con"));
     editor.Get<QAction>("mnuchafit")->trigger();

@@ -82,17 +82,6 @@ class WholeBench : public ::testing::Test {
         return instrument;
     }
 
-    // The waveform editor, opened by the panel on a new setting file.
-    void OpenEditor(FormHands<QWidget, QWidget*>& editor) {
-        desktop.chosen = folder.filePath(QStringLiteral("a.set"));
-        panel.Get<QAction>("mnueditor")->trigger();
-        for (QWidget* const window : QApplication::topLevelWidgets()) {
-            editor.form = window->objectName() == u"Editor" ? window : editor.form;
-        }
-        ASSERT_TRUE(editor.form != nullptr && editor.Show());
-        QCoreApplication::processEvents();
-    }
-
     // Everything up to and with "RM0" has arrived.
     static bool GivenBack(sim::SimulatedInstrument& instrument) {
         return instrument.WaitForLine("RM0", std::chrono::seconds(20));
