@@ -43,23 +43,17 @@ TEST_F(DefaultsFile, TakesTheRecordOverItsHeadAtAYes) {
     program.preferences.ComPortNumber = 3;
     desktop.answer = true;
     EXPECT_TRUE(form->close());
-    Preferences expected;
-    expected.ComPortNumber = 3;
-    expected.MainLeft = 450;
-    expected.MainTop = 900;
+    const Preferences expected{.MainLeft = 450, .MainTop = 900, .ComPortNumber = 3};
     EXPECT_EQ(Stored(), EncodePreferences(expected) + "#########");
 }
 
 TEST_F(DefaultsFile, KeepsTheNormalPositionOfAMaximisedForm) {
-    Preferences stored;
-    stored.MainLeft = 150;
-    Store(EncodePreferences(stored));
+    Store(EncodePreferences({.MainLeft = 150}));
     Open();
     form->setWindowState(Qt::WindowMaximized);
     desktop.answer = true;
     EXPECT_TRUE(form->close());
-    stored.MainWindowState = 2;
-    EXPECT_EQ(Stored(), EncodePreferences(stored));
+    EXPECT_EQ(Stored(), EncodePreferences({.MainWindowState = 2, .MainLeft = 150}));
 }
 
 TEST_F(DefaultsFile, GivesOneBoxInTroubleAndTheProgramEnds) {

@@ -27,7 +27,6 @@ TEST_F(Modulation, EachKindStoresItselfAndOpensItsFields) {
 TEST_F(Modulation, AnExternalSourceSurvivesALoadButNotAClick) {
     panel.bmAmpMod = 1;
     form->RefreshPanel();
-    EXPECT_EQ(panel.bmAmpMod, 1);
     EXPECT_TRUE(Checked("opmod_0") && Checked("opAmMod_1"));
     Click("opmod_3");
     Click("opmod_0");
