@@ -11,7 +11,7 @@
 
 namespace {
 
-TEST(Manuals, FirstFolderThatHoldsTheFile) {
+TEST(Manuals, OpenFromTheFirstFolderThatHoldsThem) {
     const QTemporaryDir empty;
     const QTemporaryDir full;
     const QString name = QString::fromLatin1(kManualEnglish);

@@ -7,7 +7,7 @@
 
 namespace {
 
-TEST(OverviewStrokes, FixedForms) {
+TEST(OverviewStrokes, DrawEachFixedForm) {
     // form, number of strokes, index and place of one
     const std::tuple<quint8, std::size_t, std::size_t, QLineF> cases[] = {
         {0, 63, 0, {0, 0, 1, 863}},       {0, 63, 62, {62, -727, 63, 151}},   {1, 71, 3, {3, 1800, 3, -1800}},

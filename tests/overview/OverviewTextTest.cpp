@@ -12,7 +12,7 @@ const std::string kNoKeying = "FSK/PSK modulation: Off\r\n\r\n";
 const std::string kEnd = "Reference frequency: Internal\r\nMode: Free running";
 const std::string kSweep = "\r\nSweep start freq: 1000.0000\r\nSweep stop freq: 50000.0000\r\nSweep time: 1.00\r\n\r\n";
 
-TEST(OverviewText, WholeTexts) {
+TEST(OverviewText, TellsTheWholeSetting) {
     const std::tuple<std::string, quint8, quint8, quint8, const char*> cases[]{
         {kNoSweep + kNoAm + kNoKeying + kEnd, 0, 0, 0, "C"},
         {"Sweep: Linear" + kSweep + kNoAm + kNoKeying + kEnd, 1, 0, 0, "C"},
@@ -42,7 +42,7 @@ TEST(OverviewText, HopFollowsTheCarriersUnit) {
     }
 }
 
-TEST(OverviewText, ReferenceAndModeLines) {
+TEST(OverviewText, TellsReferenceAndMode) {
     PanelState panel;
     panel.tmIntRef = kFalse;
     for (const char* const mode : {"Free running", "Gated 1", "Gated 0", "Triggered positive slope",
