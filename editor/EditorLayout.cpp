@@ -88,7 +88,7 @@ void Editor::OrderTabs() {
     for (qsizetype i = 1; i < order.size(); ++i) {
         setTabOrder(order[i - 1], order[i]);
     }
-    opEditmode->Option(0)->setFocus();
+    opEditmode->Option(0)->setFocus();  // else the first picture would have it
 }
 
 void Editor::Editor_Form_Resize() {

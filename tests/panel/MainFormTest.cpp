@@ -93,4 +93,13 @@ TEST_F(MainForm, OverviewTabRebuildsItsTextOnReturn) {
     EXPECT_TRUE(Get<QPlainTextEdit>("Text3")->toPlainText().endsWith(u"Mode: Triggered positive slope"));
 }
 
+TEST_F(MainForm, TheTabKeyWalksFromTheSignalToTheLink) {
+    Get("opsignal_0")->setFocus();
+    for (const char* const stop : {"Text1", "unit_1", "Text2", "vunit_0", "Text4", "Check1", "Opoutput_1", "cRM",
+                                   "Command3", "Command4", "Command7"}) {
+        Key(Qt::Key_Tab);
+        EXPECT_TRUE(HasFocus(stop)) << stop << ' ' << QApplication::focusWidget()->objectName().toStdString();
+    }
+}
+
 }  // namespace
