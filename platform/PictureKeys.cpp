@@ -13,6 +13,18 @@ constexpr char kHelp[] =
     "Arrow keys move the pointer, with Shift in larger steps; Home, End, Page Up and Page Down go to the edges. Enter "
     "clicks, Space holds the button down and lets it go, the Menu key or Shift F10 is a right click.";
 
+// The way of the pointer, in short steps.
+struct KeyMove {
+    int key;
+    double across, down;
+};
+
+constexpr KeyMove kMoves[] = {
+    {Qt::Key_Left, -1.0, 0.0},       {Qt::Key_Right, 1.0, 0.0},        {Qt::Key_Up, 0.0, -1.0},
+    {Qt::Key_Down, 0.0, 1.0},        {Qt::Key_Home, -kToEdge, 0.0},    {Qt::Key_End, kToEdge, 0.0},
+    {Qt::Key_PageUp, 0.0, -kToEdge}, {Qt::Key_PageDown, 0.0, kToEdge},
+};
+
 // A ring, which leaves the place itself in sight. It lies over the picture: no stroke is drawn over.
 class Mark : public QWidget {
   public:
@@ -79,34 +91,13 @@ bool PictureKeys::UseKey(const QKeyEvent& key) {
         return false;
     }
     const double step = (key.modifiers() & Qt::ShiftModifier) != 0 ? kLongStep : 1.0;
-    switch (key.key()) {
-        case Qt::Key_Left:
-            Move(-step, 0.0);
+    for (const KeyMove& move : kMoves) {
+        if (move.key == key.key()) {
+            Move(move.across * step, move.down * step);
             return true;
-        case Qt::Key_Right:
-            Move(step, 0.0);
-            return true;
-        case Qt::Key_Up:
-            Move(0.0, -step);
-            return true;
-        case Qt::Key_Down:
-            Move(0.0, step);
-            return true;
-        case Qt::Key_Home:
-            Move(-kToEdge, 0.0);
-            return true;
-        case Qt::Key_End:
-            Move(kToEdge, 0.0);
-            return true;
-        case Qt::Key_PageUp:
-            Move(0.0, -kToEdge);
-            return true;
-        case Qt::Key_PageDown:
-            Move(0.0, kToEdge);
-            return true;
-        default:
-            return key.isAutoRepeat() ? false : UseButtonKey(key);
+        }
     }
+    return !key.isAutoRepeat() && UseButtonKey(key);
 }
 
 bool PictureKeys::UseButtonKey(const QKeyEvent& key) {
