@@ -22,8 +22,8 @@ constexpr QColor kPenStroke{0, 128, 0};
 constexpr QColor kCrosshair{0, 0, 255};
 constexpr QColor kZoomBox{192, 192, 192};
 
-constexpr double kTop = kHighestSample;  // of Picture1
-constexpr double kDetailTop = 2060.0;    // of Picture2: leaves a strip above it
+constexpr double kTop = kHighestSample;       // of Picture1
+constexpr double kDetailTop = kHighestClick;  // of Picture2: leaves a strip above it
 constexpr double kGridWidth = 1.0;
 constexpr double kCentreWidth = 2.0;
 constexpr double kOverviewCurveWidth = 2.0;
