@@ -3,9 +3,9 @@
 #include <optional>
 #include <utility>
 
-#include "editor/Samples.h"
-#include "editor/Spline.h"
-#include "editor/ViewRules.h"
+#include "waveform/Samples.h"
+#include "waveform/Spline.h"
+#include "waveform/ViewRules.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include "editor/LineRules.h"
+#include "waveform/LineRules.h"
 
 #include <algorithm>
 
 #include "core/Numbers.h"
-#include "editor/Samples.h"
+#include "waveform/Samples.h"
 
 LineEnds LeftToRight(float startX, float startY, float x, float y) {
     if (startX > x) {
