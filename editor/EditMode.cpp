@@ -1,5 +1,6 @@
 #include "editor/EditMode.h"
 
+#include "editor/StoreFaults.h"
 #include "storage/ConstructionFile.h"
 #include "waveform/Choices.h"
 
@@ -10,7 +11,7 @@ QString Complaint(ConstructionOutcome outcome) {
         case ConstructionOutcome::NotAConstructionFile:
             return QStringLiteral("This is not a construction file:");
         case ConstructionOutcome::Locked:
-            return QStringLiteral("Another program has locked the file:");
+            return ::Complaint(StoreOutcome::Locked);
         default:
             return QStringLiteral("The file can't be opened:");
     }

@@ -1,9 +1,7 @@
 #include "editor/StoreFaults.h"
 
-namespace {
-
-QString Reason(StoreOutcome outcome) {
-    switch (outcome) {
+QString Complaint(StoreOutcome failure) {
+    switch (failure) {
         case StoreOutcome::Missing:
             return QStringLiteral("The file is not there any more:");
         case StoreOutcome::NotADatabase:
@@ -15,8 +13,6 @@ QString Reason(StoreOutcome outcome) {
     }
 }
 
-}  // namespace
-
 bool StoreFaults::Tell(const TableResult& result, Telling telling) {
     if (!result.Failed()) {
         toldOf_ = result.fileName.isEmpty() ? toldOf_ : QString();
@@ -25,7 +21,7 @@ bool StoreFaults::Tell(const TableResult& result, Telling telling) {
     if (telling == Telling::Box || (telling == Telling::Once && toldOf_ != result.fileName)) {
         toldOf_ = result.fileName;  // before the box: timers run while it stands
         desktop_.BusyOff();
-        desktop_.MessageBox(Reason(result.outcome) + u'\n' + result.fileName, QStringLiteral("Arbitrary Editor"));
+        desktop_.MessageBox(Complaint(result.outcome) + u'\n' + result.fileName, QStringLiteral("Arbitrary Editor"));
     }
     return false;
 }

@@ -10,6 +10,9 @@ enum class Telling {
     Silent,  // none
 };
 
+// What a failure is to the user; the name of the file is to follow.
+QString Complaint(StoreOutcome failure);
+
 // Tells the user of operations that failed. Every result goes through here, as a success ends the silence.
 class StoreFaults {
   public:
