@@ -20,11 +20,16 @@ quint8 FindToken(const std::array<EnumerationRow, size>& table, const QString& s
 }  // namespace
 
 void ReadBack::ReadAllFromUnit() {
+    const PanelState former = panel_;
     ReadSweep();
     ReadModulation();
     ReadStatus();
     ReadLevel();
     ReadFrequency();
+    // Queries that were cut short left values that nobody reported. Shown, they would switch the instrument's output.
+    if (gate_.Abandoned()) {
+        panel_ = former;
+    }
 }
 
 // The number at the head of the reply, or of what stands in ReplyText if the query fails.

@@ -62,6 +62,39 @@ TEST_F(MemoryTransfers, ATimeOutFillsTheRestFromTheCollectedText) {
     EXPECT_TRUE(front.hidden);
 }
 
+TEST_F(MemoryTransfers, StaysInSightUntilTheLineHasCarriedTheLastPoint) {
+    const LinkOperation operation(link.gate);
+    line.lineFreeMs = 60'000;
+    qint64 shownUntilMs = 0;
+    clock.onWait = [&] { shownUntilMs = front.hidden || !desktop.busy ? shownUntilMs : clock.nowMs; };
+    link.memory.SendArb4();
+    EXPECT_EQ(shownUntilMs, line.lineFreeMs);
+    EXPECT_EQ(front.progress.constLast(), 4050);
+    EXPECT_TRUE(front.hidden);
+
+    // The user closes the window meanwhile.
+    line.lineFreeMs = clock.nowMs + 60'000;
+    clock.onWait = [&] {
+        if (line.wire.endsWith("are\r")) {
+            link.gate.Abandon();
+        }
+    };
+    const qint64 before = clock.nowMs;
+    line.wire.clear();
+    link.memory.SendArb4();
+    EXPECT_LT(clock.nowMs - before, 100);
+    EXPECT_TRUE(line.wire.endsWith("arp4:4095=99\rare\r"));
+}
+
+TEST_F(MemoryTransfers, AnAbandonedSendDropsItsPointsAndEndsInOrder) {
+    const LinkOperation operation(link.gate);
+    clock.onWait = [&] { link.gate.Abandon(); };
+    link.memory.SendArb16();
+    EXPECT_EQ(line.wire, "arc16\r<dropped>\rare\r");
+    EXPECT_TRUE(front.hidden && !desktop.busy);
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+}
+
 TEST_F(MemoryTransfers, AnAbandonedReadAsksNoFurther) {
     const LinkOperation operation(link.gate);
     link.gate.Abandon();
