@@ -104,7 +104,7 @@ void LevelGroup::HoldOffsetMagnitude() {
         context_.hint.FlashMessage(LargestOffsetMessage(panel_.bmBereich));
     }
     if (SumExceedsRange(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP)) {
-        panel_.mOffset = OffsetBesideLevel(panel_.mAmp, panel_.bmBereich, panel_.tmVPP);
+        panel_.mOffset = OffsetBesideLevel(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP);
         context_.hint.FlashMessage(SumMessage(panel_.bmBereich, panel_.tmVPP, context_.numbers));
     }
     panel_.mOffset = RoundOffset(panel_.mOffset, panel_.bmBereich);

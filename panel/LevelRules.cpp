@@ -69,9 +69,14 @@ double LevelBesideOffset(double level, double offset, quint8 bmBereich, Truth tm
     return std::min(level, reduced);
 }
 
-double OffsetBesideLevel(double level, quint8 bmBereich, Truth tmVPP) {
+double OffsetBesideLevel(double level, double offset, quint8 bmBereich, Truth tmVPP) {
     const double peakToPeak = tmVPP ? level : 2.0 * kRoot2 * level;
-    return std::max((RangeOf(bmBereich).highestVpp - peakToPeak) / 2.0, 0.0);
+    const double room = (RangeOf(bmBereich).highestVpp - peakToPeak) / 2.0;
+    // A level from a file may lie above its range: there the room is negative, and the offset gets its sign back later,
+    // so that the instrument would put out the opposite voltage.
+    // In Vrms the room may be larger than the offset: at 1 Vrms the 5 V that the user asked for would become 8.59 V on
+    // the device under test.
+    return std::min(offset, std::max(room, 0.0));
 }
 
 double RoundOffset(double magnitude, quint8 bmBereich) {

@@ -36,8 +36,9 @@ bool SumExceedsRange(double level, double offset, quint8 bmBereich, Truth tmVPP)
 // The level that gives way to the offset. In Vrms it is held within its range, and is never raised
 // (a level in a gap of the ranges stays).
 double LevelBesideOffset(double level, double offset, quint8 bmBereich, Truth tmVPP);
-// The magnitude of the offset that gives way to the level; 0 for a level that is above its range by itself.
-double OffsetBesideLevel(double level, quint8 bmBereich, Truth tmVPP);
+// The magnitude of the offset that gives way to the level: 0 for a level that is above its range by itself, and never
+// above `offset`, the magnitude that stood there.
+double OffsetBesideLevel(double level, double offset, quint8 bmBereich, Truth tmVPP);
 // An offset's magnitude at the resolution of its range: three decimals in range 2, two in range 3, all in range 1.
 double RoundOffset(double magnitude, quint8 bmBereich);
 

@@ -83,10 +83,12 @@ TEST(LevelRules, TheSideThatGivesWayMeetsTheBound) {
     EXPECT_DOUBLE_EQ(LevelBesideOffset(0.0705, 5.0, 3, kFalse), 0.0705);
     EXPECT_DOUBLE_EQ(LevelBesideOffset(8.0, -0.1, 3, kFalse), 7.07);
 
-    EXPECT_DOUBLE_EQ(OffsetBesideLevel(1.5, 2, kTrue), 0.25);
-    EXPECT_DOUBLE_EQ(OffsetBesideLevel(12.0, 3, kTrue), 4.0);
-    EXPECT_DOUBLE_EQ(OffsetBesideLevel(6.0, 3, kFalse), (20.0 - 12.0 * std::sqrt(2.0)) / 2.0);
-    EXPECT_DOUBLE_EQ(OffsetBesideLevel(25.0, 3, kTrue), 0.0);
+    EXPECT_DOUBLE_EQ(OffsetBesideLevel(1.5, 0.4, 2, kTrue), 0.25);
+    EXPECT_DOUBLE_EQ(OffsetBesideLevel(12.0, 5.0, 3, kTrue), 4.0);
+    EXPECT_DOUBLE_EQ(OffsetBesideLevel(6.0, 4.0, 3, kFalse), (20.0 - 12.0 * std::sqrt(2.0)) / 2.0);
+    // Never of the other sign, never raised.
+    EXPECT_DOUBLE_EQ(OffsetBesideLevel(25.0, 3.0, 3, kTrue), 0.0);
+    EXPECT_DOUBLE_EQ(OffsetBesideLevel(1.0, 5.0, 3, kFalse), 5.0);
 
     EXPECT_DOUBLE_EQ(RoundOffset(0.04567, 1), 0.04567);
     EXPECT_DOUBLE_EQ(RoundOffset(0.12345, 2), 0.123);
