@@ -1,4 +1,4 @@
-#include "panel/LevelRules.h"
+#include "rules/LevelRules.h"
 
 #include <algorithm>
 #include <numbers>
@@ -24,59 +24,75 @@ QString LargestOffsetText(quint8 bmBereich) {
     }
 }
 
-}  // namespace
-
-HeldLevel HoldLevel(double level, Truth tmVPP, bool amOn) {
-    if (level < LowestLevelOfAll(tmVPP)) {
-        return {LowestLevelOfAll(tmVPP), LevelBound::Lowest};
-    }
-    if (amOn && level > HighestAmLevel(tmVPP)) {
-        return {HighestAmLevel(tmVPP), LevelBound::HighestWithAm};
-    }
-    if (!amOn && level > HighestLevelOfAll(tmVPP)) {
-        return {HighestLevelOfAll(tmVPP), LevelBound::Highest};
-    }
-    return {level, LevelBound::None};
-}
-
-QString LevelMessage(LevelBound bound, Truth tmVPP, const UserNumbers& numbers) {
-    switch (bound) {
-        case LevelBound::Lowest:
-            return u"Min. Level: " + numbers.Picture(LowestLevelOfAll(tmVPP), "0.0000");
-        case LevelBound::Highest:
-            return u"Max. Level: " + numbers.Picture(HighestLevelOfAll(tmVPP), "0.0000");
-        case LevelBound::HighestWithAm:
-            return u"Am-Modulation is On. Max. Level: " + numbers.Picture(HighestAmLevel(tmVPP), "0.0000");
-        case LevelBound::None:
-            break;
-    }
-    return {};
-}
-
-double ConvertLevel(double level, bool toVpp) { return toVpp ? level * kRoot2 : level / kRoot2; }
-
 bool SumExceedsRange(double level, double offset, quint8 bmBereich, Truth tmVPP) {
     const double sum = (tmVPP ? 2.0 : kRoot2) * offset + level;
     return sum - HighestLevel(RangeOf(bmBereich), tmVPP) > kDustVolts;
 }
 
-double LevelBesideOffset(double level, double offset, quint8 bmBereich, Truth tmVPP) {
-    const LevelRange& range = RangeOf(bmBereich);
-    if (tmVPP) {
-        return range.highestVpp - 2.0 * offset;
-    }
-    const double reduced = std::clamp(range.highestVrms - kRoot2 * offset, range.lowestVrms, range.highestVrms);
-    return std::min(level, reduced);
+QString SumHint(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers) {
+    return u"2 X offset + output voltage is higher then the max. possible level Range" + RangeNumber(bmBereich) +
+           u": " + numbers.Picture(HighestLevel(RangeOf(bmBereich), tmVPP), "0.00") + u'V';
 }
 
-double OffsetBesideLevel(double level, double offset, quint8 bmBereich, Truth tmVPP) {
+}  // namespace
+
+Held HoldLevel(double level, Truth tmVPP, bool amOn, const UserNumbers& numbers) {
+    const double lowest = LowestLevelOfAll(tmVPP);
+    const double highest = HighestLevelOfAll(tmVPP);
+    if (level < lowest) {
+        return {lowest, u"Min. Level: " + numbers.Picture(lowest, "0.0000")};
+    }
+    if (amOn) {
+        return HoldAmLevel(level, tmVPP, numbers);
+    }
+    if (level > highest) {
+        return {highest, u"Max. Level: " + numbers.Picture(highest, "0.0000")};
+    }
+    return {level, {}};
+}
+
+Held HoldAmLevel(double level, Truth tmVPP, const UserNumbers& numbers) {
+    const double highest = HighestAmLevel(tmVPP);
+    if (level > highest) {
+        return {highest, u"Am-Modulation is On. Max. Level: " + numbers.Picture(highest, "0.0000")};
+    }
+    return {level, {}};
+}
+
+double ConvertLevel(double level, bool toVpp) { return toVpp ? level * kRoot2 : level / kRoot2; }
+
+Held HoldOffset(double offset, quint8 bmBereich) {
+    const double largest = RangeOf(bmBereich).largestOffset;
+    if (offset > largest) {
+        return {largest, u"Max Offset in Range" + RangeNumber(bmBereich) + u" is " + LargestOffsetText(bmBereich)};
+    }
+    return {offset, {}};
+}
+
+Held HoldLevelBesideOffset(double level, double offset, quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers) {
+    if (!SumExceedsRange(level, offset, bmBereich, tmVPP)) {
+        return {level, {}};
+    }
+    const LevelRange& range = RangeOf(bmBereich);
+    const QString hint = SumHint(bmBereich, tmVPP, numbers);
+    if (tmVPP) {
+        return {range.highestVpp - 2.0 * offset, hint};
+    }
+    const double reduced = std::clamp(range.highestVrms - kRoot2 * offset, range.lowestVrms, range.highestVrms);
+    return {std::min(level, reduced), hint};
+}
+
+Held HoldOffsetBesideLevel(double offset, double level, quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers) {
+    if (!SumExceedsRange(level, offset, bmBereich, tmVPP)) {
+        return {offset, {}};
+    }
     const double peakToPeak = tmVPP ? level : 2.0 * kRoot2 * level;
     const double room = (RangeOf(bmBereich).highestVpp - peakToPeak) / 2.0;
     // A level from a file may lie above its range: there the room is negative, and the offset gets its sign back later,
     // so that the instrument would put out the opposite voltage.
     // In Vrms the room may be larger than the offset: at 1 Vrms the 5 V that the user asked for would become 8.59 V on
     // the device under test.
-    return std::min(offset, std::max(room, 0.0));
+    return {std::min(offset, std::max(room, 0.0)), SumHint(bmBereich, tmVPP, numbers)};
 }
 
 double RoundOffset(double magnitude, quint8 bmBereich) {
@@ -95,13 +111,4 @@ QString LevelToolTip(Truth tmVPP, const UserNumbers& numbers) {
 QString OffsetToolTip(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers) {
     return u"Max offset in range" + RangeNumber(bmBereich) + u" is " + LargestOffsetText(bmBereich) + u" (level <= " +
            numbers.Picture(HighestLevel(RangeOf(bmBereich), tmVPP), "0.00") + (tmVPP ? u" Vpp)" : u" Vrms)");
-}
-
-QString LargestOffsetMessage(quint8 bmBereich) {
-    return u"Max Offset in Range" + RangeNumber(bmBereich) + u" is " + LargestOffsetText(bmBereich);
-}
-
-QString SumMessage(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers) {
-    return u"2 X offset + output voltage is higher then the max. possible level Range" + RangeNumber(bmBereich) +
-           u": " + numbers.Picture(HighestLevel(RangeOf(bmBereich), tmVPP), "0.00") + u'V';
 }
