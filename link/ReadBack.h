@@ -5,7 +5,8 @@
 #include "link/SerialTransport.h"
 
 // Fills PanelState from the instrument. Each routine returns at once while the link is down. A time-out within a
-// routine doesn't stop it: its later fields are filled from what stands in ReplyText, and nothing is restored.
+// routine doesn't stop it: its later fields are filled from what stands in ReplyText, and nothing is restored. A number
+// that nothing can hold leaves its field as it is.
 class ReadBack {
   public:
     ReadBack(ProgramState& program, SerialTransport& transport, const LinkGate& gate)
@@ -23,6 +24,7 @@ class ReadBack {
 
   private:
     double Ask(const char* query);
+    void AskMeasure(double PanelState::*field, const char* query);
 
     PanelState& panel_;
     LinkState& link_;

@@ -37,11 +37,13 @@ TEST_F(MemoryTransfers, ReadsWhatStandsBehindTheFirstEqualsSign) {
     line.replies = {{QStringLiteral("arp4:1=?"), "2047\r"},
                     {QStringLiteral("arp4:2=?"), "x=101.5\r"},
                     {QStringLiteral("arp4:3=?"), "x=40000\r"},
-                    {QStringLiteral("arp4:4=?"), "x=y\r"}};
+                    {QStringLiteral("arp4:4=?"), "x=y\r"},
+                    {QStringLiteral("arp4:5=?"), "x=-" + QByteArray(400, '1') + '\r'},
+                    {QStringLiteral("arp4:6=?"), "x=1e999\r"}};
     link.memory.ReadArb4();
     EXPECT_EQ(line.Lines().size(), 4096);
     EXPECT_EQ(front.transfer, u"Please wait. Read 4096 Values|4095");
-    const qint16 wanted[] = {-12, 2047, 102, 99, 0, -12};
+    const qint16 wanted[] = {-12, 2047, 102, 99, 0, 99, 99, -12};
     EXPECT_TRUE(std::equal(std::begin(wanted), std::end(wanted), memories.ArbMemory4.begin()));
     EXPECT_EQ(memories.ArbMemory4[4095], -12);
     EXPECT_EQ(memories.ArbMemory4[4096], 99);
