@@ -16,10 +16,10 @@
 #include "BarePictures.h"
 #include "Table.h"
 #include "editor/Editor.h"
-#include "editor/Spline.h"
 #include "platform/QtDesktop.h"
 #include "platform/SocketDdeLink.h"
 #include "storage/SettingFile.h"
+#include "waveform/Spline.h"
 
 namespace {
 

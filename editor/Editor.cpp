@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "editor/PenLook.h"
-#include "editor/ViewRules.h"
 #include "platform/Controls.h"
 #include "platform/FormPlace.h"
 #include "platform/PictureKeys.h"
+#include "waveform/ViewRules.h"
 
 namespace {
 

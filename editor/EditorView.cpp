@@ -3,9 +3,9 @@
 #include <optional>
 #include <utility>
 
-#include "editor/Samples.h"
-#include "editor/Spline.h"
-#include "editor/ViewRules.h"
+#include "waveform/Samples.h"
+#include "waveform/Spline.h"
+#include "waveform/ViewRules.h"
 
 namespace {
 
@@ -22,8 +22,8 @@ constexpr QColor kPenStroke{0, 128, 0};
 constexpr QColor kCrosshair{0, 0, 255};
 constexpr QColor kZoomBox{192, 192, 192};
 
-constexpr double kTop = kHighestSample;  // of Picture1
-constexpr double kDetailTop = 2060.0;    // of Picture2: leaves a strip above it
+constexpr double kTop = kHighestSample;       // of Picture1
+constexpr double kDetailTop = kHighestClick;  // of Picture2: leaves a strip above it
 constexpr double kGridWidth = 1.0;
 constexpr double kCentreWidth = 2.0;
 constexpr double kOverviewCurveWidth = 2.0;

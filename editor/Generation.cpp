@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "editor/LinearMemory.h"
+#include "waveform/LinearMemory.h"
 
 void Generation::mnudelete_Click() {
     if (!context_.desktop.Question(QStringLiteral("Are you sure to set all Values to zero?"),

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "editor/Samples.h"
-#include "editor/TraceReply.h"
+#include "waveform/Samples.h"
+#include "waveform/TraceReply.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <map>
 
-#include "editor/Samples.h"
+#include "waveform/Samples.h"
 
 namespace {
 

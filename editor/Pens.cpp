@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "editor/LineRules.h"
-#include "editor/Samples.h"
+#include "waveform/LineRules.h"
+#include "waveform/Samples.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "editor/Samples.h"
+#include "waveform/Samples.h"
 
 namespace {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "editor/Samples.h"
-#include "editor/ViewRules.h"
 #include "platform/Controls.h"
+#include "waveform/Samples.h"
+#include "waveform/ViewRules.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 #include "DatabaseText.h"
 #include "Fuzz.h"
 #include "core/MemorySize.h"
-#include "editor/LinearMemory.h"
-#include "editor/Samples.h"
-#include "editor/Spline.h"
 #include "storage/TableWork.h"
+#include "waveform/LinearMemory.h"
+#include "waveform/Samples.h"
+#include "waveform/Spline.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #include "EditorBench.h"
-#include "editor/Spline.h"
+#include "waveform/Spline.h"
 
 namespace {
 

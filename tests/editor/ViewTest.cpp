@@ -1,5 +1,5 @@
 #include "EditorBench.h"
-#include "editor/ViewRules.h"
+#include "waveform/ViewRules.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "editor/Spline.h"
+#include "waveform/Spline.h"
 
 #include <algorithm>
 
-#include "editor/Samples.h"
+#include "waveform/Samples.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "editor/TraceReply.h"
+#include "waveform/TraceReply.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
-#include "editor/LinearMemory.h"
+#include "waveform/LinearMemory.h"
 
-#include "editor/Samples.h"
-#include "editor/Spline.h"
+#include "waveform/Samples.h"
+#include "waveform/Spline.h"
 
 namespace {
 

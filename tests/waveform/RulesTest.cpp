@@ -2,10 +2,10 @@
 
 #include <map>
 
-#include "editor/LinearMemory.h"
-#include "editor/Spline.h"
-#include "editor/TraceReply.h"
-#include "editor/ViewRules.h"
+#include "waveform/LinearMemory.h"
+#include "waveform/Spline.h"
+#include "waveform/TraceReply.h"
+#include "waveform/ViewRules.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "editor/ViewRules.h"
+#include "waveform/ViewRules.h"
 
 #include <algorithm>
 
-#include "editor/Samples.h"
+#include "waveform/Samples.h"
 
 namespace {
 

@@ -8,6 +8,10 @@
 // A sample is -kHighestSample to kHighestSample.
 inline constexpr int kHighestSample = 2047;
 
+// Clicks lie in a band that is higher than the samples. Their values, and those of a line between two of them, are
+// -kHighestClick to kHighestClick.
+inline constexpr int kHighestClick = 2060;
+
 // The nearest sample that the instrument can play.
 inline qint16 HeldSample(double value) {
     constexpr double kHighest = kHighestSample;

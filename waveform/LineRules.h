@@ -11,5 +11,6 @@ struct LineEnds {
 LineEnds LeftToRight(float startX, float startY, float x, float y);
 
 // The sample of a line that runs left to right, at one of the addresses from its left end to its right end, both to the
-// nearest address. A line whose ends share an address has the value of its left end there.
+// nearest address, held to -kHighestClick..kHighestClick. A line whose ends share an address has the value of its left
+// end there.
 qint16 LineValue(const LineEnds& line, int a);
