@@ -59,8 +59,7 @@ class Bench {
   public:
     Bench(const MemorySize& memory, Wave wave, int viewLeft, int viewRight) : size(memory) {
         fileName = folder.filePath(QStringLiteral("bench.set"));
-        CreateSettingFile(fileName);
-        SaveSettingFile(fileName, program->panel, *Waveform(wave));
+        SaveSettingFile(CreateSettingFile(fileName), program->panel, *Waveform(wave));
         program->SettingFileName.Set(fileName);
         form->Editor_Form_Load();
         form->resize(kWindow);

@@ -95,7 +95,7 @@ void Save(benchmark::State& state) {
     const ArbMemories memories = FullMemories();
     bool good = true;
     const Figure row = Compare(
-        state, [&] { good = good && CreateSettingFile(name) && SaveSettingFile(name, {}, memories); },
+        state, [&] { good = good && SaveSettingFile(CreateSettingFile(name), {}, memories); },
         [&] { good = good && SaveByEngineAlone(folder.path().toStdString(), rawName, memories); });
     Put(state, row, good);
 }
@@ -106,7 +106,7 @@ void Load(benchmark::State& state) {
     const QString name = InFolder(folder, "ours.set");
     ArbMemories memories = FullMemories();
     PanelState panel;
-    bool good = CreateSettingFile(name) && SaveSettingFile(name, panel, memories);
+    bool good = SaveSettingFile(CreateSettingFile(name), panel, memories);
     const Figure row = Compare(
         state, [&] { good = good && LoadSettingFile(name, panel, memories) == LoadOutcome::Loaded; },
         [&] { good = good && LoadByEngineAlone(name.toStdString(), memories); });

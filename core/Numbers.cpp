@@ -74,11 +74,6 @@ QString FormatPicture(double value, const char* picture, char separator) {
 }
 
 double ReadHeadNumber(QStringView text) {
-    const double value = ReadHeadNumberUnbounded(text);
-    return std::isfinite(value) ? value : 0.0;
-}
-
-double ReadHeadNumberUnbounded(QStringView text) {
     QByteArray plain;
     for (const QChar c : text) {
         if (c != u' ' && c != u'\t' && c != u'\n') {

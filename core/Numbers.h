@@ -13,10 +13,8 @@ QString FormatPicture(double value, const char* picture, char separator);
 
 // The number at the head of a reply from the instrument: blanks, tabs and line feeds are passed over wherever they
 // stand, "." is the decimal point in every locale, and reading stops at the first character that can't belong to the
-// number. No number, or one that no double can hold, gives 0.
+// number. No number gives 0, and one that is too great for a double infinity with its sign.
 double ReadHeadNumber(QStringView text);
-// The same, but a number that is too great for a double gives infinity with its sign.
-double ReadHeadNumberUnbounded(QStringView text);
 
 // How this user reads and writes numbers.
 class UserNumbers {

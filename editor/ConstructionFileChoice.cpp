@@ -39,8 +39,7 @@ bool ChooseNewConstructionFile(const ConstructionChoice& choice) {
         return false;
     }
     const QString name = choice.ConstructionFileName.Name();
-    const bool created = CreateConstructionFile(name);
-    if (SaveConstructionFile(name) && created) {
+    if (SaveConstructionFile(CreateConstructionFile(name))) {
         return true;
     }
     choice.ConstructionFileName = former;

@@ -126,7 +126,7 @@ void RequireAsStored(const QString& name, LoadOutcome outcome, const Content& be
 void RequireRoundTrip(Content loaded) {
     static const QTemporaryDir kFolder;
     const QString name = kFolder.filePath(QStringLiteral("saved.set"));
-    Require(CreateSettingFile(name) && SaveSettingFile(name, loaded.panel, loaded.memories), "it can be saved");
+    Require(SaveSettingFile(CreateSettingFile(name), loaded.panel, loaded.memories), "it can be saved");
     Content again;
     again.panel.tmIntRef = loaded.panel.tmIntRef;
     again.memories.ArbMemory4.back() = loaded.memories.ArbMemory4.back();

@@ -44,6 +44,11 @@ void RequireStatus(const PanelState& panel, const QString& status) {
 void RequireLevel(const PanelState& before, const PanelState& panel, double amplitude, double offset) {
     Require(panel.mAmp == amplitude, "level");
     Require(panel.bmBereich == LevelRangeNumber(amplitude, panel.tmVPP), "the range follows from the level");
+    if (std::isinf(offset)) {
+        Require(panel.tmOffset == before.tmOffset && panel.mOffset == before.mOffset,
+                "an offset too great is passed over");
+        return;
+    }
     Require(panel.tmOffset == (offset != 0.0 ? kTrue : kFalse), "an offset other than 0 is on");
     const double divisor = panel.bmBereich == 1 ? 100.0 : panel.bmBereich == 2 ? 10.0 : 1.0;
     Require(panel.mOffset == (panel.tmOffset ? offset / divisor : before.mOffset), "an offset of 0 keeps the value");
@@ -59,17 +64,24 @@ void RequireAsAnswered(const PanelState& before, const PanelState& panel, const 
         const auto answer = answers.constFind(QString::fromLatin1(query));
         return answer == answers.cend() ? unasked : ReadHeadNumber(*answer);
     };
+    // What a field holds that keeps its value if the answer is too great.
+    const auto measure = [&number](const char* query, double kept, double unasked = NAN) {
+        const double value = number(query, unasked);
+        return std::isinf(value) ? kept : value;
+    };
     RequireStatus(panel, answers.value(QStringLiteral("sta?")).toUpper());
-    RequireLevel(before, panel, number("amp?"), number("OFS?"));
-    Require(panel.mcFreq == number("fk0?") && panel.mhFreq == number("fk1?"), "FSK");
-    Require(panel.mPhasea == number("ph0?") && panel.mPhaseb == number("ph1?"), "PSK");
+    RequireLevel(before, panel, measure("amp?", before.mAmp), number("OFS?"));
+    Require(panel.mcFreq == measure("fk0?", before.mcFreq) && panel.mhFreq == measure("fk1?", before.mhFreq), "FSK");
+    Require(panel.mPhasea == measure("ph0?", before.mPhasea) && panel.mPhaseb == measure("ph1?", before.mPhaseb),
+            "PSK");
     const double depth = NearestEven(number("amt?"));
     Require(panel.bmAmDepth == (depth >= 0.0 && depth <= 255.0 ? depth : before.bmAmDepth), "a depth is a byte");
-    Require(panel.msWobbel == number("stt?", before.msWobbel) && panel.meWobbel == number("stp?", before.meWobbel) &&
-                panel.mtWobbel == number("swt?", before.mtWobbel),
+    Require(panel.msWobbel == measure("stt?", before.msWobbel, before.msWobbel) &&
+                panel.meWobbel == measure("stp?", before.meWobbel, before.meWobbel) &&
+                panel.mtWobbel == measure("swt?", before.mtWobbel, before.mtWobbel),
             "sweep values are kept or answered");
     Require(answers.contains(QStringLiteral("stt?")) == (before.bmWobbel > 0), "a sweep known before is asked for");
-    Require(panel.mFreq == number("frq?", before.mFreq), "the frequency is kept or answered");
+    Require(panel.mFreq == measure("frq?", before.mFreq, before.mFreq), "the frequency is kept or answered");
     Require(answers.contains(QStringLiteral("frq?")) == (panel.bmWobbel == 0), "no frequency is asked of a sweep");
 }
 

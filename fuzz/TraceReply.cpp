@@ -20,7 +20,7 @@ std::array<double, kSamples> NumbersOf(const QString& text) {
     double last = 0.0;
     for (std::size_t i = 0; i < kSamples; ++i) {
         if (static_cast<qsizetype>(i) < parts.size()) {
-            last = ReadHeadNumberUnbounded(parts[static_cast<qsizetype>(i)]);
+            last = ReadHeadNumber(parts[static_cast<qsizetype>(i)]);
         }
         numbers[i] = NearestEven(last);
     }

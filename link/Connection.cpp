@@ -17,7 +17,7 @@ void Connection::OpenComPort() {
     link_.SerialFault = 0;
     link_.SerialErrorText = QStringLiteral(" Can not open com. port");
     if (com_.PortOpen()) {
-        com_.SetPortOpen(false);
+        transport_.ClosePort();
     }
     com_.SetCommPort(preferences_.ComPortNumber);
     const bool settingsTaken = com_.SetSettings(LineSettings(preferences_.ComBaudRate));
@@ -75,7 +75,7 @@ void Connection::ConnectUnit() {
 bool Connection::SearchRates() {
     for (const qint32 baud : kBaudRates) {
         if (com_.PortOpen()) {
-            com_.SetPortOpen(false);
+            transport_.ClosePort();
         }
         const bool settingsTaken = com_.SetSettings(LineSettings(baud));
         if (!com_.SetPortOpen(true) || !settingsTaken) {
@@ -101,7 +101,7 @@ void Connection::DisconnectUnit() {
     link_.CommandText = QStringLiteral("RM0");
     transport_.SendCommand();
     if (link_.SerialFault != 1) {
-        com_.SetPortOpen(false);
+        transport_.ClosePort();
         link_.LinkUp = 0;
         front_.CheckRemote(false);
         front_.ShowCaption(OfflineCaption());

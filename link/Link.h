@@ -10,10 +10,10 @@
 // All traffic with the instrument, as one object.
 struct Link {
     Link(ProgramState& program, Com& com, LinkClock& clock, Desktop& desktop, LinkFront& front)
-        : transport(program.link, com, clock, desktop, front),
+        : transport(program.link, gate, com, clock, desktop, front),
           connection(program, transport, gate, desktop, front),
           commands(program, transport),
-          readBack(program, transport),
+          readBack(program, transport, gate),
           memory(program, transport, gate, clock, desktop, front) {}
 
     LinkGate gate;

@@ -54,6 +54,9 @@ void MemoryTransfer::ReadPoint(const MemorySize& size, int address) {
     StartPoint(link_.CommandText, size, address);
     link_.CommandText += u'?';
     transport_.QueryUnitBlock();
+    if (gate_.Abandoned() && link_.SerialFault == 1) {
+        return;  // cut short: there is no reply
+    }
     const double sample = SampleOf(link_.ReplyText);
     using Limits = std::numeric_limits<qint16>;
     // A number that no sample can be leaves the element as it is.
@@ -75,8 +78,15 @@ void MemoryTransfer::Send(const MemorySize& size) {
             ServeEvents();
         }
     }
+    if (gate_.Abandoned()) {
+        transport_.CutLine();
+    }
     link_.CommandText = QStringLiteral("are");
     transport_.SendCommand();
+    // A port takes points faster than a slow line carries them. The transfer has ended when the line has.
+    if (link_.LinkUp == 1) {
+        transport_.AwaitIdleLine();
+    }
     End();
 }
 

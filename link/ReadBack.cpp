@@ -1,6 +1,7 @@
 #include "link/ReadBack.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "core/Enumerations.h"
@@ -20,11 +21,16 @@ quint8 FindToken(const std::array<EnumerationRow, size>& table, const QString& s
 }  // namespace
 
 void ReadBack::ReadAllFromUnit() {
+    const PanelState former = panel_;
     ReadSweep();
     ReadModulation();
     ReadStatus();
     ReadLevel();
     ReadFrequency();
+    // Queries that were cut short left values that nobody reported. Shown, they would switch the instrument's output.
+    if (gate_.Abandoned()) {
+        panel_ = former;
+    }
 }
 
 // The number at the head of the reply, or of what stands in ReplyText if the query fails.
@@ -34,13 +40,21 @@ double ReadBack::Ask(const char* query) {
     return ReadHeadNumber(link_.ReplyText);
 }
 
+// A number that the field can't hold leaves it as it is.
+void ReadBack::AskMeasure(double PanelState::*field, const char* query) {
+    const double number = Ask(query);
+    if (std::isfinite(number)) {
+        panel_.*field = number;
+    }
+}
+
 void ReadBack::ReadSweep() {
     if (link_.LinkUp == 0 || panel_.bmWobbel == kSweepOff) {
         return;
     }
-    panel_.msWobbel = Ask("stt?");
-    panel_.meWobbel = Ask("stp?");
-    panel_.mtWobbel = Ask("swt?");
+    AskMeasure(&PanelState::msWobbel, "stt?");
+    AskMeasure(&PanelState::meWobbel, "stp?");
+    AskMeasure(&PanelState::mtWobbel, "swt?");
 }
 
 void ReadBack::ReadModulation() {
@@ -52,10 +66,10 @@ void ReadBack::ReadModulation() {
     if (depth >= 0.0 && depth <= std::numeric_limits<quint8>::max()) {
         panel_.bmAmDepth = static_cast<quint8>(depth);
     }
-    panel_.mcFreq = Ask("fk0?");
-    panel_.mhFreq = Ask("fk1?");
-    panel_.mPhasea = Ask("ph0?");
-    panel_.mPhaseb = Ask("ph1?");
+    AskMeasure(&PanelState::mcFreq, "fk0?");
+    AskMeasure(&PanelState::mhFreq, "fk1?");
+    AskMeasure(&PanelState::mPhasea, "ph0?");
+    AskMeasure(&PanelState::mPhaseb, "ph1?");
 }
 
 void ReadBack::ReadStatus() {
@@ -78,9 +92,14 @@ void ReadBack::ReadLevel() {
     if (link_.LinkUp == 0) {
         return;
     }
-    panel_.mAmp = Ask("amp?");
+    AskMeasure(&PanelState::mAmp, "amp?");
+    // Of a level that was kept too: the range follows from level and unit.
     panel_.bmBereich = LevelRangeNumber(panel_.mAmp, panel_.tmVPP);
     const double reported = Ask("OFS?");
+    // An offset that no field can hold says nothing of the switch either: the panel shows none that was not reported.
+    if (!std::isfinite(reported)) {
+        return;
+    }
     panel_.tmOffset = ToTruth(reported != 0.0);
     if (panel_.tmOffset) {
         panel_.mOffset = reported / RangeOf(panel_.bmBereich).offsetReplyFactor;
@@ -89,6 +108,6 @@ void ReadBack::ReadLevel() {
 
 void ReadBack::ReadFrequency() {
     if (link_.LinkUp != 0 && panel_.bmWobbel == kSweepOff) {
-        panel_.mFreq = Ask("frq?");
+        AskMeasure(&PanelState::mFreq, "frq?");
     }
 }

@@ -1,16 +1,19 @@
 #pragma once
 
 #include "core/ProgramState.h"
+#include "link/LinkGate.h"
 #include "link/SerialTransport.h"
 
 // Fills PanelState from the instrument. Each routine returns at once while the link is down. A time-out within a
-// routine doesn't stop it: its later fields are filled from what stands in ReplyText, and nothing is restored.
+// routine doesn't stop it: its later fields are filled from what stands in ReplyText, and nothing is restored. A number
+// that nothing can hold leaves its field as it is.
 class ReadBack {
   public:
-    ReadBack(ProgramState& program, SerialTransport& transport)
-        : panel_(program.panel), link_(program.link), transport_(transport) {}
+    ReadBack(ProgramState& program, SerialTransport& transport, const LinkGate& gate)
+        : panel_(program.panel), link_(program.link), transport_(transport), gate_(gate) {}
 
-    // All of it. The order matters: the level needs tmVPP, and the frequency bmWobbel, from the status.
+    // All of it. The order matters: the level needs tmVPP, and the frequency bmWobbel, from the status. If the
+    // operation is abandoned meanwhile, PanelState stays as it was.
     void ReadAllFromUnit();
 
     void ReadSweep();  // asks only while bmWobbel, as it was before this read-back, is above 0
@@ -21,8 +24,10 @@ class ReadBack {
 
   private:
     double Ask(const char* query);
+    void AskMeasure(double PanelState::*field, const char* query);
 
     PanelState& panel_;
     LinkState& link_;
     SerialTransport& transport_;
+    const LinkGate& gate_;
 };

@@ -1,9 +1,12 @@
 #include "link/SerialTransport.h"
 
+#include <algorithm>
+
 namespace {
 constexpr qint64 kReplyTimeoutMs = 3000;   // for each byte of a reply
 constexpr qsizetype kLongestReply = 1024;  // characters; a line that never ends counts as a time-out
 constexpr qsizetype kBatchLength = 512;    // characters of unpaced lines that are handed to the port at once
+constexpr qint32 kLineLookMs = 10;         // between two looks at a busy line
 constexpr QChar kCr(13);
 }  // namespace
 
@@ -55,15 +58,16 @@ bool SerialTransport::Write(Pacing pacing) {
     return Flush();
 }
 
-// False if the line has stalled. While it is merely busy the user's events are served.
+// False if the line has stalled. While it is merely busy the user's events are served. Who has abandoned the operation
+// does not wait: what the port has not taken stays in line.
 bool SerialTransport::Flush() {
     inLine_ = 0;
     Com::OutputState state = com_.FlushOutput();
-    while (state == Com::OutputState::Waiting) {
+    while (state == Com::OutputState::Waiting && !gate_.Abandoned()) {
         clock_.ServeEvents();
         state = com_.FlushOutput();
     }
-    return state == Com::OutputState::Taken;
+    return state != Com::OutputState::Stalled || gate_.Abandoned();
 }
 
 void SerialTransport::Pace() {
@@ -86,11 +90,15 @@ void SerialTransport::QueryUnit() {
         return;
     }
     state_.ReplyText.clear();
-    AwaitLine();
+    if (!AwaitLine(true)) {
+        EndCutQuery();
+        return;
+    }
     while (state_.ReplyText.size() <= kLongestReply && AwaitByte()) {
         com_.SetInputLen(1);
         const QChar character = ReadReplyChar();
         if (character == kCr) {
+            com_.ReplyComplete();
             return;
         }
         state_.ReplyText += character;
@@ -98,11 +106,44 @@ void SerialTransport::QueryUnit() {
     ShowSerialError();
 }
 
-// Behind the points of a memory a query can wait for many seconds until it is on the line.
-void SerialTransport::AwaitLine() {
-    while (com_.LineTimeLeftMs() > 0 && com_.InBufferCount() <= 0 && !com_.LineLost()) {
-        clock_.ServeEvents();
+// Behind the points of a memory it can take many seconds until a query is on the line.
+bool SerialTransport::AwaitLine(bool orReply) {
+    for (qint64 leftMs = com_.LineTimeLeftMs(); leftMs > 0; leftMs = com_.LineTimeLeftMs()) {
+        if (orReply && com_.InBufferCount() > 0) {
+            return true;
+        }
+        if (gate_.Abandoned()) {
+            return false;
+        }
+        qint32 ms = static_cast<qint32>(std::min<qint64>(leftMs, kLineLookMs));
+        clock_.WaitMs(ms);
     }
+    return com_.FlushOutput() != Com::OutputState::Stalled;
+}
+
+// Who abandons an operation is told of no fault.
+void SerialTransport::EndCutQuery() {
+    if (gate_.Abandoned()) {
+        state_.SerialFault = 1;
+    } else {
+        ShowSerialError();
+    }
+}
+
+bool SerialTransport::AwaitIdleLine() { return Flush() && AwaitLine(false); }
+
+void SerialTransport::ClosePort() {
+    AwaitIdleLine();
+    if (!gate_.Abandoned()) {
+        com_.SetPortOpen(false);
+    }
+}
+
+void SerialTransport::CutLine() {
+    inLine_ = 0;
+    com_.DropOutput();
+    state_.CommandText.clear();
+    SendCommand();
 }
 
 // False when no byte came within the time-out, or none can come any more.

@@ -2,6 +2,7 @@
 
 #include "core/LinkState.h"
 #include "link/LinkFront.h"
+#include "link/LinkGate.h"
 #include "platform/Com.h"
 #include "platform/Desktop.h"
 #include "platform/LinkClock.h"
@@ -12,8 +13,9 @@
 // No routine has a result: a fault is seen in SerialFault and LinkUp. A send on a closed port vanishes without a word.
 class SerialTransport {
   public:
-    SerialTransport(LinkState& state, Com& com, LinkClock& clock, Desktop& desktop, LinkFront& front)
-        : state_(state), com_(com), clock_(clock), desktop_(desktop), front_(front) {}
+    SerialTransport(LinkState& state, const LinkGate& gate, Com& com, LinkClock& clock, Desktop& desktop,
+                    LinkFront& front)
+        : state_(state), gate_(gate), com_(com), clock_(clock), desktop_(desktop), front_(front) {}
 
     // Each appends a CR. The first "," becomes "." (the numbers in a command carry the user's separator), but not in
     // SendCommandSlow, whose commas are separators.
@@ -23,7 +25,8 @@ class SerialTransport {
     void SendQuery();        // as SendCommand, but no CR is added to a text that holds one
 
     // Sends CommandText and collects one line into ReplyText; at most 3.0 s for each of its bytes, from when the line
-    // has carried the query. Does nothing, and leaves ReplyText, while LinkUp is 0.
+    // has carried the query. Does nothing, and leaves ReplyText, while LinkUp is 0. If the operation is abandoned
+    // before the line has carried the query, SerialFault is 1 without a message.
     void QueryUnit();
     // The form for the thousands of queries of a memory read.
     void SendQueryBlock() { SendQuery(); }
@@ -31,6 +34,15 @@ class SerialTransport {
 
     // One message for a fault, and the link is down.
     void ShowSerialError();
+
+    // Serves the user's events until the line has carried all that was sent. False if it has stalled, or if the
+    // operation is abandoned.
+    bool AwaitIdleLine();
+    // Closes the port as soon as the line has carried all that was sent; until then the user's events are served.
+    // In an abandoned operation the port stays open: the end of the program closes it, when no window waits for it.
+    void ClosePort();
+    // Drops the lines that are still on their way here, and ends the one that is cut by that.
+    void CutLine();
 
     Com& com() { return com_; }
 
@@ -45,11 +57,13 @@ class SerialTransport {
     bool Write(Pacing pacing);
     bool Flush();
     void Pace();
-    void AwaitLine();
+    bool AwaitLine(bool orReply);
+    void EndCutQuery();
     bool AwaitByte();
     QChar ReadReplyChar();
 
     LinkState& state_;
+    const LinkGate& gate_;
     Com& com_;
     LinkClock& clock_;
     Desktop& desktop_;

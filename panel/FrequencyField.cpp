@@ -1,7 +1,7 @@
 #include "panel/FrequencyField.h"
 
 #include "core/FrequencyDisplay.h"
-#include "panel/FrequencyRules.h"
+#include "rules/FrequencyRules.h"
 
 FrequencyField::FrequencyField(const PanelContext& context, const Names& names, double& stored,
                                std::function<void()> refresh, QWidget* parent)
@@ -34,10 +34,6 @@ void FrequencyField::Show() {
 }
 
 void FrequencyField::Commit() {
-    const HeldFrequency held = HoldFrequency(context_.numbers.ReadEntry(field_->text()), units_->Selected());
-    if (held.outOfRange) {
-        context_.hint.FlashMessage(FrequencyRangeMessage(context_.numbers));
-    }
-    stored_ = held.hertz;
+    context_.Store(HoldFrequency(context_.EntryOf(*field_), units_->Selected(), context_.numbers), stored_);
     refresh_();
 }

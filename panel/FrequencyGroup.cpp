@@ -3,7 +3,7 @@
 #include <QGridLayout>
 
 #include "core/Enumerations.h"
-#include "panel/FrequencyRules.h"
+#include "rules/FrequencyRules.h"
 
 FrequencyGroup::FrequencyGroup(const PanelContext& context, std::function<void()> drawOverviewSignal, QWidget* parent)
     : Frame5(MakeFrame(QStringLiteral("Frame5"), QStringLiteral("Signal"), parent)),

@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "core/LevelRange.h"
-#include "panel/LevelRules.h"
+#include "rules/LevelRules.h"
 
 LevelGroup::LevelGroup(const PanelContext& context, QWidget* parent) : context_(context), panel_(context.panel) {
     Text2 = MakeEntryField(context, QStringLiteral("Text2"), KeyClass::Plain, QStringLiteral("Output voltage"), parent);
@@ -21,14 +21,10 @@ LevelGroup::LevelGroup(const PanelContext& context, QWidget* parent) : context_(
     QObject::connect(Check1, &QCheckBox::clicked, Check1, [this] { Check1_Click(); });
 }
 
-void LevelGroup::Text2_Commit() { StoreLevel(context_.numbers.ReadEntry(Text2->text())); }
+void LevelGroup::Text2_Commit() { StoreLevel(context_.EntryOf(*Text2)); }
 
 void LevelGroup::StoreLevel(double level) {
-    const HeldLevel held = HoldLevel(level, panel_.tmVPP, AmOn());
-    if (held.bound != LevelBound::None) {
-        context_.hint.FlashMessage(LevelMessage(held.bound, panel_.tmVPP, context_.numbers));
-    }
-    panel_.mAmp = held.level;
+    context_.Store(HoldLevel(level, panel_.tmVPP, AmOn(), context_.numbers), panel_.mAmp);
     RefreshLevel();
 }
 
@@ -37,13 +33,13 @@ void LevelGroup::vunit_Click(int index) {
     const bool toVpp = index == 0;
     if (toVpp != (panel_.tmVPP != kFalse)) {
         panel_.tmVPP = ToTruth(toVpp);
-        StoreLevel(ConvertLevel(context_.numbers.ReadEntry(Text2->text()), toVpp));
+        StoreLevel(ConvertLevel(context_.EntryOf(*Text2), toVpp));
     }
     TakeFocus(Text2);
 }
 
 void LevelGroup::Text4_Commit() {
-    panel_.mOffset = context_.numbers.ReadEntry(Text4->text());
+    panel_.mOffset = context_.EntryOf(*Text4);
     RefreshOffset();
 }
 
@@ -68,15 +64,9 @@ void LevelGroup::RefreshLevel() {
     Text2->setToolTip(LevelToolTip(panel_.tmVPP, numbers));
     panel_.bmBereich = LevelRangeNumber(panel_.mAmp, panel_.tmVPP);
     Text4->setToolTip(OffsetToolTip(panel_.bmBereich, panel_.tmVPP, numbers));
-    const double largestOffset = RangeOf(panel_.bmBereich).largestOffset;
-    if (panel_.mOffset > largestOffset) {
-        panel_.mOffset = largestOffset;
-        context_.hint.FlashMessage(LargestOffsetMessage(panel_.bmBereich));
-    }
-    if (SumExceedsRange(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP)) {
-        panel_.mAmp = LevelBesideOffset(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP);
-        context_.hint.FlashMessage(SumMessage(panel_.bmBereich, panel_.tmVPP, numbers));
-    }
+    context_.Store(HoldOffset(panel_.mOffset, panel_.bmBereich), panel_.mOffset);
+    context_.Store(HoldLevelBesideOffset(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP, numbers),
+                   panel_.mAmp);
     Text2->setText(numbers.Picture(panel_.mAmp, "0.00000"));
     RefreshOffset();
 }
@@ -97,15 +87,8 @@ void LevelGroup::RefreshOffset() {
 
 // Leaves the magnitude of the offset in mOffset, within the range and at its resolution.
 void LevelGroup::HoldOffsetMagnitude() {
-    panel_.mOffset = std::fabs(panel_.mOffset);
-    const double largestOffset = RangeOf(panel_.bmBereich).largestOffset;
-    if (panel_.mOffset > largestOffset) {
-        panel_.mOffset = largestOffset;
-        context_.hint.FlashMessage(LargestOffsetMessage(panel_.bmBereich));
-    }
-    if (SumExceedsRange(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP)) {
-        panel_.mOffset = OffsetBesideLevel(panel_.mAmp, panel_.bmBereich, panel_.tmVPP);
-        context_.hint.FlashMessage(SumMessage(panel_.bmBereich, panel_.tmVPP, context_.numbers));
-    }
+    context_.Store(HoldOffset(std::fabs(panel_.mOffset), panel_.bmBereich), panel_.mOffset);
+    context_.Store(HoldOffsetBesideLevel(panel_.mOffset, panel_.mAmp, panel_.bmBereich, panel_.tmVPP, context_.numbers),
+                   panel_.mOffset);
     panel_.mOffset = RoundOffset(panel_.mOffset, panel_.bmBereich);
 }

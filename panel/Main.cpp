@@ -140,10 +140,20 @@ void Main::Main_Form_Unload() {
         comset_->close();
     }
     SaveOnExit();
+    GiveUnitBack();
+}
+
+// With no window left, so that the user does not wait for a slow line: "RM0" is handed over at once, and the program
+// ends when it has left.
+void Main::GiveUnitBack() {
+    hide();
+    services_.clock.ServeEvents();
     if (program_.link.LinkUp == 1) {
         const LinkOperation operation(link_.gate);
+        link_.gate.Abandon();
         link_.connection.DisconnectUnit();
     }
+    services_.com.SetPortOpen(false);
 }
 
 void Main::SaveOnExit() {

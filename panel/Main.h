@@ -73,6 +73,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
 
     void Main_Form_Unload();
     void SaveOnExit();
+    void GiveUnitBack();
     void Main_cRM_MouseUp();
     void Main_Command3_Click();
     void Main_Command4_Click();

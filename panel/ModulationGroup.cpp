@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "core/Enumerations.h"
-#include "panel/LevelRules.h"
-#include "panel/ModulationRules.h"
+#include "rules/LevelRules.h"
+#include "rules/ModulationRules.h"
 
 namespace {
 
@@ -133,16 +133,12 @@ void ModulationGroup::opmod_Click(int index) {
 void ModulationGroup::opAmMod_Click(int index) { panel_.bmAmpMod = index == 1 ? kAmExternal : kAmInternal; }
 
 void ModulationGroup::Text5_Commit() {
-    panel_.bmAmDepth = HoldDepth(context_.numbers.ReadEntry(Text5->text()));
+    context_.Store(HoldDepth(context_.EntryOf(*Text5)), panel_.bmAmDepth);
     RefreshModulation();
 }
 
 void ModulationGroup::CommitPhase(const EntryField& field, double& phase) {
-    const HeldPhase held = HoldPhase(context_.numbers.ReadEntry(field.text()));
-    if (held.outOfRange) {
-        context_.hint.FlashMessage(QStringLiteral("Phaseange: 0° to 359.9°"));
-    }
-    phase = held.degrees;
+    context_.Store(HoldPhase(context_.EntryOf(field)), phase);
     RefreshModulation();
 }
 
@@ -190,10 +186,10 @@ void ModulationGroup::EnableFor(int option) {
 }
 
 void ModulationGroup::CapLevel() {
-    const double highest = HighestAmLevel(panel_.tmVPP);
-    if (highest < panel_.mAmp) {
-        panel_.mAmp = highest;
+    const Held held = HoldAmLevel(panel_.mAmp, panel_.tmVPP, context_.numbers);
+    if (!held.hint.isEmpty()) {
+        panel_.mAmp = held.value;
         refreshLevel_();
-        context_.hint.FlashMessage(LevelMessage(LevelBound::HighestWithAm, panel_.tmVPP, context_.numbers));
+        context_.hint.FlashMessage(held.hint);  // over the hints of the level
     }
 }

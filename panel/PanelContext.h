@@ -5,9 +5,10 @@
 #include "core/Numbers.h"
 #include "core/PanelState.h"
 #include "panel/HintLine.h"
-#include "panel/KeyFilter.h"
 #include "platform/Controls.h"
 #include "platform/EntryField.h"
+#include "rules/Held.h"
+#include "rules/KeyFilter.h"
 
 // What every rule group of the panel works on.
 struct PanelContext {
@@ -16,6 +17,16 @@ struct PanelContext {
     HintLine& hint;
     // False while the whole panel is being rebuilt: a field that loses its focus then still shows the old state.
     std::function<bool()> mayCommit;
+
+    // Stores what a rule made of an entry, and shows its hint.
+    template <typename Field>
+    void Store(const Held& held, Field& field) const {
+        field = static_cast<Field>(held.value);
+        if (!held.hint.isEmpty()) {
+            hint.FlashMessage(held.hint);
+        }
+    }
+    double EntryOf(const EntryField& field) const { return numbers.ReadEntry(field.text()); }
 };
 
 // An entry field with its key filter and a name for a screen reader.

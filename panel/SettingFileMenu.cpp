@@ -48,8 +48,7 @@ bool SettingFileMenu::SaveAs(const QString& title, const QStringList& held, bool
         desktop_.BusyOn();
         program_.SettingFileName.Set(chosen);
         const QString name = program_.SettingFileName.Name();
-        CreateSettingFile(name);
-        saved = SaveSettingFile(name, program_.panel, program_.memories);
+        saved = SaveSettingFile(CreateSettingFile(name), program_.panel, program_.memories);
         if (!saved && forEditor) {
             program_.SettingFileName = former;
             desktop_.BusyOff();

@@ -4,7 +4,7 @@
 #include <QHBoxLayout>
 
 #include "core/Enumerations.h"
-#include "panel/SweepRules.h"
+#include "rules/SweepRules.h"
 
 SweepGroup::SweepGroup(const PanelContext& context, QWidget* parent)
     : Frame7(MakeFrame(QStringLiteral("Frame7"), QStringLiteral("Sweep mode"), parent)),
@@ -66,11 +66,7 @@ void SweepGroup::opwob_Click(int index) {
 }
 
 void SweepGroup::Text12_Commit() {
-    const HeldSweepTime held = HoldSweepTime(context_.numbers.ReadEntry(Text12->text()), context_.numbers);
-    if (!held.message.isEmpty()) {
-        context_.hint.FlashMessage(held.message);
-    }
-    panel_.mtWobbel = held.seconds;
+    context_.Store(HoldSweepTime(context_.EntryOf(*Text12), context_.numbers), panel_.mtWobbel);
     RefreshSweep();
 }
 

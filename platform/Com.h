@@ -37,10 +37,14 @@ class Com {
     // Puts one character in line to be sent, in order.
     virtual void Output(char character) = 0;
     // Hands what is in line to the port, and waits for a moment if the port can't take it all. Call it until it no
-    // longer says Waiting. Stalled: the line has carried nothing for 3.0 s; what it did not take stays in line until
+    // longer says Waiting. Stalled: the line has taken nothing for 3.0 s; what it did not take stays in line until
     // ClearOutBuffer, and while it stays stalled there is no second wait.
     enum class OutputState { Taken, Waiting, Stalled };
     virtual OutputState FlushOutput() = 0;
-    // Until the line has carried what the port took, by its rate; 0 when it is idle.
-    virtual qint64 LineTimeLeftMs() const = 0;
+    // How long the line is still busy with what the port took, as far as can be known; 0 when it is idle.
+    virtual qint64 LineTimeLeftMs() = 0;
+    // Tells that a reply came whole: the line carries nothing any more.
+    virtual void ReplyComplete() = 0;
+    // Drops all that is in line and all that the driver still holds, the rest of a line that has begun too.
+    virtual void DropOutput() = 0;
 };

@@ -14,6 +14,8 @@ class EventClock : public LinkClock {
     void WaitMs(qint32& ms) override;
 
   private:
+    qint64 NowUs() const { return elapsed_.nsecsElapsed() / 1000; }
+
     QElapsedTimer elapsed_;
     QTimer Timer2;
     bool WaitActive = false;

@@ -13,36 +13,17 @@
 
 namespace {
 
-constexpr qint64 kStalledLineUs = 3'000'000;
 constexpr int kOutputRestMs = 20;
 constexpr int kInputRestMs = 1;
 constexpr int kLossWatchMs = 500;
-constexpr qint64 kReadBufferBytes = 4096;    // a far end that never falls silent must not fill the memory
-constexpr qint64 kDriverLatencyUs = 20'000;  // what adapters hold characters back for
-constexpr qint64 kBitsPerCharacter = 11;     // start, 8 data, 2 stop
-constexpr qint64 kAdapterBuffer = 1024;      // characters that an adapter holds when the driver has none left
+constexpr qint64 kReadBufferBytes = 4096;  // a far end that never falls silent must not fill the memory
+constexpr qint64 kAdapterLatencyMs = 20;   // what adapters hold characters back for
+constexpr std::size_t kBlockBytes = 256;   // a driver frees its room in blocks; small ones show that a slow line moves
 
-struct LineSettings {
-    qint32 baud;
-    QSerialPort::Parity parity;
-    QSerialPort::DataBits dataBits;
-    QSerialPort::StopBits stopBits;
-};
-
-bool ParseSettings(const QString& text, LineSettings& line) {
-    static const QRegularExpression pattern(QStringLiteral("^(\\d{1,7}),([NEO]),([5-8]),([12])$"));
-    const QRegularExpressionMatch match = pattern.match(text);
-    if (!match.hasMatch() || match.captured(1).toInt() == 0) {
-        return false;
-    }
-    const QChar parity = match.captured(2).at(0);
-    line.baud = match.captured(1).toInt();
-    line.parity = parity == u'N'   ? QSerialPort::NoParity
-                  : parity == u'E' ? QSerialPort::EvenParity
-                                   : QSerialPort::OddParity;
-    line.dataBits = static_cast<QSerialPort::DataBits>(match.captured(3).toInt());
-    line.stopBits = match.captured(4) == u"2" ? QSerialPort::TwoStop : QSerialPort::OneStop;
-    return true;
+// The rate of "19200,N,8,2", in baud; 0 if the text makes no sense.
+qint32 RateOf(const QString& settings) {
+    static const QRegularExpression pattern(QStringLiteral("^(\\d{1,7}),N,8,2$"));
+    return pattern.match(settings).captured(1).toInt();
 }
 
 }  // namespace
@@ -57,8 +38,7 @@ SerialControl::SerialControl(PortFinder findPort) : findPort_(std::move(findPort
 SerialControl::~SerialControl() { Close(); }
 
 bool SerialControl::SetSettings(const QString& settings) {
-    LineSettings line{};
-    if (!ParseSettings(settings, line)) {
+    if (RateOf(settings) == 0) {
         return false;
     }
     settings_ = settings;
@@ -75,25 +55,23 @@ bool SerialControl::SetPortOpen(bool open) {
 
 bool SerialControl::Open() {
     const QString device = findPort_(number_);
-    LineSettings line{};
-    if (device.isEmpty() || !ParseSettings(settings_, line)) {
+    if (device.isEmpty()) {
         return false;
     }
+    const qint32 baud = RateOf(settings_);
     port_.setPortName(device);
-    port_.setBaudRate(line.baud);
-    port_.setParity(line.parity);
-    port_.setDataBits(line.dataBits);
-    port_.setStopBits(line.stopBits);
+    port_.setBaudRate(baud);
+    port_.setParity(QSerialPort::NoParity);
+    port_.setDataBits(QSerialPort::Data8);
+    port_.setStopBits(QSerialPort::TwoStop);
     port_.setFlowControl(QSerialPort::NoFlowControl);
     if (!port_.open(QIODevice::ReadWrite)) {
         return false;
     }
     open_ = true;
     lost_ = false;
-    stalled_ = false;
     waiting_.clear();
-    lineFreeUs_ = 0;
-    untaken_ = 0;
+    load_.Opened(baud);
     lossWatch_.start();
     return true;
 }
@@ -105,7 +83,7 @@ void SerialControl::Close() {
     Drain();
     lossWatch_.stop();
     if (port_.isOpen()) {
-        if (stalled_) {
+        if (load_.Stalled()) {
             port_.clear(QSerialPort::Output);  // closing would wait for a line that takes nothing
         }
         port_.close();
@@ -115,25 +93,23 @@ void SerialControl::Close() {
     waiting_.clear();
 }
 
-// The last command must leave whole at the rate it was sent with, before the port's own settings are restored.
-// The system's drain knows nothing of the buffer in an adapter, so the time that its characters need is waited for as
-// well. No longer: a far end that takes all at once, as a simulated one, is done long before a line would be.
+// The last command must leave whole at the rate it was sent with, before the port's own settings are restored. The
+// system's drain knows nothing of the buffer in an adapter, so the line is given its time first.
 void SerialControl::Drain() {
     OutputState state = OutputState::Waiting;
-    while (!stalled_ && state == OutputState::Waiting) {
+    while (!load_.Stalled() && state == OutputState::Waiting) {
         state = FlushOutput();
     }
-    if (lost_ || stalled_) {
-        return;
+    for (qint64 leftMs = LineTimeLeftMs(); leftMs > 0; leftMs = LineTimeLeftMs()) {
+        QThread::msleep(static_cast<unsigned long>(std::min<qint64>(leftMs, kOutputRestMs)));
+        LookForLoss();
     }
+    QThread::msleep(kAdapterLatencyMs);
 #ifdef Q_OS_UNIX
-    ::tcdrain(port_.handle());
-#endif
-    const qint64 restUs = lineFreeUs_ + kDriverLatencyUs - NowUs();
-    if (lineFreeUs_ > 0 && restUs > 0) {
-        const qint64 longestUs = LineTimeUs(kAdapterBuffer) + kDriverLatencyUs;
-        QThread::usleep(static_cast<unsigned long>(std::min(restUs, longestUs)));
+    if (!lost_ && !load_.Stalled()) {
+        ::tcdrain(port_.handle());
     }
+#endif
 }
 
 // An open port whose device is gone would report that without end, so the system's port is given up at once. PortOpen
@@ -155,21 +131,17 @@ void SerialControl::LookForLoss() {
     }
 }
 
-qint64 SerialControl::LineTimeUs(qint64 characters) const {
-    return characters * kBitsPerCharacter * 1'000'000 / std::max(port_.baudRate(), 1);
-}
-
-void SerialControl::CountLineTime(qint64 characters) {
-    lineFreeUs_ = std::max(lineFreeUs_, NowUs()) + LineTimeUs(characters);
-}
-
 void SerialControl::ClearOutBuffer() {
-    if (stalled_ && open_ && !lost_) {
-        port_.clear(QSerialPort::Output);
-        untaken_ = 0;
+    if (load_.Stalled() || lost_) {
+        DropOutput();
     }
-    if (stalled_ || lost_) {
-        waiting_.clear();
+}
+
+void SerialControl::DropOutput() {
+    waiting_.clear();
+    if (open_ && !lost_) {
+        port_.clear(QSerialPort::Output);
+        load_.Dropped(NowUs());
     }
 }
 
@@ -204,57 +176,67 @@ QByteArray SerialControl::Input() {
     return open_ && !lost_ ? port_.read(inputLen_ > 0 ? inputLen_ : port_.bytesAvailable()) : QByteArray();
 }
 
-// What the driver takes without waiting needs no notifier and no event.
-void SerialControl::WriteAtOnce() {
+// Gives the port what it takes at once, in blocks. False: it takes nothing more for now.
+bool SerialControl::Hand() {
+    while (!waiting_.empty()) {
+        const std::size_t block = std::min(waiting_.size(), kBlockBytes);
 #ifdef Q_OS_UNIX
-    if (port_.bytesToWrite() == 0) {
-        const ssize_t taken = ::write(port_.handle(), waiting_.data(), waiting_.size());
-        if (taken > 0) {
-            CountLineTime(taken);
-            waiting_.erase(0, static_cast<std::size_t>(taken));
+        const qint64 taken = ::write(port_.handle(), waiting_.data(), block);
+#else
+        const bool busy = port_.bytesToWrite() > 0 && !port_.waitForBytesWritten(0);
+        const qint64 taken = busy ? 0 : port_.write(waiting_.data(), static_cast<qint64>(block));
+#endif
+        if (taken <= 0) {
+            return false;
         }
+        waiting_.erase(0, static_cast<std::size_t>(taken));
+        load_.Taken(taken, NowUs());
     }
+    return true;
+}
+
+void SerialControl::AwaitRoom() {
+#ifdef Q_OS_UNIX
+    pollfd line{static_cast<int>(port_.handle()), POLLOUT, 0};
+    ::poll(&line, 1, kOutputRestMs);
+#else
+    port_.waitForBytesWritten(kOutputRestMs);
 #endif
 }
 
-void SerialControl::NoteTaken() {
-    const qint64 left = port_.bytesToWrite();
-    if (left < untaken_) {
-        CountLineTime(untaken_ - left);
-        takenUs_ = NowUs();
-        stalled_ = false;
+// A driver that tells how much waits in it shows whether the line moves, and corrects what is believed of it.
+void SerialControl::AskDriver() {
+#ifdef Q_OS_UNIX
+    int held = 0;
+    if (!open_ || lost_ || ::ioctl(port_.handle(), TIOCOUTQ, &held) != 0) {
+        return;
     }
-    untaken_ = left;
+    load_.DriverHolds(held, NowUs());
+#endif
+}
+
+qint64 SerialControl::LineTimeLeftMs() {
+    AskDriver();
+    return lost_ ? 0 : (load_.LeftUs(NowUs()) + 999) / 1000;
 }
 
 Com::OutputState SerialControl::FlushOutput() {
     if (!open_ || lost_) {
         return OutputState::Taken;
     }
-    NoteTaken();
-    if (!waiting_.empty()) {
-        WriteAtOnce();
-        if (!waiting_.empty()) {
-            port_.write(waiting_.data(), static_cast<qint64>(waiting_.size()));
-            waiting_.clear();
-            untaken_ = port_.bytesToWrite();
-            takenUs_ = NowUs();
-        }
+    const bool all = Hand();
+    AskDriver();
+    if (all) {
+        load_.AllTaken();
+        return load_.Stalled() ? OutputState::Stalled : OutputState::Taken;
     }
-    if (untaken_ == 0) {
-        stalled_ = false;
-        return OutputState::Taken;
+    if (!load_.Stalled()) {
+        AwaitRoom();
     }
-    port_.waitForBytesWritten(stalled_ ? 0 : kOutputRestMs);
     LookForLoss();
     if (lost_) {
         return OutputState::Taken;
     }
-    NoteTaken();
-    if (untaken_ == 0) {
-        return OutputState::Taken;
-    }
-    // A driver with a full buffer takes nothing while the line works on it, for seconds at 4800 baud.
-    stalled_ = stalled_ || NowUs() - std::max(takenUs_, lineFreeUs_) >= kStalledLineUs;
-    return stalled_ ? OutputState::Stalled : OutputState::Waiting;
+    load_.Refused(NowUs());
+    return load_.Stalled() ? OutputState::Stalled : OutputState::Waiting;
 }

@@ -3,11 +3,11 @@
 #include <QElapsedTimer>
 #include <QSerialPort>
 #include <QTimer>
-#include <algorithm>
 #include <functional>
 #include <string>
 
 #include "platform/Com.h"
+#include "platform/LineLoad.h"
 
 // Com over a port of this system.
 class SerialControl : public Com {
@@ -32,31 +32,29 @@ class SerialControl : public Com {
     QByteArray Input() override;
     void Output(char character) override { waiting_ += character; }
     OutputState FlushOutput() override;
-    qint64 LineTimeLeftMs() const override { return std::max<qint64>(lineFreeUs_ - NowUs(), 0) / 1000; }
+    qint64 LineTimeLeftMs() override;
+    void ReplyComplete() override { load_.Answered(NowUs()); }
+    void DropOutput() override;
 
   private:
     bool Open();
     void Close();
     void Drain();
     void LookForLoss();
-    void WriteAtOnce();
-    void NoteTaken();
-    qint64 LineTimeUs(qint64 characters) const;
-    void CountLineTime(qint64 characters);
+    bool Hand();
+    void AwaitRoom();
+    void AskDriver();
     qint64 NowUs() const { return clock_.nsecsElapsed() / 1000; }
 
     PortFinder findPort_;
     QSerialPort port_;
     int number_ = 1;
-    QString settings_ = QStringLiteral("9600,N,8,1");
+    QString settings_ = QStringLiteral("9600,N,8,2");
     qsizetype inputLen_ = 0;
-    std::string waiting_;  // not yet handed to the port
+    std::string waiting_;  // not yet taken by the port
     bool open_ = false;
     bool lost_ = false;
-    bool stalled_ = false;   // the line carried nothing for the whole of its time-out
-    qint64 untaken_ = 0;     // bytes that the driver had not taken at the last look
-    qint64 takenUs_ = 0;     // when it took some last
-    qint64 lineFreeUs_ = 0;  // moment at which the line has carried all that was handed to it
+    LineLoad load_;
     QElapsedTimer clock_;
     QTimer lossWatch_;  // sees an adapter pulled while the line is idle
 };

@@ -187,8 +187,8 @@ class WholeSoak : public WholeBench {
         }
         const QString setting = folder.filePath(QStringLiteral("good.set"));
         const QString points = folder.filePath(QStringLiteral("good.con"));
-        EXPECT_TRUE(CreateSettingFile(setting) && SaveSettingFile(setting, PanelState{}, ArbMemories{}));
-        EXPECT_TRUE(CreateConstructionFile(points) && SaveConstructionFile(points));
+        EXPECT_TRUE(SaveSettingFile(CreateSettingFile(setting), PanelState{}, ArbMemories{}));
+        EXPECT_TRUE(SaveConstructionFile(CreateConstructionFile(points)));
         QFile whole(setting);
         EXPECT_TRUE(whole.open(QFile::ReadOnly));
         broken_ = QStringList{QStringLiteral("cut.set"), QStringLiteral("cut.con"), QStringLiteral("empty.con")};

@@ -4,19 +4,18 @@
 
 #include "core/MemorySize.h"
 #include "storage/MemoryTable.h"
-#include "storage/NewFile.h"
 #include "storage/RecordStore.h"
 
-bool CreateConstructionFile(const QString& fileName) {
-    return BuildNewFile(fileName, [](SQLite::Database& database) {
-        for (const MemorySize* const size : kMemorySizes) {
-            CreateMemoryTable(database, size->table);
-        }
-    });
+NewFile CreateConstructionFile(const QString& fileName) {
+    return {fileName, [](SQLite::Database& database) {
+                for (const MemorySize* const size : kMemorySizes) {
+                    CreateMemoryTable(database, size->table);
+                }
+            }};
 }
 
-bool SaveConstructionFile(const QString& fileName) {
-    return FinishNewFile(fileName, [](SQLite::Database& database) {
+bool SaveConstructionFile(NewFile file) {
+    return file.Finish([](SQLite::Database& database) {
         for (const MemorySize* const size : kMemorySizes) {
             MemoryWriter writer(database, size->table);
             writer.Add(0, 0);

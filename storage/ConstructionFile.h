@@ -2,15 +2,18 @@
 
 #include <QString>
 
+#include "storage/NewFile.h"
+
 // A construction file holds the construction points of a signal, those of each memory size in a table of its own:
 // ARB4 and ARB16. Create and save run as a pair, as those of a setting file do, and are as safe.
 
-// Starts a new file to take the place of fileName. False after three failed attempts; nothing is left behind.
-bool CreateConstructionFile(const QString& fileName);
+// Starts a new file to take the place of fileName. After three failed attempts nothing is left behind, and the save
+// fails.
+NewFile CreateConstructionFile(const QString& fileName);
 
-// Writes the two end points of each table, value 0, and puts the file in place. False: what stood at fileName is
-// untouched and nothing is left behind.
-bool SaveConstructionFile(const QString& fileName);
+// Writes the two end points of each table, value 0, and puts the file in place. False: what stood there is untouched
+// and nothing is left behind.
+bool SaveConstructionFile(NewFile file);
 
 enum class ConstructionOutcome {
     Usable,                // both tables with both fields

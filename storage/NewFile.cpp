@@ -2,13 +2,13 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QUuid>
 #include <filesystem>
-#include <memory>
+#include <stdexcept>
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -33,30 +33,35 @@ QString PartPrefix(const QFileInfo& target) {
     return QStringLiteral(".trx5276-") + QString::fromLatin1(hash.toHex().left(8)) + u'-';
 }
 
-// Each process has its own, so that no save can put another's half-built file in place.
-QString PartOf(const QFileInfo& target) {
-    return target.absolutePath() + u'/' + PartPrefix(target) + QString::number(QCoreApplication::applicationPid()) +
+// No two saves share one, not even two of one process.
+QString NewPartName(const QFileInfo& target) {
+    return target.absolutePath() + u'/' + PartPrefix(target) + QUuid::createUuid().toString(QUuid::Id128) +
            QStringLiteral(".part");
 }
 
-void RemoveParts(const QFileInfo& target) {
-    QDir folder(target.absolutePath());
-    const QStringList parts =
-        folder.entryList({PartPrefix(target) + QStringLiteral("*.part")}, QDir::Files | QDir::Hidden);
-    for (const QString& part : parts) {
-        folder.remove(part);
+// A save that is under way holds a lock that keeps readers off; hold keeps off one that has just begun.
+bool IsLeftBehind(const QString& part, std::unique_ptr<SQLite::Database>& hold) {
+    try {
+        hold = std::make_unique<SQLite::Database>(part.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+        hold->exec("BEGIN; SELECT count(*) FROM sqlite_master");
+        return true;
+    } catch (const std::exception& fault) {
+        return OutcomeOf(fault) == StoreOutcome::NotADatabase;  // it was killed while it wrote the head
     }
 }
 
-// A part that fails is thrown away whole, so it needs no journal. All of its bytes reach the disk at its one synced
-// commit, that of the completion.
-void FillPart(const QString& part, int flags, const char* synchronous, const FillDatabase& fill) {
-    SQLite::Database database(part.toStdString(), flags | SQLite::OPEN_NOMUTEX, kLockWaitMs);
-    database.exec("PRAGMA journal_mode = OFF");
-    database.exec(synchronous);
-    SQLite::Transaction transaction(database);
-    fill(database);
-    transaction.commit();
+// What saves for this target left behind that were killed.
+void ClearParts(const QFileInfo& target) {
+    const QDir folder(target.absolutePath());
+    const QStringList parts =
+        folder.entryList({PartPrefix(target) + QStringLiteral("*.part")}, QDir::Files | QDir::Hidden);
+    for (const QString& part : parts) {
+        const QString path = folder.filePath(part);
+        std::unique_ptr<SQLite::Database> hold;
+        if (IsLeftBehind(path, hold)) {
+            QFile::remove(path);
+        }
+    }
 }
 
 // Keeps other connections off the file that is about to go, and rolls back what a killed one left unfinished in it.
@@ -119,33 +124,76 @@ bool PutInPlace(const QString& part, const QFileInfo& target) {
 
 }  // namespace
 
-bool BuildNewFile(const QString& fileName, const FillDatabase& fill) {
+// The file while it is built. From its first moment to the rename a lock shows other saves that someone works on it;
+// the system takes the lock away when the process ends, however it ends.
+class NewFile::Part {
+  public:
+    explicit Part(const QFileInfo& target)
+        : target_(target.absoluteFilePath()),
+          name_(NewPartName(target)),
+          database_(name_.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE | SQLite::OPEN_NOMUTEX,
+                    kLockWaitMs) {}
+    // While the lock still stands.
+    ~Part() {
+        if (!inPlace_) {
+            QFile::remove(name_);
+        }
+    }
+    Q_DISABLE_COPY_MOVE(Part)
+
+    // A part that fails is thrown away whole, so it needs no journal. All of its bytes reach the disk at its one synced
+    // commit, that of the completion.
+    void Start(const FillDatabase& fill) {
+        database_.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
+        database_.exec("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
+        // Before it was locked, another save could take it for left behind.
+        if (!QFile::exists(name_)) {
+            throw std::runtime_error("the file that was begun is gone");
+        }
+        Fill(fill);
+    }
+    bool Complete(const FillDatabase& fill) {
+        database_.exec("PRAGMA synchronous = FULL");
+        Fill(fill);
+        inPlace_ = PutInPlace(name_, QFileInfo(target_));
+        return inPlace_;
+    }
+
+  private:
+    void Fill(const FillDatabase& fill) {
+        SQLite::Transaction transaction(database_);
+        fill(database_);
+        transaction.commit();
+    }
+
+    QString target_;
+    QString name_;
+    SQLite::Database database_;
+    bool inPlace_ = false;
+};
+
+NewFile::NewFile(const QString& fileName, const FillDatabase& fill) {
     const QFileInfo target = TargetOf(fileName);
-    for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        RemoveParts(target);
+    ClearParts(target);
+    for (int attempt = 0; attempt < kAttempts && !part_; ++attempt) {
         try {
-            FillPart(PartOf(target), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE, "PRAGMA synchronous = OFF", fill);
-            return true;
+            auto part = std::make_unique<Part>(target);
+            part->Start(fill);
+            part_ = std::move(part);
         } catch (const std::exception&) {
             continue;
         }
     }
-    RemoveParts(target);
-    return false;
 }
 
-bool FinishNewFile(const QString& fileName, const FillDatabase& fill) {
-    const QFileInfo target = TargetOf(fileName);
-    const QString part = PartOf(target);
-    bool inPlace = false;
+NewFile::NewFile(NewFile&&) noexcept = default;
+NewFile::~NewFile() = default;
+
+bool NewFile::Finish(const FillDatabase& fill) {
+    const std::unique_ptr<Part> part = std::move(part_);
     try {
-        FillPart(part, SQLite::OPEN_READWRITE, "PRAGMA synchronous = FULL", fill);
-        inPlace = PutInPlace(part, target);
+        return part && part->Complete(fill);
     } catch (const std::exception&) {
-        inPlace = false;
+        return false;
     }
-    if (!inPlace) {
-        QFile::remove(part);
-    }
-    return inPlace;
 }

@@ -11,7 +11,6 @@
 
 #include "core/MemorySize.h"
 #include "storage/MemoryTable.h"
-#include "storage/NewFile.h"
 #include "storage/RecordStore.h"
 
 namespace {
@@ -186,10 +185,10 @@ LoadOutcome OutcomeOfRefusal(StoreOutcome refusal) {
 
 }  // namespace
 
-bool CreateSettingFile(const QString& fileName) { return BuildNewFile(fileName, CreateTables); }
+NewFile CreateSettingFile(const QString& fileName) { return {fileName, CreateTables}; }
 
-bool SaveSettingFile(const QString& fileName, const PanelState& panel, const ArbMemories& memories) {
-    return FinishNewFile(fileName, [&](SQLite::Database& database) {
+bool SaveSettingFile(NewFile file, const PanelState& panel, const ArbMemories& memories) {
+    return file.Finish([&](SQLite::Database& database) {
         WriteSamples(database, kMemory4k, memories.ArbMemory4);
         WriteSamples(database, kMemory16k, memories.ArbMemory16);
         WriteSettings(database, panel);

@@ -4,6 +4,7 @@
 
 #include "core/ArbMemory.h"
 #include "core/PanelState.h"
+#include "storage/NewFile.h"
 
 // A setting file holds a whole setting of the instrument and both arbitrary memories, in the tables ARB4, ARB16 and
 // Settings; ARB_CON4 and ARB_CON16 stay empty. The reference choice tmIntRef is no part of it.
@@ -11,12 +12,13 @@
 // Create and save run as a pair, create first. The file at fileName changes only in the last step of the save: until
 // then, and after any failure, the old one stays whole.
 
-// Starts a new file to take the place of fileName. False after three failed attempts; nothing is left behind.
-bool CreateSettingFile(const QString& fileName);
+// Starts a new file to take the place of fileName. After three failed attempts nothing is left behind, and the save
+// fails.
+NewFile CreateSettingFile(const QString& fileName);
 
-// Fills the file that CreateSettingFile started and puts it in place. False: what stood at fileName is untouched and
-// nothing is left behind. May wait kLockWaitMs for a file that another program has locked.
-bool SaveSettingFile(const QString& fileName, const PanelState& panel, const ArbMemories& memories);
+// Fills the file that CreateSettingFile started and puts it in place. False: what stood there is untouched and nothing
+// is left behind. May wait kLockWaitMs for a file that another program has locked.
+bool SaveSettingFile(NewFile file, const PanelState& panel, const ArbMemories& memories);
 
 enum class LoadOutcome {
     Loaded,

@@ -30,7 +30,7 @@ class ReplyNumbers {
   private:
     void ReadHead() {
         comma_ = rest_.indexOf(u',');
-        head_ = ReadHeadNumberUnbounded(comma_ < 0 ? rest_ : rest_.first(comma_));
+        head_ = ReadHeadNumber(comma_ < 0 ? rest_ : rest_.first(comma_));
     }
 
     QStringView rest_;

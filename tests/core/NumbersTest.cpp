@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "core/FrequencyDisplay.h"
 #include "core/LevelRange.h"
 #include "core/Numbers.h"
@@ -19,16 +21,20 @@ TEST(FormatPicture, RoundsTheDecimalValueHalfAwayFromZero) {
     EXPECT_EQ(FormatPicture(1e20, "0.0", '.'), u"100000000000000000000.0");
 }
 
+constexpr double kTooGreat = std::numeric_limits<double>::infinity();
+
 TEST(ReadHeadNumber, TakesTheNumberAtTheHeadOfAReply) {
     const std::pair<const char*, double> cases[] = {
-        {"1000.5", 1000.5}, {"  12 34 Hz", 1234.0}, {"1\t2\n3", 123.0}, {"+5", 5.0},
-        {"-0.25V", -0.25},  {"1e3x", 1000.0},       {"1.5E-2", 0.015},  {"2E", 2.0},
-        {".5", 0.5},        {"-.5", -0.5},          {"F=5", 0.0},       {"", 0.0},
-        {"-", 0.0},         {"inf", 0.0},           {"nan", 0.0},       {"1e999", 0.0},
-        {"1,5", 1.0},       {"1.2.3", 1.2},         {"--5", 0.0},       {"+-5", 0.0}};
+        {"1000.5", 1000.5},   {"  12 34 Hz", 1234.0}, {"1\t2\n3", 123.0}, {"+5", 5.0},
+        {"-0.25V", -0.25},    {"1e3x", 1000.0},       {"1.5E-2", 0.015},  {"2E", 2.0},
+        {".5", 0.5},          {"-.5", -0.5},          {"F=5", 0.0},       {"", 0.0},
+        {"-", 0.0},           {"inf", 0.0},           {"nan", 0.0},       {"1e-999", 0.0},
+        {"1,5", 1.0},         {"1.2.3", 1.2},         {"--5", 0.0},       {"+-5", 0.0},
+        {"1e999", kTooGreat}, {"-1e999V", -kTooGreat}};
     for (const auto& [text, value] : cases) {
         EXPECT_DOUBLE_EQ(ReadHeadNumber(QString::fromLatin1(text)), value) << text;
     }
+    EXPECT_EQ(ReadHeadNumber(QString(400, u'1').append(u".5 Hz")), kTooGreat);
 }
 
 TEST(UserNumbers, ReadAndShowByTheUsersLocale) {

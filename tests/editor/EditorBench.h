@@ -32,7 +32,7 @@ class EditorBench : public ::testing::Test, public FormHands<Editor> {
             std::ranges::generate(size->samples(program.memories), next);
         }
         program.SettingFileName.Set(set);
-        EXPECT_TRUE(CreateSettingFile(set) && SaveSettingFile(set, program.panel, program.memories));
+        EXPECT_TRUE(SaveSettingFile(CreateSettingFile(set), program.panel, program.memories));
         Open();
     }
 

@@ -99,10 +99,15 @@ TEST_F(PenWork, PointsOfASignalComeMoveAndGo) {
 }
 
 TEST_F(Entry, HoldsEachNumberToItsRangeAndStoresItAtOnce) {
+    const std::string tooGreat(400, '9');
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {"mnu4ksig", "Text1_0", "5000", " 4095"},    {"mnu4ksig", "Text1_0", "-3", " 0"},
-        {"mnu4ksig", "Text1_0", "1a5.0,0", "1500"},  {"mnu4ksig", "Text1_1", "-3000", "-2047"},
-        {"mnu16ksig", "Text1_0", "20000", " 16384"}, {"mnu16ksig", "Text1_1", "3000", " 2047"}};
+        {"mnu4ksig", "Text1_0", tooGreat.c_str(), " 4095"},
+        {"mnu4ksig", "Text1_0", "5000", " 4095"},
+        {"mnu4ksig", "Text1_0", "-3", " 0"},
+        {"mnu4ksig", "Text1_0", "1a5.0,0", "1500"},
+        {"mnu4ksig", "Text1_1", "-3000", "-2047"},
+        {"mnu16ksig", "Text1_0", "20000", " 16384"},
+        {"mnu16ksig", "Text1_1", "3000", " 2047"}};
     for (const auto& [size, field, typed, text] : cases) {
         Choose(size);
         Enter(field, typed);

@@ -37,11 +37,13 @@ TEST_F(MemoryTransfers, ReadsWhatStandsBehindTheFirstEqualsSign) {
     line.replies = {{QStringLiteral("arp4:1=?"), "2047\r"},
                     {QStringLiteral("arp4:2=?"), "x=101.5\r"},
                     {QStringLiteral("arp4:3=?"), "x=40000\r"},
-                    {QStringLiteral("arp4:4=?"), "x=y\r"}};
+                    {QStringLiteral("arp4:4=?"), "x=y\r"},
+                    {QStringLiteral("arp4:5=?"), "x=-" + QByteArray(400, '1') + '\r'},
+                    {QStringLiteral("arp4:6=?"), "x=1e999\r"}};
     link.memory.ReadArb4();
     EXPECT_EQ(line.Lines().size(), 4096);
     EXPECT_EQ(front.transfer, u"Please wait. Read 4096 Values|4095");
-    const qint16 wanted[] = {-12, 2047, 102, 99, 0, -12};
+    const qint16 wanted[] = {-12, 2047, 102, 99, 0, 99, 99, -12};
     EXPECT_TRUE(std::equal(std::begin(wanted), std::end(wanted), memories.ArbMemory4.begin()));
     EXPECT_EQ(memories.ArbMemory4[4095], -12);
     EXPECT_EQ(memories.ArbMemory4[4096], 99);
@@ -60,6 +62,39 @@ TEST_F(MemoryTransfers, ATimeOutFillsTheRestFromTheCollectedText) {
     EXPECT_EQ(memories.ArbMemory4[4095], 4);
     EXPECT_EQ(front.progress.constLast(), 4050);
     EXPECT_TRUE(front.hidden);
+}
+
+TEST_F(MemoryTransfers, StaysInSightUntilTheLineHasCarriedTheLastPoint) {
+    const LinkOperation operation(link.gate);
+    line.lineFreeMs = 60'000;
+    qint64 shownUntilMs = 0;
+    clock.onWait = [&] { shownUntilMs = front.hidden || !desktop.busy ? shownUntilMs : clock.nowMs; };
+    link.memory.SendArb4();
+    EXPECT_EQ(shownUntilMs, line.lineFreeMs);
+    EXPECT_EQ(front.progress.constLast(), 4050);
+    EXPECT_TRUE(front.hidden);
+
+    // The user closes the window meanwhile.
+    line.lineFreeMs = clock.nowMs + 60'000;
+    clock.onWait = [&] {
+        if (line.wire.endsWith("are\r")) {
+            link.gate.Abandon();
+        }
+    };
+    const qint64 before = clock.nowMs;
+    line.wire.clear();
+    link.memory.SendArb4();
+    EXPECT_LT(clock.nowMs - before, 100);
+    EXPECT_TRUE(line.wire.endsWith("arp4:4095=99\rare\r"));
+}
+
+TEST_F(MemoryTransfers, AnAbandonedSendDropsItsPointsAndEndsInOrder) {
+    const LinkOperation operation(link.gate);
+    clock.onWait = [&] { link.gate.Abandon(); };
+    link.memory.SendArb16();
+    EXPECT_EQ(line.wire, "arc16\r<dropped>\rare\r");
+    EXPECT_TRUE(front.hidden && !desktop.busy);
+    EXPECT_TRUE(desktop.boxes.isEmpty());
 }
 
 TEST_F(MemoryTransfers, AnAbandonedReadAsksNoFurther) {

@@ -61,6 +61,33 @@ TEST_F(ReadingBack, ScalesTheOffsetByTheRangeAndZeroSwitchesItOff) {
     }
 }
 
+TEST_F(ReadingBack, ANumberThatNothingCanHoldLeavesTheFieldAsItIs) {
+    for (const QByteArray& number : {QByteArray(400, '9'), QByteArray("1e999"), QByteArray("-1e999V")}) {
+        panel = PanelState{};
+        panel.bmWobbel = 1;
+        panel.bmAmDepth = 33;
+        panel.mAmp = 1.5;
+        panel.mOffset = 0.25;
+        const std::vector<double> before = Values();
+        line.reply = [&number](const QString& query, const QString&) -> QByteArray {
+            return (query == u"sta?" ? "OT0 RFI SW0 SIN AM0 SK0 CTM RMS" : number) + '\r';
+        };
+        for (const Truth offset : {kTrue, kFalse}) {
+            panel.tmOffset = offset;
+            panel.bmWobbel = 1;
+            link.readBack.ReadAllFromUnit();
+            std::vector<double> wanted = before;
+            wanted[9] = 0;  // the sweep is off, the unit is RMS
+            wanted[14] = 0;
+            wanted[16] = 3;  // the range of 1.5 Vrms
+            wanted[18] = offset;
+            EXPECT_EQ(Values(), wanted) << number.constData();
+            EXPECT_EQ(panel.bmAmDepth, 33) << number.constData();
+        }
+        EXPECT_TRUE(desktop.boxes.isEmpty());
+    }
+}
+
 TEST_F(ReadingBack, ATimeOutLeavesWhatTheCollectedTextSays) {
     // query, what comes in answer, the first of the values that follow from it
     const std::tuple<const char*, const char*, int, std::vector<double>> cases[] = {

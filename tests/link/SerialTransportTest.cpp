@@ -74,7 +74,53 @@ TEST_F(Transport, ReportsAStalledLineOnceAndGoesOnInSilence) {
     EXPECT_EQ(state.LinkUp, 0);
 }
 
+TEST_F(Transport, AReplyIsDueFromWhenTheLineHasCarriedTheQuery) {
+    ConnectSilently();
+    line.lineFreeMs = 40'000;
+    Query("sta?");
+    EXPECT_GT(clock.nowMs, 43'000);
+    EXPECT_LT(clock.nowMs, 43'200);
+    EXPECT_EQ(desktop.boxes.size(), 1);
+
+    // A reply ends the wait, and shows that the line is free.
+    ConnectSilently();
+    line.lineFreeMs = clock.nowMs + 40'000;
+    line.replies = {{QStringLiteral("ID?"), "KL5276\r"}};
+    Query("ID?");
+    EXPECT_EQ(state.ReplyText, u"KL5276");
+    const qint64 before = clock.nowMs;
+    Query("sta?");
+    EXPECT_LT(clock.nowMs - before, 3200);
+}
+
+TEST_F(Transport, WhoAbandonsAnOperationWaitsForNoLineAndIsToldOfNoFault) {
+    ConnectSilently();
+    const LinkOperation operation(link.gate);
+    line.lineFreeMs = 40'000;
+    clock.onWait = [this] { link.gate.Abandon(); };
+    panel.tmOut = kTrue;
+    const PanelState before = panel;
+    link.readBack.ReadAllFromUnit();
+    EXPECT_LT(clock.nowMs, 1000);
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+    EXPECT_EQ(state.LinkUp, 1);
+    EXPECT_TRUE(panel.tmOut == before.tmOut && panel.bmSignal == before.bmSignal && panel.mFreq == before.mFreq);
+}
+
 using Connecting = LinkBench;
+
+TEST_F(Connecting, ThePortClosesWhenTheLineHasCarriedTheLastWord) {
+    ConnectSilently();
+    line.lineFreeMs = 5000;
+    int served = 0;
+    clock.onWait = [&] { served += line.PortOpen() ? 1 : 0; };
+    link.connection.DisconnectUnit();
+    EXPECT_EQ(line.wire, "RM0\r");
+    EXPECT_GT(served, 100);  // the user's events meanwhile
+    EXPECT_EQ(clock.nowMs, 5000);
+    EXPECT_FALSE(line.PortOpen());
+    EXPECT_EQ(state.LinkUp, 0);
+}
 
 TEST_F(Connecting, APortThatGoesAwayInTheSearchIsTold) {
     line.ports = {2};

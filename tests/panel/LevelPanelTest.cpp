@@ -27,6 +27,32 @@ TEST_F(LevelAndOffset, TheSideChangedLastGivesWay) {
     }
 }
 
+// In Vrms the sum test can find fault with an offset that leaves room to spare.
+TEST_F(LevelAndOffset, AnOffsetThatGivesWayIsNeverRaised) {
+    Connect();
+    line.replies[QStringLiteral("sta?")] = "OT0 RFI SW0 SIN AM0 SK0 CTM RMS\r";
+    Click("vunit_1");
+    for (const auto& [offset, command] : {std::pair("5", "ofs:5.0000"), {"-4.5", "ofs:-4.5000"}}) {
+        Enter("Text4", "0");
+        Enter("Text2", "1");
+        Get<QLabel>("Label8")->clear();
+        Enter("Text4", offset);
+        EXPECT_TRUE(Hint().endsWith(u"Range3: 7.07V")) << offset;
+        panel.tmOffset = kTrue;
+        line.wire.clear();
+        Click("Command4");
+        EXPECT_TRUE(line.Lines().contains(QLatin1StringView(command))) << line.Lines().join(u' ').toStdString();
+    }
+}
+
+// As a setting file may bring it.
+TEST_F(LevelAndOffset, ALevelBeyondItsBoundLeavesNoRoomForAnOffset) {
+    panel.mAmp = 25.0;
+    panel.mOffset = -3.0;
+    form->RefreshPanel();
+    EXPECT_EQ(Texts({"Text2", "Text4"}), u"25.00000 0.0000");
+}
+
 TEST_F(LevelAndOffset, TheUnitConvertsTheLevelAndIsJudgedByTheState) {
     // The unit clicked, the level that stood there, the one that stands there then, and the hint.
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {

@@ -1,12 +1,15 @@
 // Saves that are killed, each at another of the operations by which a process changes the disk. The C functions below
 // stand in for those of the system, also in the libraries that this program loads.
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdarg>
+#include <functional>
 #include <regex>
 
 #include "StorageBench.h"
@@ -15,8 +18,9 @@ namespace {
 
 struct Operations {
     bool watched = false;
-    std::string done;       // one letter each
-    std::size_t fatal = 0;  // the process dies at the head of this one, counted from 1
+    std::string done;                 // one letter each
+    std::size_t fatal = 0;            // the process dies at the head of this one, counted from 1
+    std::function<void()> created{};  // runs once, as soon as a file has been made
 };
 Operations operations;
 
@@ -48,6 +52,16 @@ ssize_t pwrite64(int file, const void* bytes, size_t count, off64_t at) {
 int fdatasync(int file) { return Do('s', SYS_fdatasync, file); }
 int fsync(int file) { return Do('s', SYS_fsync, file); }
 int unlink(const char* path) noexcept { return Do('u', SYS_unlink, path); }
+int open64(const char* path, int flags, ...) {
+    va_list rest;
+    va_start(rest, flags);
+    const int file = ::openat(AT_FDCWD, path, flags, va_arg(rest, mode_t));
+    va_end(rest);
+    if ((flags & O_CREAT) != 0 && operations.created) {
+        std::exchange(operations.created, nullptr)();
+    }
+    return file;
+}
 int rename(const char* from, const char* to) noexcept { return Do('r', SYS_rename, from, to); }
 }
 
@@ -98,6 +112,30 @@ TEST_F(Crashes, AKillAtAnyMomentLeavesTheOldFileOrTheNewOne) {
     }
     EXPECT_GT(moments, 50U);
     EXPECT_EQ(withNewFile, 2U);  // killed at the sync of the folder, and not at all
+}
+
+// Two savers of one name, each at every stage of the other.
+TEST_F(Crashes, SavesForOneNameLeaveEachOthersUnfinishedFilesAlone) {
+    const auto saveElsewhere = [&] { EXPECT_EQ(InChild([&] { ::_exit(new_.Save(name_) ? 0 : 1); }), 0); };
+    NewFile first = CreateSettingFile(name_);
+    NewFile second = CreateSettingFile(name_);
+    InChild([&] {
+        const NewFile killed = CreateSettingFile(name_);
+        ::kill(::getpid(), SIGKILL);
+    });
+    EXPECT_EQ(Files(), 4);
+    saveElsewhere();
+    EXPECT_EQ(Files(), 3);  // what was killed is gone, what lives is not
+    EXPECT_TRUE(HoldsNew(0));
+    EXPECT_TRUE(SaveSettingFile(std::move(second), new_.panel, new_.memories));
+    EXPECT_TRUE(SaveSettingFile(std::move(first), old_.panel, old_.memories));
+    EXPECT_FALSE(HoldsNew(0));  // the last one stays
+    // A file that is not locked yet looks as if it had been left behind.
+    operations.created = saveElsewhere;
+    EXPECT_TRUE(old_.Save(name_));
+    EXPECT_FALSE(operations.created);
+    EXPECT_FALSE(HoldsNew(0));
+    EXPECT_EQ(Files(), 1);
 }
 
 TEST_F(Crashes, AFullDiskLeavesTheOldFile) {

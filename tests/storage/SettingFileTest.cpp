@@ -70,7 +70,7 @@ TEST_F(SettingFiles, ALoadLeavesStateAndFolderAloneWhereThereIsNone) {
         ExpectLoad(LoadOutcome::NotASettingFile, kBefore);
         EXPECT_EQ(CheckConstructionFile(name_), ConstructionOutcome::NotAConstructionFile);
     }
-    EXPECT_TRUE(CreateConstructionFile(name_) && SaveConstructionFile(name_));
+    EXPECT_TRUE(SaveConstructionFile(CreateConstructionFile(name_)));
     ExpectLoad(LoadOutcome::NotASettingFile, kBefore);
     EXPECT_EQ(Files(), 1);
 }
@@ -107,7 +107,7 @@ TEST_F(SettingFiles, ASaveReplacesAFileBehindALinkAndNoFolder) {
 }
 
 TEST_F(ConstructionFiles, HaveTwoEndPointsInEachTable) {
-    ASSERT_TRUE(kStored.Save(name_) && CreateConstructionFile(name_) && SaveConstructionFile(name_));
+    ASSERT_TRUE(kStored.Save(name_) && SaveConstructionFile(CreateConstructionFile(name_)));
     EXPECT_EQ(CheckConstructionFile(name_), ConstructionOutcome::Usable);
     EXPECT_EQ(Ask("SELECT group_concat(name) FROM sqlite_master"), "ARB4,ARB16");
     EXPECT_EQ(Ask("SELECT group_concat(Adr || ' ' || Value) FROM ARB4"), "0 0,4095 0");

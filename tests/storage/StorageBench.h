@@ -37,7 +37,7 @@ struct Content {
                memories.ArbMemory16 == other.memories.ArbMemory16;
     }
 
-    bool Save(const QString& name) const { return CreateSettingFile(name) && SaveSettingFile(name, panel, memories); }
+    bool Save(const QString& name) const { return SaveSettingFile(CreateSettingFile(name), panel, memories); }
     LoadOutcome Load(const QString& name) { return LoadSettingFile(name, panel, memories); }
 
     // What a load of this content leaves of another.

@@ -30,6 +30,7 @@ class ScriptedLine : public Com {
     QSet<int> ports{1, 2, 3, 4};  // that can be opened
     bool takesOutput = true;
     bool lost = false;
+    qint64 lineFreeMs = 0;  // when the line has carried what it took, by the scripted clock
 
     QByteArray wire;       // all that was sent
     QStringList openings;  // "port: settings" of each successful opening
@@ -49,7 +50,12 @@ class ScriptedLine : public Com {
     QByteArray Input() override;
     void Output(char character) override { waiting_ += character; }
     OutputState FlushOutput() override;
-    qint64 LineTimeLeftMs() const override { return 0; }
+    qint64 LineTimeLeftMs() override { return std::max<qint64>(lineFreeMs - clock_.nowMs, 0); }
+    void ReplyComplete() override { lineFreeMs = 0; }
+    void DropOutput() override {
+        waiting_.clear();
+        wire += "<dropped>";
+    }
 
   private:
     ScriptedClock& clock_;

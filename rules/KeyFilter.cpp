@@ -1,4 +1,4 @@
-#include "panel/KeyFilter.h"
+#include "rules/KeyFilter.h"
 
 namespace {
 

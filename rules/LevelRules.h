@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QString>
-
 #include "core/LevelRange.h"
 #include "core/Numbers.h"
 #include "core/PanelState.h"
+#include "rules/Held.h"
 
 // The arithmetic that ties level, unit, offset and amplitude modulation together. Levels are in the unit of tmVPP
 // (Vpp while true, Vrms while false), offsets in V. A value equal to a bound is valid.
@@ -15,33 +14,28 @@ inline double HighestLevelOfAll(Truth tmVPP) { return HighestLevel(kLevelRanges.
 // Amplitude modulation doubles the peak, so the level may be half.
 inline double HighestAmLevel(Truth tmVPP) { return HighestLevelOfAll(tmVPP) / 2.0; }
 
-enum class LevelBound { None, Lowest, Highest, HighestWithAm };
-
-struct HeldLevel {
-    double level;
-    LevelBound bound;  // the bound that the entry was brought to
-};
-
-// A level entry held within the bounds of its unit.
-HeldLevel HoldLevel(double level, Truth tmVPP, bool amOn);
-// The hint of a bound; empty for None.
-QString LevelMessage(LevelBound bound, Truth tmVPP, const UserNumbers& numbers);
+// A level within the bounds of its unit.
+Held HoldLevel(double level, Truth tmVPP, bool amOn, const UserNumbers& numbers);
+// A level at or below the highest that amplitude modulation allows.
+Held HoldAmLevel(double level, Truth tmVPP, const UserNumbers& numbers);
 
 // A level of the other unit in the unit `toVpp`. The factor is the square root of 2.
 double ConvertLevel(double level, bool toVpp);
 
-// Whether level and offset together exceed the range's level bound: 2 x offset + level in Vpp, the square root of
-// 2 x offset + level in Vrms. The offset counts with the sign it is given with.
-bool SumExceedsRange(double level, double offset, quint8 bmBereich, Truth tmVPP);
+// An offset at or below the largest of its range. It counts with its sign.
+Held HoldOffset(double offset, quint8 bmBereich);
+
+// The sum test: level and offset together may reach the range's highest level, as 2 x offset + level in Vpp, and as the
+// square root of 2 x offset + level in Vrms. The offset counts with the sign it is given with.
+
 // The level that gives way to the offset. In Vrms it is held within its range, and is never raised
 // (a level in a gap of the ranges stays).
-double LevelBesideOffset(double level, double offset, quint8 bmBereich, Truth tmVPP);
-// The magnitude of the offset that gives way to the level; 0 for a level that is above its range by itself.
-double OffsetBesideLevel(double level, quint8 bmBereich, Truth tmVPP);
+Held HoldLevelBesideOffset(double level, double offset, quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers);
+// The magnitude of the offset that gives way to the level: 0 for a level that is above its range by itself, and never
+// above `offset`, the magnitude that stood there.
+Held HoldOffsetBesideLevel(double offset, double level, quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers);
 // An offset's magnitude at the resolution of its range: three decimals in range 2, two in range 3, all in range 1.
 double RoundOffset(double magnitude, quint8 bmBereich);
 
 QString LevelToolTip(Truth tmVPP, const UserNumbers& numbers);
 QString OffsetToolTip(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers);
-QString LargestOffsetMessage(quint8 bmBereich);
-QString SumMessage(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers);

@@ -2,11 +2,11 @@
 
 #include <cmath>
 
-#include "panel/FrequencyRules.h"
-#include "panel/KeyFilter.h"
-#include "panel/LevelRules.h"
-#include "panel/ModulationRules.h"
-#include "panel/SweepRules.h"
+#include "rules/FrequencyRules.h"
+#include "rules/KeyFilter.h"
+#include "rules/LevelRules.h"
+#include "rules/ModulationRules.h"
+#include "rules/SweepRules.h"
 
 namespace {
 
@@ -37,12 +37,12 @@ TEST(FrequencyRules, HoldsTheEntryInHertzWithinInclusiveBounds) {
         {100.0, 2, 15.0e6, true},   {0.5, 2, 5.0e5, false},     {2000.0, 0, 2000.0, false},
         {2.0, 1, 2000.0, false},    {7.0, -1, 7.0, false}};
     for (const auto& [entry, unit, hertz, outOfRange] : cases) {
-        const HeldFrequency held = HoldFrequency(entry, unit);
-        EXPECT_DOUBLE_EQ(held.hertz, hertz) << entry << ' ' << unit;
-        EXPECT_EQ(held.outOfRange, outOfRange) << entry << ' ' << unit;
+        const Held held = HoldFrequency(entry, unit, kPoint);
+        EXPECT_DOUBLE_EQ(held.value, hertz) << entry << ' ' << unit;
+        EXPECT_EQ(!held.hint.isEmpty(), outOfRange) << entry << ' ' << unit;
     }
-    EXPECT_EQ(FrequencyRangeMessage(kPoint), u"Frequencyrange: 0.0001 to 15000000.0000");
-    EXPECT_EQ(FrequencyRangeMessage(kComma), u"Frequencyrange: 0,0001 to 15000000,0000");
+    EXPECT_EQ(HoldFrequency(0.0, 0, kPoint).hint, u"Frequencyrange: 0.0001 to 15000000.0000");
+    EXPECT_EQ(HoldFrequency(16.0, 2, kComma).hint, u"Frequencyrange: 0,0001 to 15000000,0000");
 }
 
 TEST(LevelRules, HoldsALevelWithinTheBoundsOfItsUnit) {
@@ -59,9 +59,9 @@ TEST(LevelRules, HoldsALevelWithinTheBoundsOfItsUnit) {
         {7.08, kFalse, false, 7.07, "Max. Level: 7.0700"},
         {3.6, kFalse, true, 3.535, "Am-Modulation is On. Max. Level: 3.5350"}};
     for (const auto& [level, vpp, am, wanted, message] : cases) {
-        const HeldLevel held = HoldLevel(level, vpp, am);
-        EXPECT_DOUBLE_EQ(held.level, wanted) << level;
-        EXPECT_EQ(LevelMessage(held.bound, vpp, kPoint), QLatin1StringView(message)) << level;
+        const Held held = HoldLevel(level, vpp, am, kPoint);
+        EXPECT_DOUBLE_EQ(held.value, wanted) << level;
+        EXPECT_EQ(held.hint, QLatin1StringView(message)) << level;
     }
 }
 
@@ -71,22 +71,26 @@ TEST(LevelRules, SumTestIsStrictAndTakesTheSign) {
         {12.0, -5.0, 3, kTrue, false}, {12.0, 5.0, 3, kTrue, true},   {0.1, 0.05, 1, kTrue, false},
         {6.0, 0.75, 3, kFalse, false}, {6.0, 0.757, 3, kFalse, true}, {0.07, -0.05, 1, kFalse, false}};
     for (const auto& [level, offset, range, vpp, exceeds] : cases) {
-        EXPECT_EQ(SumExceedsRange(level, offset, range, vpp), exceeds) << level << ' ' << offset;
+        const Held held = HoldLevelBesideOffset(level, offset, range, vpp, kPoint);
+        EXPECT_EQ(!held.hint.isEmpty(), exceeds) << level << ' ' << offset;
+        EXPECT_EQ(held.value < level, exceeds) << level << ' ' << offset;
     }
 }
 
 TEST(LevelRules, TheSideThatGivesWayMeetsTheBound) {
-    EXPECT_DOUBLE_EQ(LevelBesideOffset(15.0, 4.0, 3, kTrue), 12.0);
-    EXPECT_DOUBLE_EQ(LevelBesideOffset(6.0, 1.0, 3, kFalse), 7.07 - std::sqrt(2.0));
+    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(15.0, 4.0, 3, kTrue, kPoint).value, 12.0);
+    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(6.0, 1.0, 3, kFalse, kPoint).value, 7.07 - std::sqrt(2.0));
     // Never below the range, never raised.
-    EXPECT_DOUBLE_EQ(LevelBesideOffset(0.3, 0.5, 2, kFalse), 0.071);
-    EXPECT_DOUBLE_EQ(LevelBesideOffset(0.0705, 5.0, 3, kFalse), 0.0705);
-    EXPECT_DOUBLE_EQ(LevelBesideOffset(8.0, -0.1, 3, kFalse), 7.07);
+    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(0.3, 0.5, 2, kFalse, kPoint).value, 0.071);
+    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(0.0705, 5.0, 3, kFalse, kPoint).value, 0.0705);
+    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(8.0, -0.1, 3, kFalse, kPoint).value, 7.07);
 
-    EXPECT_DOUBLE_EQ(OffsetBesideLevel(1.5, 2, kTrue), 0.25);
-    EXPECT_DOUBLE_EQ(OffsetBesideLevel(12.0, 3, kTrue), 4.0);
-    EXPECT_DOUBLE_EQ(OffsetBesideLevel(6.0, 3, kFalse), (20.0 - 12.0 * std::sqrt(2.0)) / 2.0);
-    EXPECT_DOUBLE_EQ(OffsetBesideLevel(25.0, 3, kTrue), 0.0);
+    EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(0.4, 1.5, 2, kTrue, kPoint).value, 0.25);
+    EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(5.0, 12.0, 3, kTrue, kPoint).value, 4.0);
+    EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(4.0, 6.0, 3, kFalse, kPoint).value, (20.0 - 12.0 * std::sqrt(2.0)) / 2.0);
+    // Never of the other sign, never raised.
+    EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(3.0, 25.0, 3, kTrue, kPoint).value, 0.0);
+    EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(5.0, 1.0, 3, kFalse, kPoint).value, 5.0);
 
     EXPECT_DOUBLE_EQ(RoundOffset(0.04567, 1), 0.04567);
     EXPECT_DOUBLE_EQ(RoundOffset(0.12345, 2), 0.123);
@@ -98,30 +102,31 @@ TEST(LevelRules, TextsNameTheRangeAndTheUnit) {
     EXPECT_EQ(LevelToolTip(kFalse, kComma), u"Level range is from 0,007 Vrms to 7,07 Vrms (incl. 2X offset)");
     EXPECT_EQ(OffsetToolTip(1, kTrue, kPoint), u"Max offset in range1 is 50mV (level <= 0.20 Vpp)");
     EXPECT_EQ(OffsetToolTip(2, kFalse, kPoint), u"Max offset in range2 is 500mV (level <= 0.70 Vrms)");
-    EXPECT_EQ(LargestOffsetMessage(1), u"Max Offset in Range1 is 50mV");
-    EXPECT_EQ(LargestOffsetMessage(3), u"Max Offset in Range3 is 5.00V");
+    EXPECT_EQ(HoldOffset(0.06, 1).hint, u"Max Offset in Range1 is 50mV");
+    EXPECT_EQ(HoldOffset(5.1, 3).hint, u"Max Offset in Range3 is 5.00V");
     const QString sum = QStringLiteral("2 X offset + output voltage is higher then the max. possible level ");
-    EXPECT_EQ(SumMessage(1, kFalse, kPoint), sum + u"Range1: 0.07V");
-    EXPECT_EQ(SumMessage(3, kTrue, kComma), sum + u"Range3: 20,00V");
+    EXPECT_EQ(HoldLevelBesideOffset(0.07, 0.05, 1, kFalse, kPoint).hint, sum + u"Range1: 0.07V");
+    EXPECT_EQ(HoldOffsetBesideLevel(5.0, 12.0, 3, kTrue, kComma).hint, sum + u"Range3: 20,00V");
 }
 
 TEST(SweepRules, HoldTheTime) {
-    EXPECT_TRUE(HoldSweepTime(0.01, kPoint).message.isEmpty() && HoldSweepTime(40.0, kPoint).message.isEmpty());
-    EXPECT_DOUBLE_EQ(HoldSweepTime(0.009, kComma).seconds, 0.01);
-    EXPECT_EQ(HoldSweepTime(0.009, kComma).message, u"Minimum sweep time : 0,01 sec");
-    EXPECT_DOUBLE_EQ(HoldSweepTime(41.0, kPoint).seconds, 40.0);
-    EXPECT_EQ(HoldSweepTime(41.0, kPoint).message, u"Maximun sweep time : 40 sec");
+    EXPECT_TRUE(HoldSweepTime(0.01, kPoint).hint.isEmpty() && HoldSweepTime(40.0, kPoint).hint.isEmpty());
+    EXPECT_DOUBLE_EQ(HoldSweepTime(0.009, kComma).value, 0.01);
+    EXPECT_EQ(HoldSweepTime(0.009, kComma).hint, u"Minimum sweep time : 0,01 sec");
+    EXPECT_DOUBLE_EQ(HoldSweepTime(41.0, kPoint).value, 40.0);
+    EXPECT_EQ(HoldSweepTime(41.0, kPoint).hint, u"Maximun sweep time : 40 sec");
 }
 
 TEST(ModulationRules, HoldDepthAndPhase) {
-    const std::pair<double, int> depths[] = {{-1.0, 0}, {0.0, 0}, {0.5, 0}, {1.5, 2}, {100.0, 100}, {250.0, 100}};
+    const std::pair<double, double> depths[] = {{-1.0, 0.0}, {0.0, 0.0},     {0.5, 0.0},
+                                                {1.5, 2.0},  {100.0, 100.0}, {250.0, 100.0}};
     for (const auto& [entry, depth] : depths) {
-        EXPECT_EQ(HoldDepth(entry), depth) << entry;
+        EXPECT_EQ(HoldDepth(entry).value, depth) << entry;
     }
-    EXPECT_FALSE(HoldPhase(0.0).outOfRange || HoldPhase(359.9).outOfRange);
-    EXPECT_TRUE(HoldPhase(359.95).outOfRange);
-    EXPECT_DOUBLE_EQ(HoldPhase(359.95).degrees, 359.9);
-    EXPECT_DOUBLE_EQ(HoldPhase(-0.1).degrees, 0.0);
+    EXPECT_TRUE(HoldPhase(0.0).hint.isEmpty() && HoldPhase(359.9).hint.isEmpty());
+    EXPECT_EQ(HoldPhase(359.95).hint, QStringLiteral("Phaseange: 0° to 359.9°"));
+    EXPECT_DOUBLE_EQ(HoldPhase(359.95).value, 359.9);
+    EXPECT_DOUBLE_EQ(HoldPhase(-0.1).value, 0.0);
 }
 
 }  // namespace

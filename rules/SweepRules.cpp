@@ -1,6 +1,6 @@
-#include "panel/SweepRules.h"
+#include "rules/SweepRules.h"
 
-HeldSweepTime HoldSweepTime(double entry, const UserNumbers& numbers) {
+Held HoldSweepTime(double entry, const UserNumbers& numbers) {
     if (entry < kShortestSweepS) {
         return {kShortestSweepS, u"Minimum sweep time : " + numbers.Plain(kShortestSweepS) + u" sec"};
     }

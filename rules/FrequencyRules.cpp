@@ -1,4 +1,4 @@
-#include "panel/FrequencyRules.h"
+#include "rules/FrequencyRules.h"
 
 #include <algorithm>
 
@@ -10,20 +10,15 @@ namespace {
 constexpr double kDust = 1.0e-12;
 }  // namespace
 
-HeldFrequency HoldFrequency(double entry, int unit) {
+Held HoldFrequency(double entry, int unit, const UserNumbers& numbers) {
     const bool known = unit >= 0 && unit < static_cast<int>(kFrequencyUnits.size());
     const double hertz = entry * (known ? kFrequencyUnits[static_cast<std::size_t>(unit)].hertz : 1.0);
-    if (hertz < kLowestHz * (1.0 - kDust)) {
-        return {kLowestHz, true};
+    const double held = std::clamp(hertz, kLowestHz, kHighestHz);
+    if (hertz >= kLowestHz * (1.0 - kDust) && hertz <= kHighestHz * (1.0 + kDust)) {
+        return {held, {}};
     }
-    if (hertz > kHighestHz * (1.0 + kDust)) {
-        return {kHighestHz, true};
-    }
-    return {std::clamp(hertz, kLowestHz, kHighestHz), false};
-}
-
-QString FrequencyRangeMessage(const UserNumbers& numbers) {
-    return u"Frequencyrange: " + numbers.Picture(kLowestHz, "0.0000") + u" to " + numbers.Picture(kHighestHz, "0.0000");
+    return {held, u"Frequencyrange: " + numbers.Picture(kLowestHz, "0.0000") + u" to " +
+                      numbers.Picture(kHighestHz, "0.0000")};
 }
 
 QString FrequencyToolTip(quint8 bmSignal) {
