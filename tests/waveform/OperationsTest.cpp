@@ -25,8 +25,8 @@ struct Operations : ::testing::Test {
         }
         program.SettingFileName.Set(set);
         program.ConstructionFileName.Set(con);
-        EXPECT_TRUE(CreateSettingFile(set) && SaveSettingFile(set, program.panel, program.memories));
-        EXPECT_TRUE(CreateConstructionFile(con) && SaveConstructionFile(con));
+        EXPECT_TRUE(SaveSettingFile(CreateSettingFile(set), program.panel, program.memories));
+        EXPECT_TRUE(SaveConstructionFile(CreateConstructionFile(con)));
         BeginEditing(editor);
         WorkOn(EditTarget::Memory, editor, tables);
         editor.CopyBuffer.fill(7);
