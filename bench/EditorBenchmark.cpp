@@ -5,7 +5,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QCheckBox>
 #include <QFile>
 #include <QMouseEvent>
 #include <QTemporaryDir>
@@ -114,7 +113,7 @@ struct Look {
 
 void Redraw(benchmark::State& state, const Look& look) {
     Bench bench(look.size, look.wave, look.left, look.right);
-    bench.form->findChild<QCheckBox*>(QStringLiteral("Marker"))->setChecked(look.dots);
+    bench.program->editor.Markers = look.dots;
     BarePictures bare(look.size, bench.Find("Picture1")->size(), bench.Find("Picture2")->size(), look.left, look.right);
     const Figure row = Compare(
         state, [&] { bench.Redraw(); }, [&] { bare.Draw(bench.Rows(), look.dots); },

@@ -3,9 +3,22 @@
 #include <QtGlobal>
 #include <array>
 
+#include "core/MemorySize.h"
+
+enum class EditTarget { Memory, Signal };  // opEditmode 0 and 1: the table of a setting file, or construction points
+enum class Pen { Draw, Delete, Copy, Paste };  // opPenmode 0 to 3
+enum class Interpolation { Linear, Spline };   // Opintmode 0 and 1
+
 // What the waveform editor remembers, also while its form is closed. Addresses run from 0 to the LastAdr of the current
 // memory size; values from -2047 to 2047, in the band around the view up to 2060.
 struct EditorState {
+    // What is chosen. The controls write it on a click and show it on a refresh.
+    EditTarget Target = EditTarget::Memory;
+    Pen SelectedPen = Pen::Draw;
+    Interpolation SelectedInterpolation = Interpolation::Linear;
+    const MemorySize* Size = &kMemory4k;  // never null
+    bool Markers = true;                  // the records of the view show as dots
+
     // The spline through the construction points, one value for each address, as the last spline view left it.
     std::array<qint16, 16385> ArbSignal{};
     // What was copied or read, in the order of taking.

@@ -1,6 +1,8 @@
 #include "editor/EditMode.h"
 
+#include "editor/StoreFaults.h"
 #include "storage/ConstructionFile.h"
+#include "waveform/Choices.h"
 
 namespace {
 
@@ -9,7 +11,7 @@ QString Complaint(ConstructionOutcome outcome) {
         case ConstructionOutcome::NotAConstructionFile:
             return QStringLiteral("This is not a construction file:");
         case ConstructionOutcome::Locked:
-            return QStringLiteral("Another program has locked the file:");
+            return ::Complaint(StoreOutcome::Locked);
         default:
             return QStringLiteral("The file can't be opened:");
     }
@@ -40,40 +42,22 @@ bool EditMode::ChooseAndCheck(Chooser choose) {
     name = former;
     context_.desktop.BusyOff();
     context_.desktop.MessageBox(Complaint(outcome) + u'\n' + chosen, QStringLiteral("Arbitrary Editor"));
-    context_.front.Select(EditTarget::Memory);
+    if (context_.program.editor.Target != EditTarget::Memory) {
+        WorkOn(EditTarget::Memory, context_.program.editor, context_.tables);
+    }
     return false;
 }
 
-void EditMode::EditSignal() {
-    context_.tables.DatabaseName = context_.program.ConstructionFileName.Name();
-    context_.front.SetEditorCaptionSignal();
-}
-
-void EditMode::EditMemory() {
-    context_.tables.DatabaseName = context_.program.SettingFileName.Name();
-    context_.front.SetEditorCaptionMemory();
-}
-
-const FixedName& EditMode::ShownFile() const {
-    const ProgramState& program = context_.program;
-    return context_.front.Target() == EditTarget::Memory ? program.SettingFileName : program.ConstructionFileName;
-}
-
 void EditMode::opEditmode_Click(int index) {
-    if (index != 1) {
-        EditMemory();
-    } else if (EnsureConstruction()) {
-        EditSignal();
-    } else {
-        context_.front.Select(EditTarget::Memory);
-    }
+    const bool signal = index == 1 && EnsureConstruction();
+    WorkOn(signal ? EditTarget::Signal : EditTarget::Memory, context_.program.editor, context_.tables);
     context_.program.editor.EditorRedrawPending = true;
     context_.desktop.BusyOff();
 }
 
 void EditMode::GoOverTo(Chooser choose) {
     if (ChooseAndCheck(choose)) {
-        EditSignal();
+        WorkOn(EditTarget::Signal, context_.program.editor, context_.tables);
         context_.program.editor.EditorRedrawPending = true;
     }
     context_.desktop.BusyOff();

@@ -19,11 +19,6 @@ class EditMode {
 
     // Gets a construction file named that can be worked on. False: the calling operation ends.
     bool EnsureConstruction() { return ChooseAndCheck(EnsureConstructionFile); }
-    // Data1 works on the file from here on.
-    void EditSignal();
-    void EditMemory();
-    // The file that is shown: the choice of a mode comes before Data1 goes over to its file.
-    const FixedName& ShownFile() const;
 
     // The files that nothing else may take the place of while the editor is open.
     QStringList HeldFiles() const;

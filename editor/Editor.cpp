@@ -1,13 +1,12 @@
 #include "editor/Editor.h"
 
 #include <QCloseEvent>
-#include <utility>
 
 #include "editor/PenLook.h"
 #include "platform/Controls.h"
 #include "platform/FormPlace.h"
 #include "platform/PictureKeys.h"
-#include "waveform/ViewRules.h"
+#include "waveform/Choices.h"
 
 namespace {
 
@@ -16,21 +15,28 @@ constexpr int kRedrawIntervalMs = 1000;
 }  // namespace
 
 Editor::Editor(const EditorServices& services)
-    : program_(services.program), desktop_(services.desktop), host_(services.host), tables_(services.desktop) {
+    : program_(services.program),
+      desktop_(services.desktop),
+      host_(services.host),
+      tables_(services.program.SettingFileName, services.program.ConstructionFileName),
+      faults_(services.desktop) {
     setObjectName(QStringLiteral("Editor"));
     MakeControls();
-    view_ = std::make_unique<EditorView>(program_.editor, program_.memories, *Picture1, *Picture2);
-    const EditorContext context{program_, desktop_, *this, tables_, *view_};
-    pointer_ = std::make_unique<ViewPointer>(context, strip_);
-    pens_ = std::make_unique<Pens>(context);
-    drags_ = std::make_unique<PenDrags>(context);
-    entry_ = std::make_unique<PointEntry>(context, strip_);
-    mode_ = std::make_unique<EditMode>(context, services.boxfile);
-    generation_ = std::make_unique<Generation>(context, *mode_);
-    import_ = std::make_unique<Import>(context, *mode_, services.ziel);
+    MakeTools(services);
     Arrange();
     ConnectControls();
+    ConnectPictures();
     ConnectMenu();
+}
+
+void Editor::MakeTools(const EditorServices& services) {
+    const EditorContext context{program_, desktop_, tables_};
+    view_ = std::make_unique<EditorView>(program_.editor, *Picture1, *Picture2);
+    pointer_ = std::make_unique<ViewPointer>(program_, *view_, strip_);
+    entry_ = std::make_unique<PointEntry>(program_.editor, strip_,
+                                          [this](double address, double value) { EnterNumbers(address, value); });
+    mode_ = std::make_unique<EditMode>(context, services.boxfile);
+    import_ = std::make_unique<Import>(context, *mode_, faults_, services.ziel);
 }
 
 void Editor::MakeControls() {
@@ -51,10 +57,11 @@ void Editor::MakeControls() {
         QStringLiteral("opEditmode"), QStringList{QStringLiteral("Edit memory"), QStringLiteral("Edit signal")},
         strip_);
     opEditmode->SetAccessibleName(QStringLiteral("What is edited"));
-    opPenmode = std::make_unique<OptionGroup>(QStringLiteral("opPenmode"),
-                                              QStringList{QStringLiteral("Set Point/Line"), QStringLiteral("Delete"),
-                                                          QStringLiteral("Copy"), QStringLiteral("Paste")},
-                                              strip_);
+    QStringList pens;
+    for (const PenLook& look : kPenLooks) {
+        pens += QString::fromLatin1(look.caption);
+    }
+    opPenmode = std::make_unique<OptionGroup>(QStringLiteral("opPenmode"), pens, strip_);
     opPenmode->SetAccessibleName(QStringLiteral("Pen"));
     Opintmode = std::make_unique<OptionGroup>(QStringLiteral("Opintmode"),
                                               QStringList{QStringLiteral("Linear"), QStringLiteral("Spline")}, strip_);
@@ -71,68 +78,81 @@ void Editor::MakeControls() {
 }
 
 void Editor::ConnectControls() {
-    const auto requestRedraw = [this] { program_.editor.EditorRedrawPending = true; };
+    EditorState& editor = program_.editor;
     connect(&Timer1, &QTimer::timeout, this, &Editor::Editor_Timer1_Timer);
-    connect(Marker, &QCheckBox::clicked, this, requestRedraw);
-    connect(Picture1, &PictureBox::MouseMove, this,
-            [this](int buttons, float x, float) { pointer_->DragView(buttons, x); });
-    connect(Picture2, &PictureBox::MouseDown, this, &Editor::Editor_Picture2_MouseDown);
-    connect(Picture2, &PictureBox::MouseMove, this, &Editor::Editor_Picture2_MouseMove);
-    for (PictureBox* const picture : {Picture1, Picture2}) {
-        connect(picture, &PictureBox::RedrawNeeded, this, [this, requestRedraw] {
-            view_->ForgetStrokes();
-            requestRedraw();
-        });
-    }
-    connect(Picture2, &PictureBox::RedrawNeeded, this, &Editor::ShowPen, Qt::QueuedConnection);  // another density
-    opEditmode->Select(0);
-    opPenmode->Select(0);
-    Opintmode->Select(0);
-    opEditmode->SetClick([this](int index) { mode_->opEditmode_Click(index); });
+    opEditmode->SetClick([this](int index) {
+        mode_->opEditmode_Click(index);
+        ShowChoices();
+    });
     opPenmode->SetClick([this](int index) { Editor_opPenmode_Click(index); });
-    Opintmode->SetClick([this](int) { DrawEditor(); });
-    connect(opFit, &QPushButton::clicked, this, [this] { import_->opFit_Click(); });
+    Opintmode->SetClick([this, &editor](int index) {
+        editor.SelectedInterpolation = static_cast<Interpolation>(index);
+        DrawEditor();
+    });
+    connect(Marker, &QCheckBox::clicked, this, [&editor](bool checked) {
+        editor.Markers = checked;
+        editor.EditorRedrawPending = true;
+    });
+    connect(opFit, &QPushButton::clicked, this, [this] {
+        import_->opFit_Click();
+        ShowChoices();
+    });
     for (QAbstractButton* const option : opPenmode->Options()) {
         option->installEventFilter(this);
     }
     paper_->installEventFilter(this);
 }
 
-void Editor::ConnectMenu() {
-    for (QAction* const size : {menu_->mnu4ksig, menu_->mnu16ksig}) {
-        connect(size, &QAction::triggered, this, [this] { DrawEditor(); });
+void Editor::ConnectPictures() {
+    connect(Picture1, &PictureBox::MouseMove, this,
+            [this](int buttons, float x, float) { pointer_->DragView(buttons, x); });
+    connect(Picture2, &PictureBox::MouseDown, this, &Editor::Editor_Picture2_MouseDown);
+    connect(Picture2, &PictureBox::MouseMove, this, &Editor::Editor_Picture2_MouseMove);
+    for (PictureBox* const picture : {Picture1, Picture2}) {
+        connect(picture, &PictureBox::RedrawNeeded, this, [this] {
+            view_->ForgetStrokes();
+            program_.editor.CrossFresh = true;
+            program_.editor.EditorRedrawPending = true;
+        });
     }
-    connect(menu_->mnuncon, &QAction::triggered, this, [this] { mode_->mnuncon_Click(); });
-    connect(menu_->mnulcon, &QAction::triggered, this, [this] { mode_->mnulcon_Click(); });
-    connect(menu_->mnudelete, &QAction::triggered, this, [this] { generation_->mnudelete_Click(); });
-    connect(menu_->mnulinint, &QAction::triggered, this, [this] { generation_->mnulinint_Click(); });
-    const auto onImport = [this](QAction* item, void (Import::*use)(Import::Channel), Import::Channel read) {
-        connect(item, &QAction::triggered, this, [this, use, read] { (*import_.*use)(read); });
+    connect(Picture2, &PictureBox::RedrawNeeded, this, &Editor::ShowPen, Qt::QueuedConnection);  // another density
+}
+
+void Editor::ConnectMenu() {
+    const auto onTrigger = [this](QAction* item, const auto& work) {
+        connect(item, &QAction::triggered, this, [this, work] {
+            work();
+            ShowChoices();
+        });
     };
-    onImport(menu_->mnurdbincha, &Import::ReadAndPaste, &Import::ReadDdeChannelA);
-    onImport(menu_->mnuchamulti, &Import::MultipleToMemory, &Import::ReadDdeChannelA);
-    onImport(menu_->mnuchafit, &Import::FitToSignal, &Import::ReadDdeChannelA);
-    onImport(menu_->mnurdbinchb, &Import::ReadAndPaste, &Import::ReadDdeChannelB);
-    onImport(menu_->mnuchbmulti, &Import::MultipleToMemory, &Import::ReadDdeChannelB);
-    onImport(menu_->mnuchbfit, &Import::FitToSignal, &Import::ReadDdeChannelB);
+    for (const auto& [item, size] : {std::pair(menu_->mnu4ksig, &kMemory4k), {menu_->mnu16ksig, &kMemory16k}}) {
+        connect(item, &QAction::triggered, this, [this, size = size] {
+            program_.editor.Size = size;
+            DrawEditor();
+        });
+    }
+    onTrigger(menu_->mnuncon, [this] { mode_->mnuncon_Click(); });
+    onTrigger(menu_->mnulcon, [this] { mode_->mnulcon_Click(); });
+    connect(menu_->mnudelete, &QAction::triggered, this, &Editor::Editor_mnudelete_Click);
+    connect(menu_->mnulinint, &QAction::triggered, this, &Editor::Editor_mnulinint_Click);
+    using Channel = Import::Channel;
+    onTrigger(menu_->mnurdbincha, [this] { import_->ReadAndPaste(Channel::A); });
+    onTrigger(menu_->mnuchamulti, [this] { import_->MultipleToMemory(Channel::A); });
+    onTrigger(menu_->mnuchafit, [this] { import_->FitToSignal(Channel::A); });
+    onTrigger(menu_->mnurdbinchb, [this] { import_->ReadAndPaste(Channel::B); });
+    onTrigger(menu_->mnuchbmulti, [this] { import_->MultipleToMemory(Channel::B); });
+    onTrigger(menu_->mnuchbfit, [this] { import_->FitToSignal(Channel::B); });
 }
 
 void Editor::Editor_Form_Load() {
-    EditorState& editor = program_.editor;
-    editor.EditorOpen = true;
-    menu_->mnu4ksig->setChecked(true);
-    Marker->setChecked(true);
-    editor.ViewLeft = kFirstView.left;
-    editor.ViewRight = kFirstView.right;
-    editor.ZoomDragging = false;
-    editor.LineActive = false;
-    editor.CopyDragging = false;
-    editor.PasteDragging = false;
+    program_.editor.EditorOpen = true;
+    BeginEditing(program_.editor);
     const Preferences& preferences = program_.preferences;
     ApplyWindowState(*this, preferences.EditorWindowState);
     SizeForm(*this, preferences.EditorWidth, preferences.EditorHeight);
     MoveForm(*this, preferences.EditorLeft, preferences.EditorTop);
-    mode_->EditMemory();
+    WorkOn(EditTarget::Memory, program_.editor, tables_);
+    ShowChoices();
     Timer1.start();
 }
 
@@ -171,23 +191,26 @@ void Editor::Editor_Form_Unload() {
 }
 
 void Editor::FollowSettingFile() {
-    mode_->EditMemory();
+    WorkOn(EditTarget::Memory, program_.editor, tables_);
     program_.editor.EditorRedrawPending = true;
+    ShowChoices();
 }
 
-EditTarget Editor::Target() const { return opEditmode->Selected() == 0 ? EditTarget::Memory : EditTarget::Signal; }
+void Editor::ShowChoices() {
+    const EditorState& editor = program_.editor;
+    editor.Target == EditTarget::Memory ? SetEditorCaptionMemory() : SetEditorCaptionSignal();
+    Opintmode->Show(static_cast<int>(editor.SelectedInterpolation));
+    Marker->setChecked(editor.Markers);
+    (editor.Size == &kMemory4k ? menu_->mnu4ksig : menu_->mnu16ksig)->setChecked(true);
+}
 
-void Editor::SetEditorCaptionMemory() { ShowMode(program_.SettingFileName, EditTarget::Memory); }
-
-void Editor::SetEditorCaptionSignal() { ShowMode(program_.ConstructionFileName, EditTarget::Signal); }
-
-// Selecting the other mode runs its click routine, nested.
-void Editor::ShowMode(const FixedName& file, EditTarget target) {
-    setWindowTitle(u"Arbitrary Editor    " + file.Name());
-    Select(target);
-    Select(Pen::Draw);
+void Editor::ShowMode(EditTarget target) {
+    setWindowTitle(u"Arbitrary Editor    " + tables_.DatabaseName);
+    opEditmode->Show(static_cast<int>(target));
     const bool signal = target == EditTarget::Signal;
-    opPenmode->Option(static_cast<int>(Pen::Copy))->setEnabled(!signal);
+    for (std::size_t i = 0; i < kPenLooks.size(); ++i) {
+        opPenmode->Option(static_cast<int>(i))->setEnabled(!signal || kPenLooks[i].inSignal);
+    }
     for (QAbstractButton* const option : Opintmode->Options()) {
         option->setEnabled(signal);
     }
@@ -195,61 +218,13 @@ void Editor::ShowMode(const FixedName& file, EditTarget target) {
 }
 
 void Editor::ShowPen() {
-    Picture2->setCursor(PenCursor(SelectedPen(), Picture2->devicePixelRatioF()));
-    for (const Pen pen : {Pen::Draw, Pen::Delete, Pen::Copy, Pen::Paste}) {
-        opPenmode->Option(static_cast<int>(pen))->setToolTip(PenHint(pen, Target()));
+    const EditorState& editor = program_.editor;
+    opPenmode->Show(static_cast<int>(editor.SelectedPen));
+    Picture2->setCursor(PenCursor(editor.SelectedPen, Picture2->devicePixelRatioF()));
+    for (std::size_t i = 0; i < kPenLooks.size(); ++i) {
+        opPenmode->Option(static_cast<int>(i))->setToolTip(QString::fromLatin1(kPenLooks[i].Hint(editor.Target)));
     }
     ShowHint();
-}
-
-// Nothing was copied yet: there is nothing to paste.
-void Editor::Editor_opPenmode_Click(int index) {
-    if (index == static_cast<int>(Pen::Paste) && program_.editor.CopyEnd == program_.editor.CopyStart) {
-        Select(Pen::Copy);
-    }
-    ShowPen();
-}
-
-void Editor::DrawEditor() {
-    const QString file = mode_->ShownFile().Name();
-    if (file.isEmpty()) {
-        return;  // the user is still being asked for the construction file
-    }
-    desktop_.BusyOn();
-    program_.editor.PasteDragging = false;
-    program_.editor.CopyDragging = false;
-    view_->Clear(Size());
-    std::vector<Record> records;
-    if (tables_.Read(file, Size(), records, Telling::Once)) {
-        view_->Draw({Size(), Target(), SplineSelected(), Marker->isChecked(), records});
-    }
-    desktop_.BusyOff();
-}
-
-// Any number of requests make one redraw. It may come in the middle of a transfer or an import, whose hourglass stays.
-void Editor::Editor_Timer1_Timer() {
-    if (program_.editor.EditorOpen && std::exchange(program_.editor.EditorRedrawPending, false)) {
-        const bool busy = desktop_.Busy();
-        DrawEditor();
-        if (busy) {
-            desktop_.BusyOn();
-        }
-    }
-}
-
-void Editor::Editor_Picture2_MouseDown(int button, float x, float y) {
-    if (button == 2) {
-        pointer_->Page(x);
-    } else if (button == 1) {
-        pens_->Press(x, y);
-    }
-}
-
-void Editor::Editor_Picture2_MouseMove(int buttons, float x, float y) {
-    const float heldX = ClampX(x, {program_.editor.ViewLeft, program_.editor.ViewRight});
-    const float heldY = ClampY(y);
-    pointer_->ShowPosition(heldX, heldY);
-    drags_->Move(buttons, heldX, heldY);
 }
 
 bool Editor::eventFilter(QObject* watched, QEvent* event) {

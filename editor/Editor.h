@@ -11,11 +11,10 @@
 #include "editor/EditorContext.h"
 #include "editor/EditorHost.h"
 #include "editor/EditorMenu.h"
-#include "editor/Generation.h"
+#include "editor/EditorView.h"
 #include "editor/Import.h"
-#include "editor/PenDrags.h"
-#include "editor/Pens.h"
 #include "editor/PointEntry.h"
+#include "editor/StoreFaults.h"
 #include "editor/ViewPointer.h"
 #include "platform/OptionGroup.h"
 
@@ -28,9 +27,9 @@ struct EditorServices {
     EditorHost& host;
 };
 
-// The waveform editor: one form for each opening. Every edit goes to the open file at once; there is no save. It
-// composes the tools, and holds what belongs to none of them: the look of the two modes, the size, opening, closing.
-class Editor : public QMainWindow, private EditorFront {
+// The waveform editor: one form for each opening. Every edit goes to the open file at once; there is no save. A control
+// writes what is chosen into the state, an event runs an operation of waveform/, and the form shows what came of it.
+class Editor : public QMainWindow {
     Q_OBJECT
 
   public:
@@ -49,29 +48,32 @@ class Editor : public QMainWindow, private EditorFront {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    // EditorFront
-    EditTarget Target() const override;
-    Pen SelectedPen() const override { return static_cast<Pen>(opPenmode->Selected()); }
-    bool SplineSelected() const override { return Opintmode->Selected() != 0; }
-    const MemorySize& Size() const override { return menu_->mnu4ksig->isChecked() ? kMemory4k : kMemory16k; }
-    void Select(EditTarget target) override { opEditmode->Select(static_cast<int>(target)); }
-    void Select(Pen pen) override { opPenmode->Select(static_cast<int>(pen)); }
-    void SetEditorCaptionMemory() override;
-    void SetEditorCaptionSignal() override;
-    void DrawEditor() override;
-
     void Editor_Form_Unload();
     void Editor_Form_Resize();
+
+    void MakeControls();
+    void MakeTools(const EditorServices& services);
+    void ConnectControls();
+    void ConnectPictures();
+    void ConnectMenu();
+
+    // Shows what is chosen in the state.
+    void ShowChoices();
+    void SetEditorCaptionMemory() { ShowMode(EditTarget::Memory); }
+    void SetEditorCaptionSignal() { ShowMode(EditTarget::Signal); }
+    void ShowMode(EditTarget target);
+    void ShowPen();
+
+    // What runs an operation and shows what came of it (EditorEvents.cpp)
     void Editor_Timer1_Timer();
     void Editor_opPenmode_Click(int index);
     void Editor_Picture2_MouseDown(int button, float x, float y);
     void Editor_Picture2_MouseMove(int buttons, float x, float y);
-
-    void MakeControls();
-    void ConnectControls();
-    void ConnectMenu();
-    void ShowMode(const FixedName& file, EditTarget target);
-    void ShowPen();
+    void Editor_mnudelete_Click();
+    void Editor_mnulinint_Click();
+    void DragPen(int buttons, float x);
+    void EnterNumbers(double address, double value);
+    void DrawEditor();
 
     // Layout (EditorLayout.cpp)
     void Arrange();
@@ -97,12 +99,10 @@ class Editor : public QMainWindow, private EditorFront {
     std::unique_ptr<EditorMenu> menu_;
 
     EditorTables tables_;
+    StoreFaults faults_;
     std::unique_ptr<EditorView> view_;
     std::unique_ptr<ViewPointer> pointer_;
-    std::unique_ptr<Pens> pens_;
-    std::unique_ptr<PenDrags> drags_;
     std::unique_ptr<PointEntry> entry_;
-    std::unique_ptr<Generation> generation_;
     std::unique_ptr<EditMode> mode_;
     std::unique_ptr<Import> import_;
 };

@@ -1,16 +1,12 @@
 #pragma once
 
 #include "core/ProgramState.h"
-#include "editor/EditorFront.h"
-#include "editor/EditorTables.h"
-#include "editor/EditorView.h"
 #include "platform/Desktop.h"
+#include "waveform/EditorTables.h"
 
-// What every tool of the editor works on.
+// What the editor's dialogs and imports work on.
 struct EditorContext {
     ProgramState& program;
     Desktop& desktop;
-    EditorFront& front;
     EditorTables& tables;
-    EditorView& view;
 };

@@ -93,6 +93,7 @@ void Editor::OrderTabs() {
 
 void Editor::Editor_Form_Resize() {
     view_->TakeOffStrokes();
+    program_.editor.CrossFresh = true;
     const int pictureWidth = width() - 4 * kEdge;
     strip_->FitTo(pictureWidth);
     const int stripHeight = strip_->sizeHint().height();
@@ -111,7 +112,8 @@ void Editor::Editor_Form_Resize() {
 
 // What is the same for every pen gives way first where the form is narrow.
 void Editor::ShowHint() {
-    const QString hint = PenHint(SelectedPen(), Target());
+    const EditorState& editor = program_.editor;
+    const QString hint = QString::fromLatin1(LookOf(editor.SelectedPen).Hint(editor.Target));
     const QString paging = hint + u"  Right click in a shaded strip: next page.";
     const QFontMetrics metrics = hint_->fontMetrics();
     const bool fits = metrics.horizontalAdvance(paging) <= hint_->width();

@@ -1,11 +1,9 @@
 #include "editor/EditorView.h"
 
 #include <optional>
-#include <utility>
 
+#include "waveform/Redraw.h"
 #include "waveform/Samples.h"
-#include "waveform/Spline.h"
-#include "waveform/ViewRules.h"
 
 namespace {
 
@@ -48,11 +46,10 @@ void CurveStroke(Drawing& detail, const Record& from, const Record& to) {
 
 }  // namespace
 
-EditorView::EditorView(EditorState& editor, ArbMemories& memories, PictureBox& overview, PictureBox& detail)
+EditorView::EditorView(const EditorState& editor, PictureBox& overview, PictureBox& detail)
     : Picture1(overview),
       Picture2(detail),
       editor_(editor),
-      memories_(memories),
       zoomBox_(overview),
       band1_(overview),
       band2_(detail),
@@ -60,36 +57,27 @@ EditorView::EditorView(EditorState& editor, ArbMemories& memories, PictureBox& o
       dragBox2_(detail) {
     Picture1.SetBackColor(kOverviewBack);
     Picture2.SetBackColor(kDetailBack);
-    editor_.CrossFresh = true;  // it stood in the pictures of an earlier form
 }
 
-void EditorView::FitScales(const MemorySize& size) {
-    const View view = FitView({editor_.ViewLeft, editor_.ViewRight}, size.LastAdr);
-    editor_.ViewLeft = static_cast<qint16>(view.left);
-    editor_.ViewRight = static_cast<qint16>(view.right);
-    editor_.ViewMargin = static_cast<qint16>(ViewMargin(view));
-    Picture1.SetScale(0.0, size.LastAdr, kTop, -2.0 * kTop);
-    Picture2.SetScale(view.left - editor_.ViewMargin, view.right - view.left + 2 * editor_.ViewMargin, kDetailTop,
+void EditorView::Clear() {
+    const int margin = editor_.ViewMargin;
+    Picture1.SetScale(0.0, editor_.Size->LastAdr, kTop, -2.0 * kTop);
+    Picture2.SetScale(editor_.ViewLeft - margin, editor_.ViewRight - editor_.ViewLeft + 2 * margin, kDetailTop,
                       -2.0 * kDetailTop);
-}
-
-void EditorView::Clear(const MemorySize& size) {
-    FitScales(size);
     Drawing(Picture1).Cls();
     Drawing(Picture2).Cls();
     ForgetStrokes();
 }
 
-void EditorView::Draw(const EditorScene& scene) {
+void EditorView::Draw(std::span<const Record> records) {
     {
         Drawing overview(Picture1);
         Drawing detail(Picture2);
-        DrawGround(overview, detail, scene.size);
-        if (scene.records.size() >= 3 && scene.target == EditTarget::Signal && scene.spline) {
-            DrawSplineView(overview, detail, scene);
+        DrawGround(overview, detail);
+        if (ShowsSpline(editor_, records.size())) {
+            DrawSplineView(overview, detail, records);
         } else {
-            CopyToMemory(scene);
-            DrawPolylineView(overview, detail, scene);
+            DrawPolylineView(overview, detail, records);
         }
     }
     if (editor_.LineActive && editor_.LineX2 >= 0.0F) {
@@ -97,7 +85,8 @@ void EditorView::Draw(const EditorScene& scene) {
     }
 }
 
-void EditorView::DrawGround(Drawing& overview, Drawing& detail, const MemorySize& size) const {
+void EditorView::DrawGround(Drawing& overview, Drawing& detail) const {
+    const MemorySize& size = *editor_.Size;
     overview.ForeColor = kDetailBack;
     overview.Box(editor_.ViewLeft, -kTop, editor_.ViewRight, kTop);
     SetPen(overview, kGrid, kCentreWidth);
@@ -115,12 +104,11 @@ void EditorView::DrawGround(Drawing& overview, Drawing& detail, const MemorySize
     detail.Line(editor_.ViewLeft, 0.0, editor_.ViewRight, 0.0);
 }
 
-void EditorView::DrawSplineView(Drawing& overview, Drawing& detail, const EditorScene& scene) {
-    ComputeSpline(scene.records, std::span(editor_.ArbSignal).first(static_cast<std::size_t>(scene.size.LastAdr) + 1));
+void EditorView::DrawSplineView(Drawing& overview, Drawing& detail, std::span<const Record> records) const {
     const std::array<qint16, 16385>& signal = editor_.ArbSignal;
     std::vector<QLineF> all;
     std::vector<QLineF> inView;
-    for (int i = 1; i <= scene.size.LastAdr; ++i) {
+    for (int i = 1; i <= editor_.Size->LastAdr; ++i) {
         const auto at = static_cast<std::size_t>(i);
         const QLineF stroke(i - 1, signal[at - 1], i, signal[at]);
         all.push_back(stroke);
@@ -132,8 +120,8 @@ void EditorView::DrawSplineView(Drawing& overview, Drawing& detail, const Editor
     overview.Lines(all);
     SetPen(detail, kCurve, kDetailCurveWidth);
     detail.Lines(inView);
-    for (const Record& record : scene.records) {
-        if (scene.markers && InView(record.Adr)) {
+    for (const Record& record : records) {
+        if (editor_.Markers && InView(record.Adr)) {
             Dot(detail, record);
         }
     }
@@ -143,41 +131,28 @@ void EditorView::DrawSplineView(Drawing& overview, Drawing& detail, const Editor
     detail.Line(editor_.ViewRight, -kDetailTop, editor_.ViewRight, -kTop);
 }
 
-// The array follows the table here. Of a signal the first point stays out.
-void EditorView::CopyToMemory(const EditorScene& scene) {
-    const std::span<qint16> memory = scene.size.samples(memories_);
-    const std::size_t first = scene.target == EditTarget::Memory ? 0 : 1;
-    for (std::size_t i = first; i < scene.records.size(); ++i) {
-        const Record& record = scene.records[i];
-        if (record.Adr >= 0 && static_cast<std::size_t>(record.Adr) < memory.size()) {
-            memory[static_cast<std::size_t>(record.Adr)] = record.Value;
-        }
-    }
-}
-
-void EditorView::DrawPolylineView(Drawing& overview, Drawing& detail, const EditorScene& scene) {
+void EditorView::DrawPolylineView(Drawing& overview, Drawing& detail, std::span<const Record> records) const {
     std::vector<QLineF> strokes;
-    for (std::size_t i = 1; i < scene.records.size(); ++i) {
-        const Record& from = scene.records[i - 1];
-        const Record& to = scene.records[i];
+    for (std::size_t i = 1; i < records.size(); ++i) {
+        const Record& from = records[i - 1];
+        const Record& to = records[i];
         strokes.emplace_back(from.Adr, from.Value, to.Adr, to.Value);
     }
     SetPen(overview, kCurve, kOverviewCurveWidth);
     overview.Lines(strokes);
-    DrawPolylineDetail(detail, scene);
+    DrawPolylineDetail(detail, records);
     DrawSideStrips(detail);
     detail.Box(editor_.ViewLeft, kTop + 1.0, editor_.ViewRight, kDetailTop);
     detail.Box(editor_.ViewLeft, -kDetailTop, editor_.ViewRight, -kTop - 1.0);
 }
 
 // Strokes that begin left of the view are covered by the strips, which come last.
-void EditorView::DrawPolylineDetail(Drawing& detail, const EditorScene& scene) const {
-    const std::span<const Record> records = scene.records;
+void EditorView::DrawPolylineDetail(Drawing& detail, std::span<const Record> records) const {
     std::optional<std::size_t> lastInView;
     std::optional<std::size_t> firstAfter;
     for (std::size_t i = 1; i < records.size(); ++i) {
         if (InView(records[i].Adr)) {
-            if (scene.markers) {
+            if (editor_.Markers) {
                 Dot(detail, records[i]);
             }
             CurveStroke(detail, records[i - 1], records[i]);
@@ -187,14 +162,14 @@ void EditorView::DrawPolylineDetail(Drawing& detail, const EditorScene& scene) c
             firstAfter = i;
         }
     }
-    if (scene.markers && !records.empty()) {
+    if (editor_.Markers && !records.empty()) {
         Dot(detail, records.back());
     }
     if (!lastInView && firstAfter) {
         CurveStroke(detail, records[*firstAfter - 1], records[*firstAfter]);  // it crosses the whole view
     } else if (lastInView && firstAfter && records[*lastInView].Adr < editor_.ViewRight) {
         CurveStroke(detail, records[*lastInView], records[*firstAfter]);
-        if (scene.markers) {
+        if (editor_.Markers) {
             Dot(detail, records[*lastInView]);
         }
     }
@@ -207,8 +182,8 @@ void EditorView::DrawSideStrips(Drawing& detail) const {
 }
 
 void EditorView::TakeOffStrokes() {
-    if (!std::exchange(editor_.CrossFresh, true)) {
-        InvertCross();
+    if (!editor_.CrossFresh) {
+        InvertCross(editor_.CrossX, editor_.CrossY);
     }
     for (InvertedStrokes* const strokes : Strokes()) {
         strokes->TakeOff();
@@ -216,7 +191,6 @@ void EditorView::TakeOffStrokes() {
 }
 
 void EditorView::ForgetStrokes() {
-    editor_.CrossFresh = true;
     for (InvertedStrokes* const strokes : Strokes()) {
         strokes->Forget();
     }
@@ -224,23 +198,20 @@ void EditorView::ForgetStrokes() {
 
 void EditorView::ShowCross(float x, float y) {
     if (!editor_.CrossFresh) {
-        InvertCross();
+        InvertCross(editor_.CrossX, editor_.CrossY);
     }
-    editor_.CrossX = x;
-    editor_.CrossY = y;
-    editor_.CrossFresh = false;
-    InvertCross();
+    InvertCross(x, y);
 }
 
 // Over the view that is drawn: another one may have been chosen since.
-void EditorView::InvertCross() {
+void EditorView::InvertCross(float x, float y) {
     const double left = Picture2.ScaleLeft() + editor_.ViewMargin;
     const double right = Picture2.ScaleLeft() + Picture2.ScaleWidth() - editor_.ViewMargin;
     Drawing detail(Picture2);
     detail.DrawMode = Drawing::Mode::Invert;
     SetPen(detail, kCrosshair, 1.0);
-    detail.Line(editor_.CrossX, kTop, editor_.CrossX, -kTop);
-    detail.Line(left, editor_.CrossY, right, editor_.CrossY);
+    detail.Line(x, kTop, x, -kTop);
+    detail.Line(left, y, right, y);
 }
 
 void EditorView::ShowZoomBox(int from, double to) {
@@ -260,8 +231,8 @@ void EditorView::ShowBand(const std::vector<QLineF>& lines) {
     band2_.Show(strokes(3.0));
 }
 
-void EditorView::ShowDragBox(int from, double to) {
-    const Stroke box{Stroke::Shape::Box, QLineF(from, -kTop, to, kTop), kPenStroke};
+void EditorView::ShowDragBox(const DragBox& stretch) {
+    const Stroke box{Stroke::Shape::Box, QLineF(stretch.from, -kTop, stretch.to, kTop), kPenStroke};
     dragBox1_.Show({box});
     dragBox2_.Show({box});
 }

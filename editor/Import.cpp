@@ -2,11 +2,9 @@
 
 #include <QEventLoop>
 #include <QTimer>
-#include <algorithm>
-#include <cstdlib>
 
-#include "waveform/Samples.h"
-#include "waveform/TraceReply.h"
+#include "waveform/Choices.h"
+#include "waveform/CopyBuffer.h"
 
 namespace {
 
@@ -39,83 +37,55 @@ bool Import::ReadDdeChannel(const QString& request) {
         return false;  // its window was closed meanwhile
     }
     QString reply;
-    const bool DdeFailed = !Converse(request, reply) || !ReadTrace(reply, editor.CopyBuffer);
+    const bool DdeFailed = !Converse(request, reply) || !TakeTrace(reply, editor);
     context_.desktop.BusyOff();
     if (DdeFailed) {
         context_.desktop.MessageBox(QStringLiteral("DDE-Error (Is QD204 running?)"),
                                     QStringLiteral("DDE comunication"));
         return false;
     }
-    editor.CopyEnd = kTraceSamples;
-    editor.CopyStart = 0;
     return true;
 }
 
-void Import::ReadAndPaste(Channel read) {
-    if ((this->*read)()) {
-        context_.front.Select(Pen::Paste);
+void Import::ReadAndPaste(Channel channel) {
+    if (Read(channel)) {
+        TakeUp(Pen::Paste, context_.program.editor);
     }
 }
 
-void Import::MultipleToMemory(Channel read) {
-    if (!(this->*read)()) {
+void Import::MultipleToMemory(Channel channel) {
+    if (!Read(channel)) {
         return;
     }
-    const auto& buffer = context_.program.editor.CopyBuffer;
-    const auto repeat = [&buffer](RecordTable& table) {
-        std::vector<Record> records;
-        table.Read(RecordOrder::Insertion, records);
-        for (std::size_t counter = 0; counter < records.size(); ++counter) {
-            table.Change({records[counter].id, records[counter].Adr, buffer[counter % kTraceSamples + 1]});
-        }
-    };
+    EditorState& editor = context_.program.editor;
     context_.desktop.BusyOn();
-    if (context_.tables.Change(context_.program.SettingFileName.Name(), context_.front.Size(), repeat, Telling::Box)) {
-        mode_.EditMemory();
-        context_.program.editor.EditorRedrawPending = true;
+    if (faults_.Tell(RepeatTrace(editor, context_.tables), Telling::Box)) {
+        WorkOn(EditTarget::Memory, editor, context_.tables);
+        editor.EditorRedrawPending = true;
     }
     context_.desktop.BusyOff();
 }
 
-// In place of all points of the current size. A failure is silent and changes nothing.
-void Import::ReplacePoints(const std::vector<Record>& points) {
-    const bool replaced = context_.tables.Change(
-        context_.program.ConstructionFileName.Name(), context_.front.Size(),
-        [&points](RecordTable& table) { EditorTables::Replace(table, points); }, Telling::Silent);
-    if (replaced) {
-        mode_.EditSignal();
+// A failure is silent and has changed nothing.
+void Import::ShowSignal(const TableResult& points) {
+    if (faults_.Tell(points, Telling::Silent)) {
+        WorkOn(EditTarget::Signal, context_.program.editor, context_.tables);
         context_.program.editor.EditorRedrawPending = true;
     }
-    context_.desktop.BusyOff();
 }
 
-void Import::FitToSignal(Channel read) {
-    if (!(this->*read)() || !mode_.EnsureConstruction()) {
-        context_.desktop.BusyOff();
-        return;
+void Import::FitToSignal(Channel channel) {
+    if (Read(channel) && mode_.EnsureConstruction()) {
+        ShowSignal(FitTrace(context_.program.editor, context_.tables));
     }
-    const auto& buffer = context_.program.editor.CopyBuffer;
-    const int last = context_.front.Size().lastTableAddress;
-    const int step = (last + 1) / kTraceSamples;
-    std::vector<Record> points;
-    for (int i = 1; i <= kTraceSamples; ++i) {
-        points.push_back({0, static_cast<qint16>((i - 1) * step), buffer[static_cast<std::size_t>(i)]});
-    }
-    points.push_back({0, static_cast<qint16>(last), buffer[kTraceSamples]});
-    ReplacePoints(points);
+    context_.desktop.BusyOff();
 }
 
 void Import::opFit_Click() {
-    const EditorState& editor = context_.program.editor;
-    const int span = std::min(std::abs(editor.CopyEnd - editor.CopyStart), kMemory16k.LastAdr);
-    if (span != 0 && mode_.EnsureConstruction()) {
-        const double top = context_.front.Size().LastAdr;
-        std::vector<Record> points;
-        for (int i = 0; i <= span; ++i) {
-            points.push_back({0, Nearest(top / span * i), editor.CopyBuffer[static_cast<std::size_t>(i)]});
-        }
-        ReplacePoints(points);
+    EditorState& editor = context_.program.editor;
+    if (CopiedDistance(editor) != 0 && mode_.EnsureConstruction()) {
+        ShowSignal(FitCopied(editor, context_.tables));
     }
     context_.desktop.BusyOff();
-    context_.front.Select(Pen::Copy);
+    TakeUp(Pen::Copy, editor);
 }

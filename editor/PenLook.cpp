@@ -1,38 +1,51 @@
 #include "editor/PenLook.h"
 
-#include <QPainter>
 #include <QPixmap>
 
 namespace {
 
 constexpr int kSide = 32;  // logical pixels
 
-void DrawSign(QPainter& painter, Pen pen) {
-    if (pen == Pen::Draw) {  // a pencil
-        painter.drawPolygon(QPolygonF{{0, 0}, {3, 8}, {17, 22}, {22, 17}, {8, 3}});
-        painter.drawLine(3, 8, 8, 3);
-        return;
-    }
+void DrawPencil(QPainter& painter) {
+    painter.drawPolygon(QPolygonF{{0, 0}, {3, 8}, {17, 22}, {22, 17}, {8, 3}});
+    painter.drawLine(3, 8, 8, 3);
+}
+
+void DrawArrow(QPainter& painter) {
     painter.drawPolygon(QPolygonF{{0, 0}, {0, 13}, {3, 10}, {5, 15}, {8, 14}, {6, 9}, {10, 9}});
-    switch (pen) {
-        case Pen::Delete:
-            painter.drawLine(14, 16, 25, 27);
-            painter.drawLine(25, 16, 14, 27);
-            break;
-        case Pen::Copy:  // two sheets
-            painter.drawRect(13, 14, 9, 11);
-            painter.drawRect(17, 17, 9, 11);
-            break;
-        default:  // a sheet on a board
-            painter.drawRect(13, 15, 13, 13);
-            painter.drawRect(17, 12, 5, 4);
-            painter.drawLine(16, 20, 23, 20);
-            painter.drawLine(16, 24, 23, 24);
-            break;
-    }
+}
+
+void DrawArrowAndCross(QPainter& painter) {
+    DrawArrow(painter);
+    painter.drawLine(14, 16, 25, 27);
+    painter.drawLine(25, 16, 14, 27);
+}
+
+void DrawArrowAndSheets(QPainter& painter) {
+    DrawArrow(painter);
+    painter.drawRect(13, 14, 9, 11);
+    painter.drawRect(17, 17, 9, 11);
+}
+
+void DrawArrowAndBoard(QPainter& painter) {
+    DrawArrow(painter);
+    painter.drawRect(13, 15, 13, 13);
+    painter.drawRect(17, 12, 5, 4);
+    painter.drawLine(16, 20, 23, 20);
+    painter.drawLine(16, 24, 23, 24);
 }
 
 }  // namespace
+
+const std::array<PenLook, 4> kPenLooks{{
+    {"Set Point/Line", DrawPencil, true, "Click twice to draw a straight line; a right click drops it.",
+     "Click to set a point, or to move the point at that address up or down."},
+    {"Delete", DrawArrowAndCross, true, "Click to set one sample to 0.", "Click to remove a point."},
+    {"Copy", DrawArrowAndSheets, false, "Drag to copy a stretch; from right to left it is taken mirrored.",
+     "Copying is for the memory; choose another pen."},
+    {"Paste", DrawArrowAndBoard, true, "Drag the copied stretch to its place; it is written there on release.",
+     "Drag the copied stretch to its place; each sample becomes a point."},
+}};
 
 // The point of work is the corner: some desktops take it in logical pixels, some in those of the device.
 QCursor PenCursor(Pen pen, qreal ratio) {
@@ -46,26 +59,8 @@ QCursor PenCursor(Pen pen, qreal ratio) {
     // A light rim first, so that the shape shows on a dark curve too.
     for (const QPen& ink : {QPen(Qt::white, 3.5), QPen(Qt::black, 1.4)}) {
         painter.setPen(ink);
-        DrawSign(painter, pen);
+        LookOf(pen).sign(painter);
     }
     painter.end();
     return QCursor(shape, 0, 0);
-}
-
-QString PenHint(Pen pen, EditTarget target) {
-    const bool memory = target == EditTarget::Memory;
-    switch (pen) {
-        case Pen::Draw:
-            return memory ? QStringLiteral("Click twice to draw a straight line; a right click drops it.")
-                          : QStringLiteral("Click to set a point, or to move the point at that address up or down.");
-        case Pen::Delete:
-            return memory ? QStringLiteral("Click to set one sample to 0.")
-                          : QStringLiteral("Click to remove a point.");
-        case Pen::Copy:
-            return memory ? QStringLiteral("Drag to copy a stretch; from right to left it is taken mirrored.")
-                          : QStringLiteral("Copying is for the memory; choose another pen.");
-        default:
-            return memory ? QStringLiteral("Drag the copied stretch to its place; it is written there on release.")
-                          : QStringLiteral("Drag the copied stretch to its place; each sample becomes a point.");
-    }
 }

@@ -1,7 +1,7 @@
 #include "editor/PointEntry.h"
 
 #include <algorithm>
-#include <limits>
+#include <utility>
 
 #include "waveform/Samples.h"
 
@@ -23,7 +23,8 @@ QChar DigitOrMinus(QChar typed) { return (typed >= u'0' && typed <= u'9') || typ
 
 }  // namespace
 
-PointEntry::PointEntry(const EditorContext& context, QWidget* parent) : Text1{}, context_(context) {
+PointEntry::PointEntry(const EditorState& editor, QWidget* parent, Enter enter)
+    : Text1{}, editor_(editor), enter_(std::move(enter)) {
     for (std::size_t i = 0; i < Text1.size(); ++i) {
         auto* const field = new EntryField(QStringLiteral("Text1_%1").arg(i), DigitOrMinus, parent);
         field->setText(QStringLiteral("0"));
@@ -37,25 +38,9 @@ PointEntry::PointEntry(const EditorContext& context, QWidget* parent) : Text1{},
     Text1[1]->SetNext(Text1[0]);
 }
 
-void PointEntry::EnterAddress() { HoldField(Text1[0], 0, context_.front.Size().LastAdr); }
+void PointEntry::EnterAddress() { HoldField(Text1[0], 0, editor_.Size->LastAdr); }
 
 void PointEntry::EnterPoint() {
     HoldField(Text1[1], -kHighestSample, kHighestSample);
-    using Address = std::numeric_limits<qint16>;
-    const double address = ReadHeadNumber(Text1[0]->text());
-    // No record has an address that a record can't hold.
-    if (address >= Address::min() && address <= Address::max()) {
-        const qint16 adr = Nearest(address);
-        const qint16 value = Nearest(ReadHeadNumber(Text1[1]->text()));
-        const bool memory = context_.front.Target() == EditTarget::Memory;
-        const auto enter = [adr, value, memory](RecordTable& table) {
-            if (const auto found = table.FindFirst(adr)) {
-                memory ? table.Change({found->id, adr, value}) : table.Remove(found->id);
-            } else {
-                table.Add(adr, value);
-            }
-        };
-        context_.tables.Change(context_.tables.DatabaseName, context_.front.Size(), enter, Telling::Silent);
-    }
-    context_.front.DrawEditor();
+    enter_(ReadHeadNumber(Text1[0]->text()), ReadHeadNumber(Text1[1]->text()));
 }

@@ -1,15 +1,19 @@
 #pragma once
 
 #include <array>
+#include <functional>
 
-#include "editor/EditorContext.h"
+#include "core/EditorState.h"
 #include "platform/EntryField.h"
 
 // The two fields that set one sample, or set and remove one point of the signal, from the keyboard. Nothing is stored
 // before Enter in the value field.
 class PointEntry {
   public:
-    PointEntry(const EditorContext& context, QWidget* parent);
+    using Enter = std::function<void(double address, double value)>;
+
+    // enter is given the numbers; only the value is held to its range.
+    PointEntry(const EditorState& editor, QWidget* parent, Enter enter);
 
     std::array<EntryField*, 2> Text1;  // address and value
 
@@ -17,5 +21,6 @@ class PointEntry {
     void EnterAddress();
     void EnterPoint();
 
-    EditorContext context_;
+    const EditorState& editor_;
+    Enter enter_;
 };

@@ -6,16 +6,7 @@
 #include "waveform/Samples.h"
 #include "waveform/ViewRules.h"
 
-namespace {
-
-void SetView(EditorState& editor, View view) {
-    editor.ViewLeft = static_cast<qint16>(view.left);
-    editor.ViewRight = static_cast<qint16>(view.right);
-}
-
-}  // namespace
-
-ViewPointer::ViewPointer(const EditorContext& context, QWidget* parent) : context_(context) {
+ViewPointer::ViewPointer(ProgramState& program, EditorView& view, QWidget* parent) : program_(program), view_(view) {
     corint = {MakeLabel(QStringLiteral("corint_0"), QStringLiteral("X:"), parent),
               MakeLabel(QStringLiteral("corint_1"), QStringLiteral("Y:"), parent)};
     corper = {MakeLabel(QStringLiteral("corper_0"), QStringLiteral("X: %"), parent),
@@ -28,9 +19,9 @@ ViewPointer::ViewPointer(const EditorContext& context, QWidget* parent) : contex
 }
 
 void ViewPointer::DragView(int buttons, float x) {
-    EditorState& editor = context_.program.editor;
+    EditorState& editor = program_.editor;
     // A drag may leave the picture.
-    const auto held = std::clamp(x, 0.0F, static_cast<float>(context_.front.Size().LastAdr));
+    const auto held = std::clamp(x, 0.0F, static_cast<float>(editor.Size->LastAdr));
     const auto at = Nearest(held);
     if (buttons != 1) {
         if (editor.ZoomDragging) {
@@ -46,35 +37,38 @@ void ViewPointer::DragView(int buttons, float x) {
     }
     const double to = editor.ZoomDragTo == -1 ? held : at;
     editor.ZoomDragTo = at;
-    context_.view.ShowZoomBox(editor.ZoomDragFrom, to);
+    view_.ShowZoomBox(editor.ZoomDragFrom, to);
 }
 
 void ViewPointer::EndDrag(int to) {
-    EditorState& editor = context_.program.editor;
+    EditorState& editor = program_.editor;
     editor.ZoomDragging = false;
     editor.ZoomDragTo = static_cast<qint16>(to);
-    context_.view.ForgetZoomBox();
-    SetView(editor, ZoomView(editor.ZoomDragFrom, editor.ZoomDragTo, context_.front.Size().LastAdr));
+    view_.ForgetZoomBox();
+    SetView(editor, ZoomView(editor.ZoomDragFrom, editor.ZoomDragTo, editor.Size->LastAdr));
     editor.EditorRedrawPending = true;
 }
 
 void ViewPointer::Page(float x) {
-    EditorState& editor = context_.program.editor;
+    EditorState& editor = program_.editor;
     const View view{editor.ViewLeft, editor.ViewRight};
-    if (const auto paged = PageView(view, x, context_.front.Size().LastAdr)) {
+    if (const auto paged = PageView(view, x, editor.Size->LastAdr)) {
         SetView(editor, *paged);
     } else {
         editor.LineActive = false;
     }
-    context_.front.DrawEditor();
 }
 
 void ViewPointer::ShowPosition(float x, float y) {
-    const UserNumbers& numbers = context_.program.numbers;
+    EditorState& editor = program_.editor;
+    const UserNumbers& numbers = program_.numbers;
     const auto percent = [&numbers](float value) -> QString { return numbers.Picture(value, "0.0") + u'%'; };
     corint[0]->setText(u"X= " + QString::number(Nearest(x)));
     corint[1]->setText(u"Y= " + QString::number(Nearest(y)));
-    corper[0]->setText(u"X= " + percent(PercentX(x, context_.front.Size().LastAdr)));
+    corper[0]->setText(u"X= " + percent(PercentX(x, editor.Size->LastAdr)));
     corper[1]->setText(u"Y= " + percent(PercentY(y)));
-    context_.view.ShowCross(x, y);
+    view_.ShowCross(x, y);
+    editor.CrossX = x;
+    editor.CrossY = y;
+    editor.CrossFresh = false;
 }

@@ -27,20 +27,21 @@ void OptionGroup::SetAccessibleName(const QString& name) {
 }
 
 void OptionGroup::Select(int index) {
-    const int target = buttons_.button(index) != nullptr ? index : -1;
-    if (target == selected_) {
-        return;
+    const int former = selected_;
+    Show(index);
+    if (selected_ != former && selected_ >= 0 && click_) {
+        click_(selected_);
     }
-    Show(target);
-    selected_ = target;
-    if (target >= 0 && click_) {
-        click_(target);
-    }
+}
+
+void OptionGroup::Show(int index) {
+    selected_ = buttons_.button(index) != nullptr ? index : -1;
+    Mark(selected_);
 }
 
 void OptionGroup::UserClick(int index) {
     if (Refused()) {
-        Show(selected_);
+        Mark(selected_);
         return;
     }
     Run(index);
@@ -115,7 +116,7 @@ void OptionGroup::FixTabStops() {
     }
 }
 
-void OptionGroup::Show(int index) {
+void OptionGroup::Mark(int index) {
     if (QAbstractButton* const option = buttons_.button(index)) {
         option->setChecked(true);
     } else if (QAbstractButton* const checked = buttons_.checkedButton()) {

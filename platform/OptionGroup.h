@@ -24,6 +24,8 @@ class OptionGroup : public QObject {
     int Selected() const { return selected_; }
     // Selects from code; -1 or an index that the group lacks takes the selection away.
     void Select(int index);
+    // Shows a selection that is in force already: the same without the click routine.
+    void Show(int index);
 
     QRadioButton* Option(int index) const;
     QList<QAbstractButton*> Options() const { return buttons_.buttons(); }
@@ -45,7 +47,7 @@ class OptionGroup : public QObject {
     void Run(int index);
     bool Refused() const { return guard_ && !guard_(); }
     void Walk(QAbstractButton* from, int step);
-    void Show(int index);
+    void Mark(int index);
     void FixTabStops();
 
     QButtonGroup buttons_;

@@ -17,6 +17,11 @@ View HoldView(View view, int LastAdr) {
 
 }  // namespace
 
+void SetView(EditorState& editor, View view) {
+    editor.ViewLeft = static_cast<qint16>(view.left);
+    editor.ViewRight = static_cast<qint16>(view.right);
+}
+
 int ViewMargin(View view) { return Nearest((view.right - view.left) / 50.0); }
 
 View ZoomView(int from, int to, int LastAdr) {

@@ -2,6 +2,8 @@
 
 #include <optional>
 
+#include "core/EditorState.h"
+
 // The part of the address axis that the enlarged picture shows. All of them keep 0 <= left < right <= LastAdr.
 struct View {
     int left;   // ViewLeft
@@ -10,6 +12,8 @@ struct View {
 };
 
 inline constexpr View kFirstView{1000, 2000};
+
+void SetView(EditorState& editor, View view);
 
 // The width of the shaded strip on either side of the view, in addresses.
 int ViewMargin(View view);

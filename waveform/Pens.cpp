@@ -1,4 +1,4 @@
-#include "editor/Pens.h"
+#include "waveform/Pens.h"
 
 #include <algorithm>
 #include <optional>
@@ -39,43 +39,20 @@ bool WriteLine(RecordTable& table, const LineEnds& line) {
     return true;
 }
 
-}  // namespace
+bool OnAxis(const EditorState& editor, float x) { return x >= 0.0F && x <= static_cast<float>(editor.Size->LastAdr); }
 
-void Pens::Press(float x, float y) {
-    const bool memory = context_.front.Target() == EditTarget::Memory;
-    const Pen pen = context_.front.SelectedPen();
-    if (pen == Pen::Draw) {
-        memory ? DrawLine(x, y) : SetPoint(x, y);
-    } else if (pen == Pen::Delete && IsInner(x)) {
-        memory ? ZeroSample(x) : RemovePoint(x);
-    }
+// The Delete pen leaves the first and the last address alone.
+bool IsInner(const EditorState& editor, float x) {
+    return NearestEven(x) >= 1.0 && NearestEven(x) < editor.Size->LastAdr;
 }
 
-bool Pens::IsInner(float x) const { return NearestEven(x) >= 1.0 && NearestEven(x) < context_.front.Size().LastAdr; }
-
-bool Pens::Edit(const std::function<bool(RecordTable& table)>& change) {
-    bool found = false;
-    const bool done = context_.tables.Change(
-        context_.tables.DatabaseName, context_.front.Size(), [&](RecordTable& table) { found = change(table); },
-        Telling::Box);
-    if (done && !found) {
-        return false;
-    }
-    context_.front.DrawEditor();
-    return true;
-}
-
-void Pens::DrawLine(float x, float y) {
-    EditorState& editor = context_.program.editor;
-    if (x < 0.0F || x > static_cast<float>(context_.front.Size().LastAdr)) {
-        return;
-    }
+TableResult DrawLine(EditorState& editor, EditorTables& tables, float x, float y) {
     if (!editor.LineActive) {
         editor.LineActive = true;
         editor.LineX1 = x;
         editor.LineY1 = y;
         editor.LineX2 = -1.0F;
-        return;
+        return {};
     }
     editor.LineActive = false;
     const LineEnds line = LeftToRight(editor.LineX1, editor.LineY1, x, y);
@@ -83,36 +60,41 @@ void Pens::DrawLine(float x, float y) {
     editor.LineY1 = line.y1;
     editor.LineX2 = line.x2;
     editor.LineY2 = line.y2;
-    if (!Edit([&line](RecordTable& table) { return WriteLine(table, line); })) {
-        context_.view.ShowBand({});
-    }
+    return tables.Change(tables.DatabaseName, *editor.Size,
+                         [&line](RecordTable& table) { return WriteLine(table, line); });
 }
 
 // A point of the signal moves up or down, never sideways.
-void Pens::SetPoint(float x, float y) {
-    if (x < 0.0F || x > static_cast<float>(context_.front.Size().LastAdr)) {
-        return;
-    }
-    Edit([x, y](RecordTable& table) {
-        if (const auto found = FindAt(table, {x})) {
-            table.Change({found->id, found->Adr, Nearest(y)});
-        } else {
-            table.Add(Nearest(x), Nearest(y));
-        }
-        return true;
+TableResult SetPoint(const EditorState& editor, EditorTables& tables, float x, float y) {
+    return tables.Change(tables.DatabaseName, *editor.Size, [x, y](RecordTable& table) {
+        const auto found = FindAt(table, {x});
+        return found ? table.Change({found->id, found->Adr, Nearest(y)}) : table.Add(Nearest(x), Nearest(y));
     });
 }
 
-void Pens::RemovePoint(float x) {
-    Edit([x](RecordTable& table) {
+TableResult RemovePoint(const EditorState& editor, EditorTables& tables, float x) {
+    return tables.Change(tables.DatabaseName, *editor.Size, [x](RecordTable& table) {
         const auto found = FindAt(table, {x, x - 1.0F, x + 1.0F});
         return found && table.Remove(found->id);
     });
 }
 
-void Pens::ZeroSample(float x) {
-    Edit([x](RecordTable& table) {
+TableResult ZeroSample(const EditorState& editor, EditorTables& tables, float x) {
+    return tables.Change(tables.DatabaseName, *editor.Size, [x](RecordTable& table) {
         const auto found = FindAt(table, {x});
         return found && table.Change({found->id, found->Adr, 0});
     });
+}
+
+}  // namespace
+
+TableResult PressPen(EditorState& editor, EditorTables& tables, float x, float y) {
+    const bool memory = editor.Target == EditTarget::Memory;
+    if (editor.SelectedPen == Pen::Draw && OnAxis(editor, x)) {
+        return memory ? DrawLine(editor, tables, x, y) : SetPoint(editor, tables, x, y);
+    }
+    if (editor.SelectedPen == Pen::Delete && IsInner(editor, x)) {
+        return memory ? ZeroSample(editor, tables, x) : RemovePoint(editor, tables, x);
+    }
+    return {};
 }

@@ -1,0 +1,126 @@
+// What an event of the form runs: an operation on the state and the tables, and then what shows its result.
+
+#include <QCoreApplication>
+#include <utility>
+
+#include "editor/Editor.h"
+#include "waveform/Choices.h"
+#include "waveform/Entry.h"
+#include "waveform/Generation.h"
+#include "waveform/Pens.h"
+#include "waveform/Redraw.h"
+#include "waveform/ViewRules.h"
+
+void Editor::DrawEditor() {
+    EditorState& editor = program_.editor;
+    desktop_.BusyOn();
+    BeginRedraw(editor);
+    view_->Clear();
+    std::vector<Record> records;
+    if (faults_.Tell(tables_.Read(tables_.FileOf(editor.Target), *editor.Size, records), Telling::Once)) {
+        TakeRecords(records, editor, program_.memories);
+        view_->Draw(records);
+    }
+    desktop_.BusyOff();
+}
+
+// Any number of requests make one redraw. It may come in the middle of a transfer or an import, whose hourglass stays.
+void Editor::Editor_Timer1_Timer() {
+    if (program_.editor.EditorOpen && std::exchange(program_.editor.EditorRedrawPending, false)) {
+        const bool busy = desktop_.Busy();
+        DrawEditor();
+        if (busy) {
+            desktop_.BusyOn();
+        }
+    }
+}
+
+void Editor::Editor_opPenmode_Click(int index) {
+    TakeUp(static_cast<Pen>(index), program_.editor);
+    ShowPen();
+}
+
+void Editor::Editor_Picture2_MouseDown(int button, float x, float y) {
+    EditorState& editor = program_.editor;
+    if (button == 2) {
+        pointer_->Page(x);
+        DrawEditor();
+    } else if (button == 1) {
+        const TableResult result = PressPen(editor, tables_, x, y);
+        if (!faults_.Tell(result, Telling::Box) || result.changed) {
+            DrawEditor();
+        } else if (!editor.LineActive) {
+            view_->ShowBand({});
+        }
+    }
+}
+
+void Editor::Editor_Picture2_MouseMove(int buttons, float x, float y) {
+    EditorState& editor = program_.editor;
+    const float heldX = ClampX(x, {editor.ViewLeft, editor.ViewRight});
+    const float heldY = ClampY(y);
+    pointer_->ShowPosition(heldX, heldY);
+    if (editor.LineActive) {
+        StretchLine(editor, heldX, heldY);
+        view_->ShowBand(LineBand(editor, editor.Size->samples(program_.memories)));
+    }
+    DragPen(buttons, heldX);
+}
+
+void Editor::DragPen(int buttons, float x) {
+    EditorState& editor = program_.editor;
+    switch (NextDragStep(editor, buttons)) {
+        case DragStep::None:
+            break;
+        case DragStep::Copy:
+            if (const auto box = CopyStep(editor, x)) {
+                view_->ShowDragBox(*box);
+            } else {
+                view_->ForgetDragBox();  // one that a drag too short has left stays until the redraw
+            }
+            break;
+        case DragStep::EndCopy:
+            if (EndCopy(editor, editor.Size->samples(program_.memories), x)) {
+                editor.EditorRedrawPending = true;
+            }
+            break;
+        case DragStep::Paste:
+            view_->ShowDragBox(PasteStep(editor, x));
+            break;
+        case DragStep::EndPaste:
+            desktop_.BusyOn();
+            faults_.Tell(EndPaste(editor, tables_), Telling::Box);
+            desktop_.BusyOff();
+            editor.EditorRedrawPending = true;
+            break;
+    }
+}
+
+void Editor::EnterNumbers(double address, double value) {
+    faults_.Tell(EnterPoint(program_.editor, tables_, address, value), Telling::Silent);
+    DrawEditor();
+}
+
+void Editor::Editor_mnudelete_Click() {
+    if (!desktop_.Question(QStringLiteral("Are you sure to set all Values to zero?"),
+                           QStringLiteral("Arbitrary Editor"))) {
+        return;
+    }
+    desktop_.BusyOn();
+    faults_.Tell(ClearTable(program_.editor, tables_), Telling::Box);
+    DrawEditor();
+}
+
+// Other events run before it returns.
+void Editor::Editor_mnulinint_Click() {
+    EditorState& editor = program_.editor;
+    desktop_.BusyOn();
+    const TableResult result = GenerateMemory(editor, tables_, program_.memories);
+    if (faults_.Tell(result, Telling::Box) && result.changed) {
+        WorkOn(EditTarget::Memory, editor, tables_);
+        ShowChoices();
+        DrawEditor();
+        QCoreApplication::processEvents();
+    }
+    desktop_.BusyOff();
+}
