@@ -3,13 +3,15 @@
 #include <QtGlobal>
 #include <array>
 
+#include "core/ArbMemory.h"
+
 // What the waveform editor remembers, also while its form is closed. Addresses run from 0 to the LastAdr of the current
 // memory size; values from -2047 to 2047, in the band around the view up to 2060.
 struct EditorState {
     // The spline through the construction points, one value for each address, as the last spline view left it.
-    std::array<qint16, 16385> ArbSignal{};
+    std::array<qint16, kAddresses16k> ArbSignal{};
     // What was copied or read, in the order of taking.
-    std::array<qint16, 16385> CopyBuffer{};
+    std::array<qint16, kAddresses16k> CopyBuffer{};
 
     qint16 ViewLeft = 1000;  // the part shown in Picture2; 0 <= ViewLeft < ViewRight <= LastAdr
     qint16 ViewRight = 2000;
