@@ -29,10 +29,13 @@ class EditMode {
     QStringList HeldFiles() const;
 
   private:
+    QStringList HeldSettingFiles() const;
     using Chooser = bool (*)(const ConstructionChoice& choice);
     bool ChooseAndCheck(Chooser choose);
     void GoOverTo(Chooser choose);
 
     EditorContext context_;
     FileBox& boxfile_;
+    EditTarget worksOn_ =
+        EditTarget::Memory;  // whose file Data1 has; a choice of a mode comes before the change of file
 };
