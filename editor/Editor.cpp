@@ -129,9 +129,8 @@ void Editor::Editor_Form_Load() {
     editor.CopyDragging = false;
     editor.PasteDragging = false;
     const Preferences& preferences = program_.preferences;
-    ApplyWindowState(*this, preferences.EditorWindowState);
     SizeForm(*this, preferences.EditorWidth, preferences.EditorHeight);
-    MoveForm(*this, preferences.EditorLeft, preferences.EditorTop);
+    PlaceForm(*this, preferences.EditorLeft, preferences.EditorTop, preferences.EditorWindowState);
     mode_->EditMemory();
     Timer1.start();
 }
