@@ -3,6 +3,7 @@
 #include <QtGlobal>
 #include <array>
 
+#include "core/ArbMemory.h"
 #include "core/MemorySize.h"
 
 enum class EditTarget { Memory, Signal };  // opEditmode 0 and 1: the table of a setting file, or construction points
@@ -20,9 +21,9 @@ struct EditorState {
     bool Markers = true;                  // the records of the view show as dots
 
     // The spline through the construction points, one value for each address, as the last spline view left it.
-    std::array<qint16, 16385> ArbSignal{};
+    std::array<qint16, kAddresses16k> ArbSignal{};
     // What was copied or read, in the order of taking.
-    std::array<qint16, 16385> CopyBuffer{};
+    std::array<qint16, kAddresses16k> CopyBuffer{};
 
     qint16 ViewLeft = 1000;  // the part shown in Picture2; 0 <= ViewLeft < ViewRight <= LastAdr
     qint16 ViewRight = 2000;

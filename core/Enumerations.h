@@ -4,12 +4,14 @@
 
 #include "core/PanelState.h"
 
-// One row for each value of an enumeration: what the panel shows, what is sent, and what the status reply holds.
-// The row's index is the value. An empty token marks what remains when no other token is found.
+// One row for each value of an enumeration: what the panel shows, what is sent, what the status reply holds, and the
+// word of the overview, if it has one. The row's index is the value. An empty token marks what remains when no other
+// token is found.
 struct EnumerationRow {
     const char* caption;
     const char* command;
     const char* token;
+    const char* overview = "";
 };
 
 inline constexpr std::array<EnumerationRow, 9> kSignals{{
@@ -24,33 +26,37 @@ inline constexpr std::array<EnumerationRow, 9> kSignals{{
     {"Pink noise", "pink", ""},
 }};
 
+inline constexpr quint8 kSignalSine = 0;
+inline constexpr quint8 kSignalSquare = 1;
 inline constexpr quint8 kSignalTriangular = 2;
+inline constexpr quint8 kSignalRampInc = 3;
+inline constexpr quint8 kSignalRampDec = 4;
 inline constexpr quint8 kSignalArbitrary4 = 5;
 inline constexpr quint8 kSignalArbitrary16 = 6;
 inline constexpr quint8 kSignalWhiteNoise = 7;  // from here on: noise, which has no frequency
+inline constexpr quint8 kSignalPinkNoise = 8;
 
 inline constexpr std::array<EnumerationRow, 3> kSweeps{{
-    {"Sweep: Off", "SW0", "SW0"},
-    {"Sweep: linear", "lin", "SL1"},
-    {"Sweep: logarithmic", "log", ""},
+    {"Sweep: Off", "SW0", "SW0", "Off"},
+    {"Sweep: linear", "lin", "SL1", "Linear"},
+    {"Sweep: logarithmic", "log", "", "Logarithmic"},
 }};
 
 inline constexpr quint8 kSweepOff = 0;
-inline constexpr quint8 kSweepLinear = 1;
 
 inline constexpr std::array<EnumerationRow, 5> kModes{{
-    {"Free-running mode", "ctm", "CTM"},
-    {"Gated high level", "gtm+", "GT+"},
-    {"Gated low level", "gtm-", "GT-"},
-    {"Trg + slope", "trm+", "TR+"},
-    {"Trg - slope", "trm-", ""},
+    {"Free-running mode", "ctm", "CTM", "Free running"},
+    {"Gated high level", "gtm+", "GT+", "Gated 1"},
+    {"Gated low level", "gtm-", "GT-", "Gated 0"},
+    {"Trg + slope", "trm+", "TR+", "Triggered positive slope"},
+    {"Trg - slope", "trm-", "", "Triggered negative slope"},
 }};
 
 // The command words of both modulations stand with the sequences that send them.
 inline constexpr std::array<EnumerationRow, 3> kAmplitudeModulations{{
-    {"", "", "AM0"},
-    {"Modulation external", "", "AMX"},
-    {"Modulation internal 1kHz", "", ""},
+    {"", "", "AM0", "Off"},
+    {"Modulation external", "", "AMX", "External"},
+    {"Modulation internal 1kHz", "", "", "Internal"},
 }};
 
 inline constexpr quint8 kAmOff = 0;

@@ -12,12 +12,15 @@ struct LevelRange {
     double lowestVrms, highestVrms;
     double largestOffset;      // V, magnitude
     double offsetReplyFactor;  // the instrument reports the offset multiplied by this
+    const char* number;
+    const char* largestOffsetText;  // as the instrument's front panel writes it
+    const char* offsetPicture;      // the offset's resolution; none where it keeps all its decimals
 };
 
 inline constexpr std::array<LevelRange, 3> kLevelRanges{{
-    {0.02, 0.2, 0.0071, 0.07, 0.05, 100.0},
-    {0.21, 2.0, 0.071, 0.7, 0.5, 10.0},
-    {2.01, 20.0, 0.71, 7.07, 5.0, 1.0},
+    {0.02, 0.2, 0.0071, 0.07, 0.05, 100.0, "1", "50mV", nullptr},
+    {0.21, 2.0, 0.071, 0.7, 0.5, 10.0, "2", "500mV", "0.000"},
+    {2.01, 20.0, 0.71, 7.07, 5.0, 1.0, "3", "5.00V", "0.00"},
 }};
 
 // The row of range 1 to 3; any other number counts as 3.

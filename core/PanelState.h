@@ -35,4 +35,6 @@ struct PanelState {
     double msWobbel = 1000.0;   // Hz, sweep start
     double meWobbel = 50000.0;  // Hz, sweep stop
     double mtWobbel = 1.0;      // s, sweep time
+
+    bool operator==(const PanelState&) const = default;
 };

@@ -6,7 +6,10 @@
 namespace {
 
 FileRequest Request(const QString& title, const QString& extension) {
-    return {.title = title, .filter = QStringLiteral("Settings (*.con) |*.con"), .extension = extension};
+    return {.title = title,
+            .filter = QStringLiteral("Settings (*.con) |*.con"),
+            .extension = extension,
+            .longest = FixedName::kLength};
 }
 
 // The hourglass stays for the caller, which goes on with the file.

@@ -20,18 +20,21 @@ QString Complaint(ConstructionOutcome outcome) {
 }  // namespace
 
 QStringList EditMode::HeldFiles() const {
-    const ProgramState& program = context_.program;
-    QStringList held{program.SettingFileName.Name(), program.ConstructionFileName.Name(), context_.tables.DatabaseName};
-    held.removeAll(QString());
-    return held;
+    const QString construction = context_.program.ConstructionFileName.Name();
+    return construction.isEmpty() ? HeldSettingFiles() : HeldSettingFiles() << construction;
+}
+
+// After a save under another name, Data1 stays on the former file.
+QStringList EditMode::HeldSettingFiles() const {
+    const QString setting = context_.program.SettingFileName.Name();
+    return context_.program.editor.Target == EditTarget::Memory ? QStringList{setting, context_.tables.DatabaseName} : QStringList{setting};
 }
 
 bool EditMode::ChooseAndCheck(Chooser choose) {
     FixedName& name = context_.program.ConstructionFileName;
     const FixedName former = name;
-    QStringList held = HeldFiles();
-    held.removeAll(former.Name());  // new construction data may take the place of the present one
-    if (!choose({name, boxfile_, context_.desktop, held})) {
+    // New construction data may take the place of the present one, but for a file that holds the memories too.
+    if (!choose({name, boxfile_, context_.desktop, HeldSettingFiles()})) {
         return false;
     }
     const QString chosen = name.Name();

@@ -24,6 +24,7 @@ class EditMode {
     QStringList HeldFiles() const;
 
   private:
+    QStringList HeldSettingFiles() const;
     using Chooser = bool (*)(const ConstructionChoice& choice);
     bool ChooseAndCheck(Chooser choose);
     void GoOverTo(Chooser choose);

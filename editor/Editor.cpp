@@ -148,9 +148,8 @@ void Editor::Editor_Form_Load() {
     program_.editor.EditorOpen = true;
     BeginEditing(program_.editor);
     const Preferences& preferences = program_.preferences;
-    ApplyWindowState(*this, preferences.EditorWindowState);
     SizeForm(*this, preferences.EditorWidth, preferences.EditorHeight);
-    MoveForm(*this, preferences.EditorLeft, preferences.EditorTop);
+    PlaceForm(*this, preferences.EditorLeft, preferences.EditorTop, preferences.EditorWindowState);
     WorkOn(EditTarget::Memory, program_.editor, tables_);
     ShowChoices();
     Timer1.start();

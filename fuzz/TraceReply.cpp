@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "Fuzz.h"
+#include "core/ArbMemory.h"
 #include "core/Numbers.h"
 
 namespace {
@@ -36,7 +37,7 @@ bool FitsSample(double number) { return number >= -32768.0 && number <= 32767.0;
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const QString text = QString::fromUtf8(BytesOf(data, size));
-    static std::array<qint16, 16385> buffer;
+    static std::array<qint16, kAddresses16k> buffer;
     buffer.fill(kBefore);
     const bool read = ReadTrace(text, buffer);
 

@@ -54,8 +54,8 @@ void MemoryTransfer::ReadPoint(const MemorySize& size, int address) {
     StartPoint(link_.CommandText, size, address);
     link_.CommandText += u'?';
     transport_.QueryUnitBlock();
-    if (gate_.Abandoned() && link_.SerialFault == 1) {
-        return;  // cut short: there is no reply
+    if (link_.SerialFault == 1 && link_.LinkUp == 1) {
+        return;  // cut short before the query was on the line: there is no reply
     }
     const double sample = SampleOf(link_.ReplyText);
     using Limits = std::numeric_limits<qint16>;

@@ -11,13 +11,6 @@ namespace {
 
 using Strokes = std::vector<QLineF>;
 
-// The signal forms that only the picture tells apart.
-constexpr quint8 kSignalSine = 0;
-constexpr quint8 kSignalSquare = 1;
-constexpr quint8 kSignalRampInc = 3;
-constexpr quint8 kSignalRampDec = 4;
-constexpr quint8 kSignalPinkNoise = 8;
-
 constexpr double kAmplitude = 1800.0;  // of the fixed forms
 constexpr int kLastX = 62;             // where the last stroke of one unit starts
 constexpr int kHalfPeriod = 8;

@@ -1,31 +1,32 @@
 #include "overview/OverviewText.h"
 
 #include <QStringList>
-#include <algorithm>
-#include <array>
 
 #include "core/Enumerations.h"
 #include "core/FrequencyDisplay.h"
 
 namespace {
 
+QString Line(const char* head, const EnumerationRow& row) {
+    return QLatin1StringView(head) + QLatin1StringView(row.overview);
+}
+
 QStringList SweepLines(const PanelState& panel, const UserNumbers& numbers) {
+    const QString sweep = Line("Sweep: ", RowOf(kSweeps, panel.bmWobbel));
     if (panel.bmWobbel == kSweepOff) {
-        return {QStringLiteral("Sweep: Off")};
+        return {sweep};
     }
-    return {panel.bmWobbel == kSweepLinear ? QStringLiteral("Sweep: Linear") : QStringLiteral("Sweep: Logarithmic"),
-            QStringLiteral("Sweep start freq: ") + numbers.Picture(panel.msWobbel, "0.0000"),
+    return {sweep, QStringLiteral("Sweep start freq: ") + numbers.Picture(panel.msWobbel, "0.0000"),
             QStringLiteral("Sweep stop freq: ") + numbers.Picture(panel.meWobbel, "0.0000"),
             QStringLiteral("Sweep time: ") + numbers.Picture(panel.mtWobbel, "0.00")};
 }
 
 QStringList AmplitudeModulationLines(const PanelState& panel, const UserNumbers& numbers) {
+    const QString modulation = Line("Amplitude modulation: ", RowOf(kAmplitudeModulations, panel.bmAmpMod));
     if (panel.bmAmpMod == kAmOff) {
-        return {QStringLiteral("Amplitude modulation: Off")};
+        return {modulation};
     }
-    return {panel.bmAmpMod == kAmExternal ? QStringLiteral("Amplitude modulation: External")
-                                          : QStringLiteral("Amplitude modulation: Internal"),
-            QStringLiteral("Modulation depth: ") + numbers.Picture(panel.bmAmDepth, "0.0")};
+    return {modulation, QStringLiteral("Modulation depth: ") + numbers.Picture(panel.bmAmDepth, "0.0")};
 }
 
 QStringList ShiftKeyingLines(const PanelState& panel, const UserNumbers& numbers) {
@@ -46,13 +47,6 @@ QStringList ShiftKeyingLines(const PanelState& panel, const UserNumbers& numbers
             QStringLiteral("Hop frequency: ") + frequency(panel.mhFreq)};
 }
 
-QString ModeLine(quint8 bmMode) {
-    static constexpr std::array<const char*, 5> kNames{"Free running", "Gated 1", "Gated 0", "Triggered positive slope",
-                                                       "Triggered negative slope"};
-    const auto row = std::min<std::size_t>(bmMode, kNames.size() - 1);
-    return QStringLiteral("Mode: ") + QLatin1String(kNames.at(row));
-}
-
 }  // namespace
 
 QString OverviewText(const PanelState& panel, const UserNumbers& numbers) {
@@ -62,6 +56,6 @@ QString OverviewText(const PanelState& panel, const UserNumbers& numbers) {
     lines << ShiftKeyingLines(panel, numbers) << emptyLine;
     lines << (panel.tmIntRef ? QStringLiteral("Reference frequency: Internal")
                              : QStringLiteral("Reference frequency: External"));
-    lines << ModeLine(panel.bmMode);
+    lines << Line("Mode: ", RowOf(kModes, panel.bmMode));
     return lines.join(QStringLiteral("\r\n"));
 }

@@ -99,8 +99,7 @@ void Main::Main_Form_Load() {
     ShowCaption(OfflineCaption());
     Preferences& preferences = program_.preferences;
     LoadPreferences(services_.programFolder, preferences, desktop_);
-    ApplyWindowState(*this, preferences.MainWindowState);
-    MoveForm(*this, preferences.MainLeft, preferences.MainTop);
+    PlaceForm(*this, preferences.MainLeft, preferences.MainTop, preferences.MainWindowState);
     RefreshPanel();
 }
 
@@ -322,6 +321,8 @@ void Main::Main_mnueditor_Click() {
     if (!EditorOpen()) {
         editor_.reset(new Editor({program_, desktop_, boxfile, services_.ziel, *this}));
         editor_->Editor_Form_Load();
+        editor_->show();
+        return;
     }
     BringToFront(*editor_);
 }

@@ -6,7 +6,10 @@
 namespace {
 
 FileRequest Request(const QString& title) {
-    return {.title = title, .filter = QStringLiteral("Settings (*.set) |*.set"), .extension = QStringLiteral("SET")};
+    return {.title = title,
+            .filter = QStringLiteral("Settings (*.set) |*.set"),
+            .extension = QStringLiteral("SET"),
+            .longest = FixedName::kLength};
 }
 
 }  // namespace

@@ -8,7 +8,8 @@ struct FileRequest {
     QString title;
     QString filter;         // "Settings (*.set) |*.set": what is shown, then the pattern
     QString fileName = {};  // the name that stands in the dialog at first; a pattern stands for none
-    QString extension;      // given to a name that is typed without one
+    QString extension;      // given to a name that is saved without it; any case of letters
+    qsizetype longest = 0;  // characters of a path that is saved; a longer one is cut. 0: any
 };
 
 // What the program asks of the desktop around it. An interface, so that tests answer the boxes.
@@ -21,7 +22,8 @@ class Desktop {
     // Yes and No; true for Yes. Closing the box counts as No.
     virtual bool Question(const QString& text, const QString& title) = 0;
 
-    // The chosen file's path, empty on Cancel. Opening takes existing files only; saving asks before it overwrites.
+    // The chosen file's path, empty on Cancel. Opening takes existing files only, by the name as it was typed or with
+    // the extension; saving asks before it overwrites.
     virtual QString OpenFile(const FileRequest& request) = 0;
     virtual QString SaveFile(const FileRequest& request) = 0;
 

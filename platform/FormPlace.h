@@ -7,7 +7,6 @@
 
 // The window state of a form as a number.
 qint16 WindowStateNumber(const QWidget& form);
-void ApplyWindowState(QWidget& form, qint16 state);
 
 // The outer left and top edge, held to 16 bits.
 qint16 FormLeft(const QWidget& form);
@@ -21,5 +20,10 @@ qint16 FormWidth(const QWidget& form);
 qint16 FormHeight(const QWidget& form);
 void SizeForm(QWidget& form, qint16 width, qint16 height);
 
-// Moves the form; a place that no screen shows any more is brought back onto the screen.
-void MoveForm(QWidget& form, qint16 left, qint16 top);
+// The place nearest to a window's own at which it lies wholly on the screens; it may lie across several. Where it finds
+// no room, the nearest top left corner of a screen. All in pixels; without screens its own place.
+QPoint NearestPlace(const QRect& window, const QList<QRect>& screens);
+
+// Moves a form that is not shown yet to the place nearest to this one at which it lies wholly on the screens, its frame
+// included, and gives it its window state. In its normal state it stands there.
+void PlaceForm(QWidget& form, qint16 left, qint16 top, qint16 state);

@@ -2,9 +2,9 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QMessageBox>
+
+#include "platform/FileDialog.h"
 
 QWidget* QtDesktop::Parent() {
     QWidget* const active = QApplication::activeWindow();
@@ -65,29 +65,12 @@ bool QtDesktop::Question(const QString& text, const QString& title) {
     return box.exec() == QMessageBox::Yes;
 }
 
-namespace {
-
-QString ChooseFile(QWidget* parent, const FileRequest& request, QFileDialog::AcceptMode mode) {
-    QFileDialog dialog(parent, request.title, QString(), request.filter.section(u'|', 0, 0).trimmed());
-    dialog.setAcceptMode(mode);
-    dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(request.extension.toLower());
-    if (!request.fileName.isEmpty() && !request.fileName.contains(u'*')) {
-        const QFileInfo last(request.fileName);
-        dialog.setDirectory(last.absolutePath());
-        dialog.selectFile(last.fileName());
-    }
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
-
-}  // namespace
-
 QString QtDesktop::OpenFile(const FileRequest& request) {
-    return ChooseFile(Parent(), request, QFileDialog::AcceptOpen);
+    return FileDialog(request, QFileDialog::AcceptOpen, Parent()).Choose();
 }
 
 QString QtDesktop::SaveFile(const FileRequest& request) {
-    return ChooseFile(Parent(), request, QFileDialog::AcceptSave);
+    return FileDialog(request, QFileDialog::AcceptSave, Parent()).Choose();
 }
 
 void QtDesktop::Beep() { QApplication::beep(); }

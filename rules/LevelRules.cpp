@@ -10,28 +10,15 @@ constexpr double kRoot2 = std::numbers::sqrt2;
 // Sums of decimal entries carry binary dust: 2 x 0.15 + 1.7 is meant to be 2.
 constexpr double kDustVolts = 1.0e-9;
 
-QString RangeNumber(quint8 bmBereich) { return QString::number(bmBereich >= 1 && bmBereich <= 2 ? bmBereich : 3); }
-
-// The largest offset as the instrument's front panel writes it.
-QString LargestOffsetText(quint8 bmBereich) {
-    switch (bmBereich) {
-        case 1:
-            return QStringLiteral("50mV");
-        case 2:
-            return QStringLiteral("500mV");
-        default:
-            return QStringLiteral("5.00V");
-    }
-}
-
 bool SumExceedsRange(double level, double offset, quint8 bmBereich, Truth tmVPP) {
     const double sum = (tmVPP ? 2.0 : kRoot2) * offset + level;
     return sum - HighestLevel(RangeOf(bmBereich), tmVPP) > kDustVolts;
 }
 
 QString SumHint(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers) {
-    return u"2 X offset + output voltage is higher then the max. possible level Range" + RangeNumber(bmBereich) +
-           u": " + numbers.Picture(HighestLevel(RangeOf(bmBereich), tmVPP), "0.00") + u'V';
+    const LevelRange& range = RangeOf(bmBereich);
+    return u"2 X offset + output voltage is higher then the max. possible level Range" +
+           QLatin1StringView(range.number) + u": " + numbers.Picture(HighestLevel(range, tmVPP), "0.00") + u'V';
 }
 
 }  // namespace
@@ -62,9 +49,10 @@ Held HoldAmLevel(double level, Truth tmVPP, const UserNumbers& numbers) {
 double ConvertLevel(double level, bool toVpp) { return toVpp ? level * kRoot2 : level / kRoot2; }
 
 Held HoldOffset(double offset, quint8 bmBereich) {
-    const double largest = RangeOf(bmBereich).largestOffset;
-    if (offset > largest) {
-        return {largest, u"Max Offset in Range" + RangeNumber(bmBereich) + u" is " + LargestOffsetText(bmBereich)};
+    const LevelRange& range = RangeOf(bmBereich);
+    if (offset > range.largestOffset) {
+        return {range.largestOffset, u"Max Offset in Range" + QLatin1StringView(range.number) + u" is " +
+                                         QLatin1StringView(range.largestOffsetText)};
     }
     return {offset, {}};
 }
@@ -96,10 +84,8 @@ Held HoldOffsetBesideLevel(double offset, double level, quint8 bmBereich, Truth 
 }
 
 double RoundOffset(double magnitude, quint8 bmBereich) {
-    if (bmBereich == 1) {
-        return magnitude;
-    }
-    return ReadHeadNumber(FormatPicture(magnitude, bmBereich == 2 ? "0.000" : "0.00", '.'));
+    const char* const picture = RangeOf(bmBereich).offsetPicture;
+    return picture != nullptr ? ReadHeadNumber(FormatPicture(magnitude, picture, '.')) : magnitude;
 }
 
 QString LevelToolTip(Truth tmVPP, const UserNumbers& numbers) {
@@ -109,6 +95,8 @@ QString LevelToolTip(Truth tmVPP, const UserNumbers& numbers) {
 }
 
 QString OffsetToolTip(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers) {
-    return u"Max offset in range" + RangeNumber(bmBereich) + u" is " + LargestOffsetText(bmBereich) + u" (level <= " +
-           numbers.Picture(HighestLevel(RangeOf(bmBereich), tmVPP), "0.00") + (tmVPP ? u" Vpp)" : u" Vrms)");
+    const LevelRange& range = RangeOf(bmBereich);
+    return u"Max offset in range" + QLatin1StringView(range.number) + u" is " +
+           QLatin1StringView(range.largestOffsetText) + u" (level <= " +
+           numbers.Picture(HighestLevel(range, tmVPP), "0.00") + (tmVPP ? u" Vpp)" : u" Vrms)");
 }

@@ -34,7 +34,7 @@ Held HoldLevelBesideOffset(double level, double offset, quint8 bmBereich, Truth 
 // The magnitude of the offset that gives way to the level: 0 for a level that is above its range by itself, and never
 // above `offset`, the magnitude that stood there.
 Held HoldOffsetBesideLevel(double offset, double level, quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers);
-// An offset's magnitude at the resolution of its range: three decimals in range 2, two in range 3, all in range 1.
+// An offset's magnitude at the resolution of its range.
 double RoundOffset(double magnitude, quint8 bmBereich);
 
 QString LevelToolTip(Truth tmVPP, const UserNumbers& numbers);

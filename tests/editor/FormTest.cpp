@@ -25,6 +25,7 @@ TEST_F(EditorForm, ClosingReadsTheFileBackOnceAndKeepsThePlace) {
     EXPECT_EQ(host.calls, u"load draw ");
     Open();
     EXPECT_EQ(QRect(form->pos(), form->size()), QRect(60, 90, 700, 500));
+    form->resize(800, 600);
     form->setWindowState(Qt::WindowMaximized);
     form->close();
     EXPECT_EQ(program.preferences.EditorWindowState, 2);

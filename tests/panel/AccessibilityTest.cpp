@@ -50,8 +50,7 @@ QList<QWidget*> TabStops(Qt::Key key) {
 
 // The Tab key comes round, either way; it and the arrow keys within a group of options reach all there is.
 void ExpectReachable(QWidget* window) {
-    QApplication::setActiveWindow(window);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window) && window->focusWidget() != nullptr);
+    ASSERT_TRUE(Activate(window) && window->focusWidget() != nullptr);
     window->focusWidget()->clearFocus();
     QTest::keyClick(window, Qt::Key_Tab);
     const QList<QWidget*> stops = TabStops(Qt::Key_Tab);
@@ -139,7 +138,7 @@ struct Windows : PanelBench {
         desktop.answer = true;
         program.editor.CopyEnd = 100;  // there is something to paste
         for (const char* const item : {"mnucom", "mnuabout", "mnueditor"}) {
-            QApplication::setActiveWindow(form.get());
+            ASSERT_TRUE(Activate(form.get()));
             desktop.chosen = folder.filePath(QStringLiteral("a.set"));
             Get<QAction>(item)->trigger();
             desktop.chosen = folder.filePath(QStringLiteral("a.con"));

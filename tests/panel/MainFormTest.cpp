@@ -50,6 +50,7 @@ TEST_F(DefaultsFile, TakesTheRecordOverItsHeadAtAYes) {
 TEST_F(DefaultsFile, KeepsTheNormalPositionOfAMaximisedForm) {
     Store(EncodePreferences({.MainLeft = 150}));
     Open();
+    form->move(30, 60);
     form->setWindowState(Qt::WindowMaximized);
     desktop.answer = true;
     EXPECT_TRUE(form->close());

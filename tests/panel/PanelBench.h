@@ -18,6 +18,11 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
         line.reply = [](const QString& command, const QString&) -> QByteArray {
             return command == u"sta?" ? "OT0 RFI SW0 SIN AM0 SK0 CTM VPP\r" : command.endsWith(u'?') ? "0\r" : "";
         };
+        MakeForm();
+    }
+
+    // A new form; closes none that was there before.
+    void MakeForm() {
         const auto describePort = [](int number, bool openHere) {
             return QStringLiteral("device %1%2").arg(number).arg(openHere ? u"!" : u"");
         };

@@ -1,14 +1,41 @@
+#include <QDir>
 #include <QFile>
+#include <algorithm>
+#include <filesystem>
+#include <functional>
 
 #include "PanelBench.h"
 
 namespace {
 
 struct SettingFiles : OpenPanel {
-    void Choose(const char* item, const QString& name) {
+    void Choose(const char* item, const QString& name) { ChooseIn(*form, item, name); }
+    void ChooseInEditor(const char* item, const QString& name) { ChooseIn(*EditorWindow(), item, name); }
+    void ChooseIn(const QWidget& window, const char* item, const QString& name) {
         desktop.chosen = name.isEmpty() ? QString() : folder.filePath(name);
-        Get<QAction>(item)->trigger();
+        window.findChild<QAction*>(QString::fromLatin1(item))->trigger();
         EXPECT_FALSE(desktop.busy);
+    }
+    static QWidget* EditorWindow() {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        const auto editor = std::ranges::find_if(
+            windows, [](const QWidget* window) { return window->objectName() == u"Editor" && window->isVisible(); });
+        EXPECT_NE(editor, windows.end());
+        return editor == windows.end() ? nullptr : *editor;
+    }
+    // Nothing is written, but a message box says why.
+    void ExpectRefused(const std::function<void()>& choose, const char* file) {
+        QFile held(folder.filePath(QString::fromLatin1(file)));
+        ASSERT_TRUE(held.open(QIODevice::ReadOnly));
+        const QByteArray before = held.readAll();
+        desktop.boxes.clear();
+        choose();
+        EXPECT_EQ(desktop.boxes.size(), 1);
+        EXPECT_TRUE(desktop.boxes.value(0).contains(u"The editor works on this file."));
+        ASSERT_TRUE(held.seek(0));
+        EXPECT_TRUE(held.readAll() == before);
+        QFile now(held.fileName());
+        EXPECT_TRUE(now.open(QIODevice::ReadOnly) && now.readAll() == before);
     }
 };
 
@@ -59,11 +86,16 @@ TEST_F(SettingFiles, AFileOfAnotherKindIsNamedAndChangesNothing) {
 TEST_F(SettingFiles, NothingTakesThePlaceOfTheFileThatTheEditorWorksOn) {
     Choose("mnueditor", QStringLiteral("a.set"));
     EXPECT_TRUE(program.editor.EditorOpen);
-    for (const char* const item : {"mnusset", "mnueditor"}) {
-        desktop.boxes.clear();
-        Choose(item, QStringLiteral("./a.set"));
-        EXPECT_EQ(desktop.boxes.size(), 1) << item;
-        EXPECT_TRUE(desktop.boxes.value(0).contains(u"The editor works on this file."));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("sub")));
+    ASSERT_TRUE(QFile::link(QStringLiteral("a.set"), folder.filePath(QStringLiteral("link.set"))));
+    ASSERT_TRUE(QFile::link(folder.path(), folder.filePath(QStringLiteral("sub/up"))));
+    std::filesystem::create_hard_link(folder.filePath(QStringLiteral("a.set")).toStdString(),
+                                      folder.filePath(QStringLiteral("hard.set")).toStdString());
+    for (const char* const spelling : {"./a.set", "link.set", "sub/../a.set", "sub/up/link.set", "hard.set"}) {
+        const QString name = QString::fromLatin1(spelling);
+        ExpectRefused([&] { Choose("mnusset", name); }, "a.set");
+        ExpectRefused([&] { Choose("mnueditor", name); }, "a.set");
+        ExpectRefused([&] { ChooseInEditor("mnuncon", name); }, "a.set");
     }
     // Also when that file is gone, others can be written.
     desktop.boxes.clear();
@@ -74,6 +106,26 @@ TEST_F(SettingFiles, NothingTakesThePlaceOfTheFileThatTheEditorWorksOn) {
     Choose("mnueditor", QString(250, u'x'));
     Choose("mnusset", QString(250, u'x'));  // a name that was cut is as good as any
     EXPECT_EQ(desktop.boxes.size(), 1);
+}
+
+// A file that once held points and now holds the memories of the open editor is not replaced as if it held points
+// still.
+TEST_F(SettingFiles, NewConstructionDataDoesNotReplaceTheMemoriesUnderAnOldName) {
+    Choose("mnueditor", QStringLiteral("a.set"));
+    ChooseInEditor("mnuncon", QStringLiteral("x.con"));
+    ChooseInEditor("mnuncon", QStringLiteral("x.con"));  // points in place of points
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+    EditorWindow()->close();
+    Choose("mnueditor", QStringLiteral("x.con"));
+    ExpectRefused([&] { ChooseInEditor("mnuncon", QStringLiteral("x.con")); }, "x.con");
+    Choose("mnusset", QStringLiteral("b.set"));  // the pens stay on the former file
+    ExpectRefused([&] { ChooseInEditor("mnuncon", QStringLiteral("x.con")); }, "x.con");
+    ExpectRefused([&] { ChooseInEditor("mnuncon", QStringLiteral("b.set")); }, "b.set");
+    desktop.boxes.clear();
+    ChooseInEditor("mnuncon", QStringLiteral("y.con"));
+    Choose("mnusset", QStringLiteral("x.con"));  // nobody works on it any more
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+    ExpectRefused([&] { Choose("mnusset", QStringLiteral("y.con")); }, "y.con");
 }
 
 }  // namespace

@@ -32,10 +32,7 @@ struct Content {
             memories.ArbMemory4[i % memories.ArbMemory4.size()] = memories.ArbMemory16[i];
         }
     }
-    bool operator==(const Content& other) const {
-        return Fields(panel) == Fields(other.panel) && memories.ArbMemory4 == other.memories.ArbMemory4 &&
-               memories.ArbMemory16 == other.memories.ArbMemory16;
-    }
+    bool operator==(const Content&) const = default;
 
     bool Save(const QString& name) const { return SaveSettingFile(CreateSettingFile(name), panel, memories); }
     LoadOutcome Load(const QString& name) { return LoadSettingFile(name, panel, memories); }

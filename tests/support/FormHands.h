@@ -11,6 +11,12 @@
 
 #include "platform/EntryField.h"
 
+// True once this window has the keyboard.
+inline bool Activate(QWidget* window) {
+    window->activateWindow();
+    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
+}
+
 // A user's hands on a form: finds controls by name, clicks, types.
 template <typename Form, typename Holder = std::unique_ptr<Form>>
 class FormHands {
@@ -20,8 +26,7 @@ class FormHands {
     // True once the form is shown and active.
     bool Show() {
         form->show();
-        QApplication::setActiveWindow(&*form);
-        return QTest::qWaitForWindowActive(&*form);
+        return Activate(&*form);
     }
 
     template <typename Control = QWidget>

@@ -4,7 +4,9 @@
 #include <QLocale>
 
 int main(int argc, char* argv[]) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     const QApplication application(argc, argv);
     // Tests that are about a comma locale ask for it.
     QLocale::setDefault(QLocale::c());
