@@ -36,6 +36,5 @@ class EditMode {
 
     EditorContext context_;
     FileBox& boxfile_;
-    EditTarget worksOn_ =
-        EditTarget::Memory;  // whose file Data1 has; a choice of a mode comes before the change of file
+    EditTarget worksOn_ = EditTarget::Memory;  // whose file Data1 works on
 };

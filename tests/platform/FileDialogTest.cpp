@@ -34,8 +34,8 @@ class Hand : public QObject {
         auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         auto* const dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         if (++looks_ > kPatienceLooks || (Done() && (box || dialog))) {
-            ADD_FAILURE() << "an answer was not asked for, or one too many";
-            QApplication::activeModalWidget()->close();
+            ADD_FAILURE() << "an answer was not asked for, or is missing";
+            QApplication::closeAllWindows();
         } else if (box && IsForBox()) {
             said += box->text();
             const QString answer = answers_.takeFirst().sliced(1);
@@ -91,7 +91,7 @@ class FileDialogs : public testing::Test {
                                                .longest = folder_.path().size() + 14});
         EXPECT_TRUE(hand.Done()) << answers;
         const QString name = given.isEmpty() ? given : QDir(folder_.path()).relativeFilePath(given);
-        return (name + u'|' + hand.said.join(u'|').replace(u'\n', u' ')).toStdString();
+        return name.toStdString() + '|' + hand.said.join(u'|').replace(u'\n', u' ').toStdString();
     }
 
     QTemporaryDir folder_;
