@@ -23,19 +23,19 @@ struct SettingFiles : OpenPanel {
         EXPECT_NE(editor, windows.end());
         return editor == windows.end() ? nullptr : *editor;
     }
+    QByteArray Bytes(const char* file) const {
+        QFile whole(folder.filePath(QString::fromLatin1(file)));
+        EXPECT_TRUE(whole.open(QIODevice::ReadOnly)) << file;
+        return whole.readAll();
+    }
     // Nothing is written, but a message box says why.
     void ExpectRefused(const std::function<void()>& choose, const char* file) {
-        QFile held(folder.filePath(QString::fromLatin1(file)));
-        ASSERT_TRUE(held.open(QIODevice::ReadOnly));
-        const QByteArray before = held.readAll();
+        const QByteArray before = Bytes(file);
         desktop.boxes.clear();
         choose();
         EXPECT_EQ(desktop.boxes.size(), 1);
         EXPECT_TRUE(desktop.boxes.value(0).contains(u"The editor works on this file."));
-        ASSERT_TRUE(held.seek(0));
-        EXPECT_TRUE(held.readAll() == before);
-        QFile now(held.fileName());
-        EXPECT_TRUE(now.open(QIODevice::ReadOnly) && now.readAll() == before);
+        EXPECT_TRUE(Bytes(file) == before);
     }
 };
 
