@@ -68,11 +68,11 @@ TEST_F(WholeMemory, ClosedInTheMiddleOfASlowTransferItEndsInOrder) {
     auto& instrument =
         Connect({.realTime = true,
                  .faults = {.stall = std::chrono::milliseconds(300), .stallEvery = std::chrono::milliseconds(900)}},
-                4800);
+                38400);
     Fill(program.memories.ArbMemory16);
     bool closed = false;
     QObject::connect(panel.Get<QProgressBar>("status"), &QProgressBar::valueChanged, [&](int value) {
-        if (value == 200) {
+        if (value == 1900) {  // more than fits between, so that some have arrived
             closed = !panel.form->close();
         }
     });
@@ -83,11 +83,11 @@ TEST_F(WholeMemory, ClosedInTheMiddleOfASlowTransferItEndsInOrder) {
     ASSERT_TRUE(GivenBack(instrument));
     // The points that were on their way are dropped, the one that is cut by that is ended, and the rest is in order.
     const QStringList lines = Lines(instrument);
-    ASSERT_GT(lines.size(), 4);
+    ASSERT_GT(lines.size(), 100);
     EXPECT_EQ(lines.first(), u"arc16");
     EXPECT_EQ(lines.last(2).join(u' '), u"are RM0");
     const int whole = static_cast<int>(lines.size()) - 4;  // but for the one that may be cut
-    EXPECT_LE(whole, 201);
+    EXPECT_LT(whole, 1900);
     for (int address = 0; address < whole; ++address) {
         ASSERT_EQ(lines.at(address + 1),
                   QStringLiteral("arp16:%1=%2").arg(address).arg(program.memories.ArbMemory16[address]));
