@@ -1,8 +1,12 @@
-# Sourced by the commands of this project: installs the Debian packages that are missing, and says which.
+# Sourced by the commands of this project: installs the Debian packages that are missing, and says which; builds.
+# With TRX_BUILT, the folder of a finished build, the commands use that one and install nothing: so their tests run them.
 
 build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libsqlitecpp-dev libsqlite3-dev fonts-dejavu-core"
 
+packaging_packages="dpkg-dev file"
+
 need() {
+    [ -z "${TRX_BUILT:-}" ] || return 0
     local missing=() package
     for package in "$@"; do
         dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
@@ -23,10 +27,12 @@ need() {
             "${missing[@]}" >/dev/null
 }
 
-# build PRESET [OPTION...]: configures in silence unless that fails, then builds.
+# build PRESET [OPTION...]: configures in silence unless that fails, then builds. Its folder is $built from then on.
 build() {
     local preset=$1 log
     shift
+    built=${TRX_BUILT:-$PWD/build/$preset}
+    [ -z "${TRX_BUILT:-}" ] || return 0
     log=$(mktemp)
     cmake --preset "$preset" >"$log" 2>&1 || { cat "$log"; rm -f "$log"; return 1; }
     rm -f "$log"
