@@ -3,10 +3,10 @@
 #include <QDialog>
 #include <QLabel>
 #include <QPushButton>
-#include <functional>
 
 #include "core/ProgramState.h"
 #include "link/Link.h"
+#include "panel/PortDescriber.h"
 #include "platform/OptionGroup.h"
 
 // The dialog comset, "Serial port setup": port, rate, and the automatic search. Shown without blocking Main. It only
@@ -15,18 +15,10 @@ class Comset : public QDialog {
     Q_OBJECT
 
   public:
-    // `describePort` says which device is behind a port number, and what is wrong with it.
-    using PortDescriber = std::function<QString(int number, bool openHere)>;
-
     Comset(ProgramState& program, Link& link, Desktop& desktop, PortDescriber describePort, QWidget* parent);
 
     // Selects the port and the rate in force.
     void comset_Form_Load();
-
-    OptionGroup* port;
-    OptionGroup* baud;
-    QLabel* portDevice;  // what is behind the selected port
-    QPushButton *cbok, *cbabbruch, *Command1;
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -42,4 +34,8 @@ class Comset : public QDialog {
     Link& link_;
     Desktop& desktop_;
     PortDescriber describePort_;
+    OptionGroup* port;
+    OptionGroup* baud;
+    QLabel* portDevice;  // what is behind the selected port
+    QPushButton *cbok, *cbabbruch, *Command1;
 };

@@ -20,6 +20,21 @@ FrequencyField::FrequencyField(const PanelContext& context, const Names& names, 
     units_->SetClick([this](int) { TakeFocus(field_); });
     unitLabel_ = MakeLabel(QString::fromLatin1(names.unitLabel), QStringLiteral("MHz"), parent, field_);
     unitLabel_->setMinimumWidth(unitLabel_->sizeHint().width());
+    caption_ = MakeLabel(QString::fromLatin1(names.captionLabel), QString::fromLatin1(names.caption), parent, field_);
+}
+
+void FrequencyField::AddTo(QGridLayout& grid, int row) const {
+    grid.addWidget(caption_, row, 0);
+    grid.addWidget(field_, row, 1);
+    grid.addWidget(unitLabel_, row, 2);
+}
+
+QList<QWidget*> FrequencyField::TabStops() const { return QList<QWidget*>{field_} + TabStopsOf(*units_); }
+
+void FrequencyField::SetEnabled(bool enabled) {
+    for (QWidget* const control : std::initializer_list<QWidget*>{caption_, field_, unitLabel_}) {
+        control->setEnabled(enabled);
+    }
 }
 
 void FrequencyField::Show() {

@@ -1,18 +1,16 @@
 #include "panel/FrequencyGroup.h"
 
-#include <QGridLayout>
-
 #include "core/Enumerations.h"
 #include "rules/FrequencyRules.h"
 
-FrequencyGroup::FrequencyGroup(const PanelContext& context, std::function<void()> drawOverviewSignal, QWidget* parent)
-    : Frame5(MakeFrame(QStringLiteral("Frame5"), QStringLiteral("Signal"), parent)),
-      frequency(
-          context, {"Text1", "unit", "Label4", "Frequency"}, context.panel.mFreq, [this] { RefreshFrequency(); },
-          parent),
-      context_(context),
-      drawOverviewSignal_(std::move(drawOverviewSignal)) {
-    opsignal = new OptionGroup(QStringLiteral("opsignal"), CaptionsOf(kSignals), Frame5);
+FrequencyGroup::FrequencyGroup(const PanelContext& context, Followers followers, QWidget* parent)
+    : context_(context),
+      followers_(std::move(followers)),
+      Frame5(MakeFrame(QStringLiteral("Frame5"), QStringLiteral("Signal"), parent)),
+      opsignal(new OptionGroup(QStringLiteral("opsignal"), CaptionsOf(kSignals), Frame5)),
+      frequency_(
+          context, {"Text1", "unit", "Label4", "Frequency", "Label1", "Frequency"}, context.panel.mFreq,
+          [this] { RefreshFrequency(); }, parent) {
     opsignal->SetAccessibleName(QStringLiteral("Signal"));
     opsignal->SetClick([this](int index) { opsignal_Click(index); });
     // Down the columns: the ramps under the other periodic forms, the noises under the memories.
@@ -25,18 +23,22 @@ FrequencyGroup::FrequencyGroup(const PanelContext& context, std::function<void()
     grid->setColumnStretch(1, 1);
 }
 
+void FrequencyGroup::AddFrequencyTo(QGridLayout& output, int row) const {
+    frequency_.AddTo(output, row);
+    AddOptions(output, row, frequency_.units());
+}
+
+QList<QWidget*> FrequencyGroup::TabStops() const { return TabStopsOf(*opsignal) + frequency_.TabStops(); }
+
 void FrequencyGroup::opsignal_Click(int index) {
     context_.panel.bmSignal = static_cast<quint8>(index);
     RefreshSignal();
-    drawOverviewSignal_();
+    followers_.drawOverviewSignal();
 }
 
 void FrequencyGroup::RefreshSignal() {
     opsignal->Select(context_.panel.bmSignal);
     const QString toolTip = FrequencyToolTip(context_.panel.bmSignal);
-    for (EntryField* const field : std::as_const(frequencyFields_)) {
-        field->setToolTip(toolTip);
-    }
+    frequency_.ShowLimit(toolTip);
+    followers_.showLimit(toolTip);
 }
-
-void FrequencyGroup::RefreshFrequency() { frequency.Show(); }

@@ -8,24 +8,30 @@
 // Signal form and output frequency.
 class FrequencyGroup {
   public:
-    // `drawOverviewSignal` redraws the picture of the signal form.
-    FrequencyGroup(const PanelContext& context, std::function<void()> drawOverviewSignal, QWidget* parent);
+    // What follows the signal form outside the group.
+    struct Followers {
+        std::function<void(const QString& toolTip)> showLimit;  // its maximum frequency, at the other frequency fields
+        std::function<void()> drawOverviewSignal;               // its picture, after a click
+    };
 
-    // Selects the signal form and sets the hints of its maximum frequency at `frequencyFields`.
+    FrequencyGroup(const PanelContext& context, Followers followers, QWidget* parent);
+    Q_DISABLE_COPY_MOVE(FrequencyGroup)
+
+    void AddSignalTo(QBoxLayout& column) const { column.addWidget(Frame5); }
+    // One row of the frame "Output".
+    void AddFrequencyTo(QGridLayout& output, int row) const;
+    QList<QWidget*> TabStops() const;
+
+    // Selects the signal form and sets the hints of its maximum frequency.
     void RefreshSignal();
-    void RefreshFrequency();
-
-    // All fields whose tool tip follows the signal form.
-    void SetFrequencyFields(QList<EntryField*> fields) { frequencyFields_ = std::move(fields); }
-
-    QGroupBox* Frame5;
-    OptionGroup* opsignal;
-    FrequencyField frequency;  // Text1, unit, Label4
+    void RefreshFrequency() { frequency_.Show(); }
 
   private:
     void opsignal_Click(int index);
 
     PanelContext context_;
-    std::function<void()> drawOverviewSignal_;
-    QList<EntryField*> frequencyFields_;
+    Followers followers_;
+    QGroupBox* Frame5;
+    OptionGroup* opsignal;
+    FrequencyField frequency_;  // Text1, unit, Label4
 };

@@ -6,19 +6,47 @@
 #include "rules/LevelRules.h"
 
 LevelGroup::LevelGroup(const PanelContext& context, QWidget* parent) : context_(context), panel_(context.panel) {
-    Text2 = MakeEntryField(context, QStringLiteral("Text2"), KeyClass::Plain, QStringLiteral("Output voltage"), parent);
+    MakeLevel(parent);
+    MakeOffset(parent);
+}
+
+void LevelGroup::MakeLevel(QWidget* parent) {
+    Text2 =
+        MakeEntryField(context_, QStringLiteral("Text2"), KeyClass::Plain, QStringLiteral("Output voltage"), parent);
     Text2->SetCommit([this] { Text2_Commit(); });
+    Label2 = MakeLabel(QStringLiteral("Label2"), QStringLiteral("Output voltage"), parent, Text2);
     Label6 = MakeLabel(QStringLiteral("Label6"), QStringLiteral("VPP"), parent, Text2);
     vunit = new OptionGroup(QStringLiteral("vunit"), {QStringLiteral("VPP"), QStringLiteral("RMS")}, parent);
     vunit->SetAccessibleName(QStringLiteral("Output voltage, unit"));
     vunit->Select(panel_.tmVPP ? 0 : 1);
     vunit->SetClick([this](int index) { vunit_Click(index); });
-    Text4 = MakeEntryField(context, QStringLiteral("Text4"), KeyClass::Signed, QStringLiteral("Offset voltage, in V"),
+}
+
+void LevelGroup::MakeOffset(QWidget* parent) {
+    Text4 = MakeEntryField(context_, QStringLiteral("Text4"), KeyClass::Signed, QStringLiteral("Offset voltage, in V"),
                            parent);
     Text4->SetCommit([this] { Text4_Commit(); });
+    Label5 = MakeLabel(QStringLiteral("Label5"), QStringLiteral("Offset voltage"), parent, Text4);
+    Label7 = MakeLabel(QStringLiteral("Label7"), QStringLiteral("V"), parent);
     Check1 = Named(new QCheckBox(QStringLiteral("On"), parent), QStringLiteral("Check1"),
                    QStringLiteral("Offset voltage on"));
     QObject::connect(Check1, &QCheckBox::clicked, Check1, [this] { Check1_Click(); });
+}
+
+void LevelGroup::AddTo(QGridLayout& output, int row) const {
+    output.addWidget(Label2, row, 0);
+    output.addWidget(Text2, row, 1);
+    output.addWidget(Label6, row, 2);
+    AddOptions(output, row, *vunit);
+    ++row;
+    output.addWidget(Label5, row, 0);
+    output.addWidget(Text4, row, 1);
+    output.addWidget(Label7, row, 2);
+    output.addWidget(Check1, row, kOptionsColumn);
+}
+
+QList<QWidget*> LevelGroup::TabStops() const {
+    return QList<QWidget*>{Text2} + TabStopsOf(*vunit) + QList<QWidget*>{Text4, Check1};
 }
 
 void LevelGroup::Text2_Commit() { StoreLevel(context_.EntryOf(*Text2)); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QGridLayout>
 
 #include "panel/PanelContext.h"
 #include "platform/OptionGroup.h"
@@ -9,19 +10,20 @@
 class LevelGroup {
   public:
     LevelGroup(const PanelContext& context, QWidget* parent);
+    Q_DISABLE_COPY_MOVE(LevelGroup)
+
+    // Two rows of the frame "Output".
+    void AddTo(QGridLayout& output, int row) const;
+    QList<QWidget*> TabStops() const;
 
     // Works out the range, applies the level's side of the rules, shows the level, and runs RefreshOffset.
     void RefreshLevel();
     // Applies the offset's side of the rules and shows the offset.
     void RefreshOffset();
 
-    EntryField* Text2;   // level
-    QLabel* Label6;      // its unit
-    OptionGroup* vunit;  // 0 "VPP", 1 "RMS"
-    EntryField* Text4;   // offset
-    QCheckBox* Check1;   // offset switched on
-
   private:
+    void MakeLevel(QWidget* parent);
+    void MakeOffset(QWidget* parent);
     void Text2_Commit();
     void Text4_Commit();
     void vunit_Click(int index);
@@ -33,4 +35,12 @@ class LevelGroup {
 
     PanelContext context_;
     PanelState& panel_;
+    QLabel* Label2 = nullptr;      // caption of the level
+    EntryField* Text2 = nullptr;   // level
+    QLabel* Label6 = nullptr;      // its unit
+    OptionGroup* vunit = nullptr;  // 0 "VPP", 1 "RMS"
+    QLabel* Label5 = nullptr;      // caption of the offset
+    EntryField* Text4 = nullptr;   // offset
+    QLabel* Label7 = nullptr;      // its unit
+    QCheckBox* Check1 = nullptr;   // offset switched on
 };

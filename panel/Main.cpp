@@ -1,13 +1,29 @@
 #include "panel/Main.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QLayout>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTabBar>
+#include <QTabWidget>
 #include <utility>
 
+#include "editor/Editor.h"
+#include "overview/AboutForm.h"
 #include "overview/Manuals.h"
+#include "panel/Comset.h"
+#include "panel/FrequencyGroup.h"
+#include "panel/HintLine.h"
+#include "panel/LevelGroup.h"
+#include "panel/MainMenu.h"
+#include "panel/ModeGroup.h"
+#include "panel/ModulationGroup.h"
+#include "panel/OutputGroup.h"
+#include "panel/OverviewGroup.h"
 #include "panel/PreferencesFile.h"
+#include "panel/SweepGroup.h"
 #include "platform/FormPlace.h"
 #include "storage/SettingFile.h"
 
@@ -20,10 +36,13 @@ Main::Main(const MainServices& services)
       settingFiles_(services.program, boxfile, services.desktop) {
     setObjectName(QStringLiteral("Main"));
     MakeControls();
+    MakeGroups();
     Arrange();
     ConnectControls();
     ConnectMenu();
 }
+
+Main::~Main() = default;
 
 void Main::MakeControls() {
     auto* const panel = new QWidget(this);
@@ -46,19 +65,24 @@ void Main::MakeControls() {
                      QStringLiteral("Set the instrument's time and date to those of the PC"));
     Command7->setToolTip(QStringLiteral("Transmit the PC-Time and date to the KL5276-x"));
     menu_ = std::make_unique<MainMenu>(menuBar());
+}
 
+void Main::MakeGroups() {
     const PanelContext context{program_.panel, program_.numbers, *hint_, [this] { return !rebuilding_; }};
     overview_ = std::make_unique<OverviewGroup>(program_, desktop_, overviewTab_);
+    const auto showLimit = [this](const QString& toolTip) {
+        modulation_->ShowLimit(toolTip);
+        sweep_->ShowLimit(toolTip);
+    };
     frequency_ = std::make_unique<FrequencyGroup>(
-        context, [this] { overview_->DrawOverviewSignal(); }, outputColumn_);
+        context, FrequencyGroup::Followers{showLimit, [this] { DrawOverviewSignal(); }}, outputColumn_);
     level_ = std::make_unique<LevelGroup>(context, outputColumn_);
-    output_ = std::make_unique<OutputGroup>(program_.panel, link_, outputColumn_);
+    output_ = std::make_unique<OutputGroup>(
+        program_.panel, link_, [this] { return !RefuseWhileRunning(); }, outputColumn_);
     modulation_ = std::make_unique<ModulationGroup>(
         context, [this] { level_->RefreshLevel(); }, modulationTab_);
     sweep_ = std::make_unique<SweepGroup>(context, modeTab_);
     mode_ = std::make_unique<ModeGroup>(program_.panel, modeTab_);
-    frequency_->SetFrequencyFields({frequency_->frequency.field(), modulation_->carrier.field(),
-                                    modulation_->hop.field(), sweep_->start.field(), sweep_->stop.field()});
 }
 
 void Main::ConnectControls() {
@@ -68,7 +92,6 @@ void Main::ConnectControls() {
     connect(Command4, &QPushButton::clicked, this, &Main::Main_Command4_Click);
     connect(Command7, &QPushButton::clicked, this, &Main::Main_Command7_Click);
     connect(SSTab1, &QTabWidget::currentChanged, this, &Main::Main_SSTab1_Click);
-    output_->Opoutput->SetUserGuard([this] { return !RefuseWhileRunning(); });
     link_.gate.SetWhenChanged([this](bool running) { OnGateChanged(running); });
 }
 
@@ -182,7 +205,7 @@ void Main::OnGateChanged(bool running) {
     for (QWidget* const control : std::initializer_list<QWidget*>{cRM, Command3, Command4, Command7}) {
         control->setFocusPolicy(running ? Qt::NoFocus : Qt::StrongFocus);
     }
-    output_->Opoutput->SetTakesFocus(!running);
+    output_->SetTakesFocus(!running);
     if (!running && std::exchange(closeWhenFree_, false)) {
         QMetaObject::invokeMethod(
             this, [this] { close(); }, Qt::QueuedConnection);
@@ -289,6 +312,12 @@ void Main::HideTransfer() {
     hint_->ShowText(QString());
 }
 
+void Main::CheckRemote(bool checked) { cRM->setChecked(checked); }
+
+void Main::FlashMessage(const QString& text) { hint_->FlashMessage(text); }
+
+void Main::DrawOverviewSignal() { overview_->DrawOverviewSignal(); }
+
 void Main::Main_SSTab1_Click(int tab) {
     if (tab <= 0) {
         overview_->RefreshOverview();
@@ -312,6 +341,10 @@ void Main::Main_mnusset_Click() {
         settingFiles_.Save(HeldFiles());
     }
 }
+
+bool Main::EditorOpen() const { return editor_ != nullptr && program_.editor.EditorOpen; }
+
+QStringList Main::HeldFiles() const { return EditorOpen() ? editor_->HeldFiles() : QStringList(); }
 
 // An editor that is open already only comes to the front.
 void Main::Main_mnueditor_Click() {

@@ -1,27 +1,30 @@
 #pragma once
 
-#include <QCheckBox>
 #include <QMainWindow>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTabWidget>
 #include <memory>
 
 #include "core/ProgramState.h"
-#include "editor/Editor.h"
+#include "editor/EditorHost.h"
 #include "link/Link.h"
-#include "overview/AboutForm.h"
-#include "panel/Comset.h"
-#include "panel/FrequencyGroup.h"
-#include "panel/HintLine.h"
-#include "panel/LevelGroup.h"
-#include "panel/MainMenu.h"
-#include "panel/ModeGroup.h"
-#include "panel/ModulationGroup.h"
-#include "panel/OutputGroup.h"
-#include "panel/OverviewGroup.h"
+#include "panel/PortDescriber.h"
 #include "panel/SettingFileMenu.h"
-#include "panel/SweepGroup.h"
+
+class Comset;
+class DdeLink;
+class Editor;
+class FrequencyGroup;
+class HintLine;
+class LevelGroup;
+class ModeGroup;
+class ModulationGroup;
+class OutputGroup;
+class OverviewGroup;
+class QCheckBox;
+class QProgressBar;
+class QPushButton;
+class QTabWidget;
+class SweepGroup;
+struct MainMenu;
 
 // What the form Main stands on. Tests bring their own.
 struct MainServices {
@@ -32,7 +35,7 @@ struct MainServices {
     DdeLink& ziel;
     QString programFolder;
     QStringList documentFolders;
-    Comset::PortDescriber describePort;
+    PortDescriber describePort;
 };
 
 // A form may be replaced while one of its own routines waits for events.
@@ -47,12 +50,13 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
 
   public:
     explicit Main(const MainServices& services);
+    ~Main() override;
 
     // The start of the program: preferences, then the panel from PanelState. Shows nothing yet.
     void Main_Form_Load();
     // Rebuilds the panel from PanelState.
     void RefreshPanel();
-    void FlashMessage(const QString& text) { hint_->FlashMessage(text); }
+    void FlashMessage(const QString& text);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -60,7 +64,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
 
   private:
     // LinkFront
-    void CheckRemote(bool checked) override { cRM->setChecked(checked); }
+    void CheckRemote(bool checked) override;
     void ShowCaption(const QString& caption) override { setWindowTitle(caption); }
     void ShowTransfer(const QString& text, int last) override;
     void ShowProgress(int value) override;
@@ -68,7 +72,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
 
     // EditorHost
     void LoadSettingFile() override;
-    void DrawOverviewSignal() override { overview_->DrawOverviewSignal(); }
+    void DrawOverviewSignal() override;
     bool RefuseWhileRunning() override;
 
     void Main_Form_Unload();
@@ -91,21 +95,20 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     void Main_mnuabout_Click();
 
     void MakeControls();
+    void MakeGroups();
     void ConnectControls();
     void ConnectMenu();
-    bool EditorOpen() const { return editor_ != nullptr && program_.editor.EditorOpen; }
-    QStringList HeldFiles() const { return EditorOpen() ? editor_->HeldFiles() : QStringList(); }
+    bool EditorOpen() const;
+    QStringList HeldFiles() const;
     bool ReadyForCommand();
     void ReadAndRefresh();
     void OnGateChanged(bool running);
 
     // Layout (MainLayout.cpp)
     void Arrange();
-    QWidget* ArrangeOutputColumn();
+    void ArrangeOutputColumn();
     QWidget* ArrangeLinkRow();
-    QWidget* ArrangeModulationTab();
-    QWidget* ArrangeModeTab();
-    QWidget* ArrangeOverviewTab();
+    void ArrangeTabs();
     void OrderTabs();
 
     MainServices services_;

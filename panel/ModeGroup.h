@@ -9,15 +9,18 @@
 class ModeGroup {
   public:
     ModeGroup(PanelState& panel, QWidget* parent);
+    Q_DISABLE_COPY_MOVE(ModeGroup)
+
+    void AddTo(QBoxLayout& column) const;
+    QList<QWidget*> TabStops() const;
 
     void RefreshMode();
     void RefreshReference();
 
+  private:
+    PanelState& panel_;
     QGroupBox* Frame6;  // operating mode
     OptionGroup* opmodes;
     QGroupBox* Frame8;  // reference
     OptionGroup* opreference;
-
-  private:
-    PanelState& panel_;
 };

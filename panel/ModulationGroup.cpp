@@ -19,19 +19,19 @@ void SetEnabled(bool enabled, std::initializer_list<QWidget*> controls) {
 }  // namespace
 
 ModulationGroup::ModulationGroup(const PanelContext& context, std::function<void()> refreshLevel, QWidget* parent)
-    : Frame1(MakeFrame(QStringLiteral("Frame1"), QStringLiteral("Modulation"), parent)),
+    : context_(context),
+      panel_(context.panel),
+      refreshLevel_(std::move(refreshLevel)),
+      Frame1(MakeFrame(QStringLiteral("Frame1"), QStringLiteral("Modulation"), parent)),
       Frame2(MakeFrame(QStringLiteral("Frame2"), QStringLiteral("AM Modulation"), parent)),
       Frame3(MakeFrame(QStringLiteral("Frame3"), QStringLiteral("Frequency Shift Keying"), parent)),
       Frame4(MakeFrame(QStringLiteral("Frame4"), QStringLiteral("Phase Shift Keying"), parent)),
-      carrier(
-          context, {"Text6", "ocFreq", "Label16", "Carrier frequency"}, context.panel.mcFreq,
-          [this] { RefreshModulation(); }, Frame3),
-      hop(
-          context, {"Text7", "ohFreq", "Label17", "Hop frequency"}, context.panel.mhFreq,
-          [this] { RefreshModulation(); }, Frame3),
-      context_(context),
-      panel_(context.panel),
-      refreshLevel_(std::move(refreshLevel)) {
+      carrier_(
+          context, {"Text6", "ocFreq", "Label16", "Carrier frequency", "Label12", "Carrier freq."},
+          context.panel.mcFreq, [this] { RefreshModulation(); }, Frame3),
+      hop_(
+          context, {"Text7", "ohFreq", "Label17", "Hop frequency", "Label13", "Hop freq."}, context.panel.mhFreq,
+          [this] { RefreshModulation(); }, Frame3) {
     MakeOptions();
     MakeAm();
     MakeFsk();
@@ -42,9 +42,20 @@ ModulationGroup::ModulationGroup(const PanelContext& context, std::function<void
     ShowPhases();
 }
 
+void ModulationGroup::AddTo(QBoxLayout& column) const {
+    for (QGroupBox* const frame : {Frame1, Frame2, Frame3, Frame4}) {
+        column.addWidget(frame);
+    }
+}
+
+QList<QWidget*> ModulationGroup::TabStops() const {
+    return TabStopsOf(*opmod) + TabStopsOf(*opAmMod) + QList<QWidget*>{Text5} + carrier_.TabStops() + hop_.TabStops() +
+           QList<QWidget*>{Text8, Text9};
+}
+
 // The fields of the three kinds stand below one another.
 void ModulationGroup::AlignCaptions() {
-    const std::initializer_list<QLabel*> captions{Label11, Label12, Label13, Label14, Label15};
+    const std::initializer_list<QLabel*> captions{Label11, carrier_.caption(), hop_.caption(), Label14, Label15};
     int width = 0;
     for (const QLabel* const caption : captions) {
         width = std::max(width, caption->sizeHint().width());
@@ -83,20 +94,15 @@ void ModulationGroup::MakeAm() {
 }
 
 void ModulationGroup::MakeFsk() {
-    carrier.field()->SetNext(hop.field());
-    hop.field()->SetNext(carrier.field());
-    Label12 = MakeLabel(QStringLiteral("Label12"), QStringLiteral("Carrier freq."), Frame3, carrier.field());
-    Label13 = MakeLabel(QStringLiteral("Label13"), QStringLiteral("Hop freq."), Frame3, hop.field());
+    carrier_.SetNext(hop_.field());
+    hop_.SetNext(carrier_.field());
     auto* const grid = new QGridLayout(Frame3);
     int row = 0;
-    for (const auto& [caption, field] : {std::pair(Label12, &carrier), std::pair(Label13, &hop)}) {
-        grid->addWidget(caption, row, 0);
-        grid->addWidget(field->field(), row, 1);
-        grid->addWidget(field->unitLabel(), row, 2);
+    for (const FrequencyField* const frequency : {&carrier_, &hop_}) {
+        frequency->AddTo(*grid, row);
         auto* const units = new QHBoxLayout;
-        field->units().AddTo(units);
-        grid->addLayout(units, row, 3);
-        ++row;
+        frequency->units().AddTo(units);
+        grid->addLayout(units, row++, 3);
     }
     grid->setColumnStretch(3, 1);
 }
@@ -142,6 +148,11 @@ void ModulationGroup::CommitPhase(const EntryField& field, double& phase) {
     RefreshModulation();
 }
 
+void ModulationGroup::ShowLimit(const QString& toolTip) {
+    carrier_.ShowLimit(toolTip);
+    hop_.ShowLimit(toolTip);
+}
+
 void ModulationGroup::RefreshModulation() {
     const int option = ModulationOptionIndex(panel_.bmAmpMod, panel_.bmFMod);
     const quint8 source = panel_.bmAmpMod;
@@ -165,8 +176,8 @@ void ModulationGroup::RefreshModulation() {
 void ModulationGroup::ShowDepth() { Text5->setText(u' ' + QString::number(panel_.bmAmDepth)); }
 
 void ModulationGroup::ShowShiftFrequencies() {
-    carrier.Show();
-    hop.Show();
+    carrier_.Show();
+    hop_.Show();
 }
 
 void ModulationGroup::ShowPhases() {
@@ -177,8 +188,9 @@ void ModulationGroup::ShowPhases() {
 // In FSK the phase fields keep their state: their frame closes them.
 void ModulationGroup::EnableFor(int option) {
     SetEnabled(option == kOptionAm, {Frame2, Text5, Label11, opAmMod->Option(0), opAmMod->Option(1)});
-    SetEnabled(option == kOptionFsk,
-               {Frame3, Label12, Label13, carrier.unitLabel(), hop.unitLabel(), carrier.field(), hop.field()});
+    SetEnabled(option == kOptionFsk, {Frame3});
+    carrier_.SetEnabled(option == kOptionFsk);
+    hop_.SetEnabled(option == kOptionFsk);
     SetEnabled(option == kOptionPsk, {Frame4});
     if (option != kOptionFsk) {
         SetEnabled(option == kOptionPsk, {Label14, Label15, Text8, Text9});

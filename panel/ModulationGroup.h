@@ -10,16 +10,14 @@ class ModulationGroup {
   public:
     // `refreshLevel` is run when amplitude modulation has cut the level.
     ModulationGroup(const PanelContext& context, std::function<void()> refreshLevel, QWidget* parent);
+    Q_DISABLE_COPY_MOVE(ModulationGroup)
+
+    void AddTo(QBoxLayout& column) const;
+    QList<QWidget*> TabStops() const;
 
     void RefreshModulation();
-
-    QGroupBox *Frame1, *Frame2, *Frame3, *Frame4;  // kind, AM, FSK, PSK
-    OptionGroup *opmod = nullptr, *opAmMod = nullptr;
-    EntryField* Text5 = nullptr;                    // AM depth in percent
-    FrequencyField carrier;                         // Text6, ocFreq, Label16
-    FrequencyField hop;                             // Text7, ohFreq, Label17
-    EntryField *Text8 = nullptr, *Text9 = nullptr;  // phases in degrees
-    QLabel *Label11 = nullptr, *Label12 = nullptr, *Label13 = nullptr, *Label14 = nullptr, *Label15 = nullptr;
+    // The maximum of the signal form, at both frequencies.
+    void ShowLimit(const QString& toolTip);
 
   private:
     void MakeOptions();
@@ -40,4 +38,11 @@ class ModulationGroup {
     PanelContext context_;
     PanelState& panel_;
     std::function<void()> refreshLevel_;
+    QGroupBox *Frame1, *Frame2, *Frame3, *Frame4;  // kind, AM, FSK, PSK
+    OptionGroup *opmod = nullptr, *opAmMod = nullptr;
+    EntryField* Text5 = nullptr;                    // AM depth in percent
+    FrequencyField carrier_;                        // Text6, ocFreq, Label16
+    FrequencyField hop_;                            // Text7, ohFreq, Label17
+    EntryField *Text8 = nullptr, *Text9 = nullptr;  // phases in degrees
+    QLabel *Label11 = nullptr, *Label14 = nullptr, *Label15 = nullptr;
 };

@@ -1,23 +1,32 @@
 #include "panel/OutputGroup.h"
 
+#include "panel/PanelContext.h"
+
 namespace {
 constexpr QRgb kLightRed = qRgb(255, 128, 128);
 constexpr QRgb kLightYellow = qRgb(255, 255, 128);
 constexpr QRgb kBlack = qRgb(0, 0, 0);
 }  // namespace
 
-OutputGroup::OutputGroup(PanelState& panel, Link& link, QWidget* parent)
-    : Label3(new QLabel(parent)),
-      Opoutput(new OptionGroup(QStringLiteral("Opoutput"), {QStringLiteral("On"), QStringLiteral("Off")}, parent)),
-      panel_(panel),
-      link_(link) {
-    Label3->setObjectName(QStringLiteral("Label3"));
+OutputGroup::OutputGroup(PanelState& panel, Link& link, std::function<bool()> mayClick, QWidget* parent)
+    : panel_(panel),
+      link_(link),
+      Label3(Named(new QLabel(parent), QStringLiteral("Label3"))),
+      Opoutput(new OptionGroup(QStringLiteral("Opoutput"), {QStringLiteral("On"), QStringLiteral("Off")}, parent)) {
     Label3->setAlignment(Qt::AlignCenter);
     Label3->setAutoFillBackground(true);
     Label3->setMargin(3);
     Opoutput->SetAccessibleName(QStringLiteral("Output"));
+    Opoutput->SetUserGuard(std::move(mayClick));
     Opoutput->SetClick([this](int index) { Main_Opoutput_Click(index); });
 }
+
+void OutputGroup::AddTo(QGridLayout& output, int row) const {
+    output.addWidget(Label3, row, 0, 1, 2);
+    AddOptions(output, row, *Opoutput);
+}
+
+QList<QWidget*> OutputGroup::TabStops() const { return TabStopsOf(*Opoutput); }
 
 void OutputGroup::Main_Opoutput_Click(int index) {
     // A refresh within a link operation comes here as well; it sends under the gate that is held already.

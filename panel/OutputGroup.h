@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QGridLayout>
 #include <QLabel>
 
 #include "core/PanelState.h"
@@ -9,12 +10,17 @@
 // The output switch: the one setting that reaches the instrument at once.
 class OutputGroup {
   public:
-    OutputGroup(PanelState& panel, Link& link, QWidget* parent);
+    // `mayClick` is asked before a user's click counts.
+    OutputGroup(PanelState& panel, Link& link, std::function<bool()> mayClick, QWidget* parent);
+    Q_DISABLE_COPY_MOVE(OutputGroup)
+
+    // One row of the frame "Output".
+    void AddTo(QGridLayout& output, int row) const;
+    QList<QWidget*> TabStops() const;
 
     void RefreshOutput();
-
-    QLabel* Label3;         // "Output: On" or "Output: Off"
-    OptionGroup* Opoutput;  // 0 "On", 1 "Off"
+    // While it takes no focus, not even a click moves the focus to an option.
+    void SetTakesFocus(bool takes) { Opoutput->SetTakesFocus(takes); }
 
   private:
     void Main_Opoutput_Click(int index);
@@ -22,4 +28,6 @@ class OutputGroup {
 
     PanelState& panel_;
     Link& link_;
+    QLabel* Label3;         // "Output: On" or "Output: Off"
+    OptionGroup* Opoutput;  // 0 "On", 1 "Off"
 };

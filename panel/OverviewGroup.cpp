@@ -5,14 +5,20 @@
 #include "platform/Controls.h"
 
 OverviewGroup::OverviewGroup(const ProgramState& program, Desktop& desktop, QWidget* parent)
-    : Picture1(Named(new PictureBox(parent), QStringLiteral("Picture1"), QStringLiteral("Picture of the signal form"))),
-      Text3(Named(new QPlainTextEdit(parent), QStringLiteral("Text3"), QStringLiteral("Overview of the modes"))),
-      program_(program),
-      desktop_(desktop) {
+    : program_(program),
+      desktop_(desktop),
+      Picture1(Named(new PictureBox(parent), QStringLiteral("Picture1"), QStringLiteral("Picture of the signal form"))),
+      Text3(Named(new QPlainTextEdit(parent), QStringLiteral("Text3"), QStringLiteral("Overview of the modes"))) {
+    Picture1->setMinimumSize(420, 200);
     Text3->setReadOnly(true);
     Text3->setTabChangesFocus(true);
     QObject::connect(Picture1, &PictureBox::RedrawNeeded, Picture1,
                      [this] { ::DrawOverviewSignal(*Picture1, program_.panel.bmSignal, program_.memories); });
+}
+
+void OverviewGroup::AddTo(QBoxLayout& column) const {
+    column.addWidget(Picture1, 1);
+    column.addWidget(Text3, 1);
 }
 
 void OverviewGroup::RefreshOverview() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QBoxLayout>
 #include <QPlainTextEdit>
 
 #include "core/ProgramState.h"
@@ -10,15 +11,18 @@
 class OverviewGroup {
   public:
     OverviewGroup(const ProgramState& program, Desktop& desktop, QWidget* parent);
+    Q_DISABLE_COPY_MOVE(OverviewGroup)
+
+    void AddTo(QBoxLayout& column) const;
+    QList<QWidget*> TabStops() const { return {Text3}; }
 
     // Writes the text anew and draws the picture.
     void RefreshOverview();
     void DrawOverviewSignal();
 
-    PictureBox* Picture1;
-    QPlainTextEdit* Text3;
-
   private:
     const ProgramState& program_;
     Desktop& desktop_;
+    PictureBox* Picture1;
+    QPlainTextEdit* Text3;
 };

@@ -12,3 +12,15 @@ EntryField* MakeEntryField(const PanelContext& context, const QString& name, Key
     field->setMinimumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-00.00000000000")) + 16);
     return field;
 }
+
+void AddOptions(QGridLayout& output, int row, const OptionGroup& group) {
+    int column = kOptionsColumn;
+    for (QAbstractButton* const option : group.Options()) {
+        output.addWidget(option, row, column++);
+    }
+}
+
+QList<QWidget*> TabStopsOf(const OptionGroup& group) {
+    const QList<QAbstractButton*> options = group.Options();
+    return {options.cbegin(), options.cend()};
+}

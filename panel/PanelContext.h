@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QGridLayout>
 #include <functional>
 
 #include "core/Numbers.h"
@@ -7,6 +8,7 @@
 #include "panel/HintLine.h"
 #include "platform/Controls.h"
 #include "platform/EntryField.h"
+#include "platform/OptionGroup.h"
 #include "rules/Held.h"
 #include "rules/KeyFilter.h"
 
@@ -32,6 +34,16 @@ struct PanelContext {
 // An entry field with its key filter and a name for a screen reader.
 EntryField* MakeEntryField(const PanelContext& context, const QString& name, KeyClass keys, const QString& accessible,
                            QWidget* parent);
+
+// Between the frames of the form, in pixels.
+inline constexpr int kFrameSpacing = 10;
+
+// The columns of the frame "Output": caption, field, unit, then the options, one in each column.
+inline constexpr int kOptionsColumn = 3;
+void AddOptions(QGridLayout& output, int row, const OptionGroup& group);
+
+// The options of a group in the order of the Tab key.
+QList<QWidget*> TabStopsOf(const OptionGroup& group);
 
 // The captions of an enumeration's table, in order of value.
 template <typename Table>

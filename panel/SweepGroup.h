@@ -8,17 +8,14 @@
 class SweepGroup {
   public:
     SweepGroup(const PanelContext& context, QWidget* parent);
+    Q_DISABLE_COPY_MOVE(SweepGroup)
+
+    void AddTo(QBoxLayout& column) const { column.addWidget(Frame7); }
+    QList<QWidget*> TabStops() const;
 
     void RefreshSweep();
-
-    QGroupBox* Frame7;
-    OptionGroup* opwob = nullptr;
-    QFrame* Frame14 = nullptr;     // units of the start
-    QFrame* Frame15 = nullptr;     // units of the stop
-    FrequencyField start;          // Text10, owopsfreq, Label18
-    FrequencyField stop;           // Text11, owopefreq, Label20
-    EntryField* Text12 = nullptr;  // time
-    QLabel *Label19 = nullptr, *Label21 = nullptr, *Label22 = nullptr;
+    // The maximum of the signal form, at both frequencies.
+    void ShowLimit(const QString& toolTip);
 
   private:
     void opwob_Click(int index);
@@ -27,4 +24,10 @@ class SweepGroup {
 
     PanelContext context_;
     PanelState& panel_;
+    QGroupBox* Frame7;
+    OptionGroup* opwob;
+    FrequencyField start_;  // Text10, owopsfreq, Label18
+    FrequencyField stop_;   // Text11, owopefreq, Label20
+    EntryField* Text12;     // time
+    QLabel* Label22;
 };

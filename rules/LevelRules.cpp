@@ -7,12 +7,9 @@ namespace {
 
 constexpr double kRoot2 = std::numbers::sqrt2;
 
-// Sums of decimal entries carry binary dust: 2 x 0.15 + 1.7 is meant to be 2.
-constexpr double kDustVolts = 1.0e-9;
-
 bool SumExceedsRange(double level, double offset, quint8 bmBereich, Truth tmVPP) {
     const double sum = (tmVPP ? 2.0 : kRoot2) * offset + level;
-    return sum - HighestLevel(RangeOf(bmBereich), tmVPP) > kDustVolts;
+    return sum > HighestLevel(RangeOf(bmBereich), tmVPP);
 }
 
 QString SumHint(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers) {

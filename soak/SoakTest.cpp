@@ -1,6 +1,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QDir>
+#include <QRadioButton>
 #include <cstdio>
 
 #include "SoakHand.h"

@@ -1,12 +1,15 @@
 #include <QAccessible>
+#include <QButtonGroup>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QTabBar>
 #include <QTextDocumentFragment>
 #include <QTimer>
 
 #include "PanelBench.h"
 #include "platform/HighContrast.h"
+#include "platform/PictureBox.h"
 #include "platform/QtDesktop.h"
 
 namespace {

@@ -1,6 +1,8 @@
 #include <QFile>
+#include <QPlainTextEdit>
 
 #include "PanelBench.h"
+#include "panel/HintLine.h"
 
 namespace {
 

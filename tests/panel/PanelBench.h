@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QTemporaryDir>
 
 #include "panel/Main.h"

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
+#include <QTabWidget>
 #include <QTest>
 #include <algorithm>
 #include <memory>

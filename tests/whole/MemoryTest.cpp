@@ -1,3 +1,4 @@
+#include <QProgressBar>
 #include <random>
 
 #include "WholeBench.h"
