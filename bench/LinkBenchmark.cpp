@@ -91,7 +91,8 @@ BENCHMARK(SetWithReadBack)->Name("Set with read-back")->Iterations(20);
 
 // A memory over a line of 115200 baud. The floor is the time that the bytes need on the line, or, in reading,
 // the 5 ms after each query, in which the line works too, if they are more.
-void Transfer(benchmark::State& state, void (MemoryTransfer::*routine)(), bool paced) {
+void Transfer(benchmark::State& state, void (MemoryTransfer::*routine)(const MemorySize&), const MemorySize& moved,
+              bool paced) {
     Bench bench({.rate = 115200, .realTime = true});
     int sample = 0;
     for (const MemorySize* const size : kMemorySizes) {
@@ -101,7 +102,7 @@ void Transfer(benchmark::State& state, void (MemoryTransfer::*routine)(), bool p
     }
     const double ms = Milliseconds([&] {
         for ([[maybe_unused]] auto _ : state) {
-            (bench.link.memory.*routine)();
+            (bench.link.memory.*routine)(moved);
             bench.instrument.WaitForLine(paced ? "" : "are", paced ? std::chrono::seconds(0) : std::chrono::minutes(2));
         }
     });
@@ -111,10 +112,18 @@ void Transfer(benchmark::State& state, void (MemoryTransfer::*routine)(), bool p
     const double floor = std::max(bench.LineTime(bytes), paced ? points * kPaceMs * 1.0e-3 : 0.0);
     Put(state, {"s", ms * 1.0e-3, floor}, bench.program.link.LinkUp == 1);
 }
-BENCHMARK_CAPTURE(Transfer, Send4, &MemoryTransfer::SendArb4, false)->Name("Send the 4K memory")->Iterations(1);
-BENCHMARK_CAPTURE(Transfer, Send16, &MemoryTransfer::SendArb16, false)->Name("Send the 16K memory")->Iterations(1);
-BENCHMARK_CAPTURE(Transfer, Read4, &MemoryTransfer::ReadArb4, true)->Name("Read the 4K memory")->Iterations(1);
-BENCHMARK_CAPTURE(Transfer, Read16, &MemoryTransfer::ReadArb16, true)->Name("Read the 16K memory")->Iterations(1);
+BENCHMARK_CAPTURE(Transfer, Send4, &MemoryTransfer::SendArb, kMemory4k, false)
+    ->Name("Send the 4K memory")
+    ->Iterations(1);
+BENCHMARK_CAPTURE(Transfer, Send16, &MemoryTransfer::SendArb, kMemory16k, false)
+    ->Name("Send the 16K memory")
+    ->Iterations(1);
+BENCHMARK_CAPTURE(Transfer, Read4, &MemoryTransfer::ReadArb, kMemory4k, true)
+    ->Name("Read the 4K memory")
+    ->Iterations(1);
+BENCHMARK_CAPTURE(Transfer, Read16, &MemoryTransfer::ReadArb, kMemory16k, true)
+    ->Name("Read the 16K memory")
+    ->Iterations(1);
 
 bool WriteAll(int file, const std::string& bytes) {
     for (std::size_t done = 0; done < bytes.size();) {
@@ -130,14 +139,14 @@ bool WriteAll(int file, const std::string& bytes) {
 // The point lines without pacing or line time, beside a raw write loop of the same lines into a line of the same kind.
 void UnpacedPoints(benchmark::State& state) {
     Bench bench({.rate = 115200});
-    bench.link.memory.SendArb16();
+    bench.link.memory.SendArb(kMemory16k);
     const std::vector<std::string> lines = bench.instrument.ReceivedLines();
     Bench raw({.rate = 115200});
     raw.com.SetPortOpen(false);
     const int file = ::open(raw.instrument.DevicePath().c_str(), O_WRONLY | O_NOCTTY);
     bool good = file >= 0;
     const Figure row = Compare(
-        state, [&] { bench.link.memory.SendArb16(); },
+        state, [&] { bench.link.memory.SendArb(kMemory16k); },
         [&] {
             for (const std::string& line : lines) {
                 good = good && WriteAll(file, line + '\r');

@@ -27,7 +27,8 @@ QStringList EditMode::HeldFiles() const {
 // After a save under another name, Data1 stays on the former file.
 QStringList EditMode::HeldSettingFiles() const {
     const QString setting = context_.program.SettingFileName.Name();
-    return context_.program.editor.Target == EditTarget::Memory ? QStringList{setting, context_.tables.DatabaseName} : QStringList{setting};
+    return context_.program.editor.Target == EditTarget::Memory ? QStringList{setting, context_.tables.DatabaseName}
+                                                                : QStringList{setting};
 }
 
 bool EditMode::ChooseAndCheck(Chooser choose) {

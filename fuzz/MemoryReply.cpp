@@ -44,8 +44,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         }
     };
     {
-        const LinkOperation operation(far.link.gate);
-        large ? far.link.memory.ReadArb16() : far.link.memory.ReadArb4();
+        const LinkOperation operation = far.link.gate.Join();
+        large ? far.link.memory.ReadArb(kMemory16k) : far.link.memory.ReadArb(kMemory4k);
     }
     far.RequireOneFaultAtMost();
     Require(far.front.hidden && !far.desktop.busy, "a transfer ends in the normal way");

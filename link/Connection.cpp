@@ -16,12 +16,8 @@ QString NotFound() { return QStringLiteral("Unit not found"); }
 void Connection::OpenComPort() {
     link_.SerialFault = 0;
     link_.SerialErrorText = QStringLiteral(" Can not open com. port");
-    if (com_.PortOpen()) {
-        transport_.ClosePort();
-    }
-    com_.SetCommPort(preferences_.ComPortNumber);
-    const bool settingsTaken = com_.SetSettings(LineSettings(preferences_.ComBaudRate));
-    if (com_.SetPortOpen(true) && settingsTaken) {
+    transport_.ClosePort();
+    if (transport_.OpenPort(preferences_.ComPortNumber, LineSettings(preferences_.ComBaudRate))) {
         link_.LinkUp = 1;
     } else {
         transport_.ShowSerialError();
@@ -33,7 +29,7 @@ void Connection::ProbeUnit() {
     link_.SerialFault = 0;
     link_.ReplyText.clear();
     link_.UnitFound = 0;
-    if (!com_.PortOpen()) {
+    if (!transport_.PortOpen()) {
         return;
     }
     link_.SerialErrorText = QStringLiteral(" Unit not found ");
@@ -67,18 +63,15 @@ void Connection::ConnectUnit() {
     }
     link_.UnitVersion = TrimBlanks(link_.ReplyText);
     front_.ShowCaption(LinkedCaption(link_.UnitVersion));
-    preferences_.ComBaudRate = static_cast<qint32>(ReadHeadNumber(com_.Settings().section(u',', 0, 0)));
+    preferences_.ComBaudRate = static_cast<qint32>(ReadHeadNumber(transport_.Settings().section(u',', 0, 0)));
     desktop_.BusyOff();
 }
 
 // True as soon as a rate brings an answer that passes as the unit's; else the fault has been shown.
 bool Connection::SearchRates() {
     for (const qint32 baud : kBaudRates) {
-        if (com_.PortOpen()) {
-            transport_.ClosePort();
-        }
-        const bool settingsTaken = com_.SetSettings(LineSettings(baud));
-        if (!com_.SetPortOpen(true) || !settingsTaken) {
+        transport_.ClosePort();
+        if (!transport_.OpenPort(preferences_.ComPortNumber, LineSettings(baud))) {
             transport_.ShowSerialError();
             return false;
         }
@@ -93,7 +86,7 @@ bool Connection::SearchRates() {
 }
 
 void Connection::DisconnectUnit() {
-    if (!com_.PortOpen()) {
+    if (!transport_.PortOpen()) {
         return;
     }
     desktop_.BusyOn();

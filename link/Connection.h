@@ -16,7 +16,6 @@ class Connection {
           preferences_(program.preferences),
           transport_(transport),
           gate_(gate),
-          com_(transport.com()),
           desktop_(desktop),
           front_(front) {}
 
@@ -39,7 +38,6 @@ class Connection {
     Preferences& preferences_;
     SerialTransport& transport_;
     const LinkGate& gate_;
-    Com& com_;
     Desktop& desktop_;
     LinkFront& front_;
 };

@@ -10,7 +10,8 @@
 // All traffic with the instrument, as one object.
 struct Link {
     Link(ProgramState& program, Com& com, LinkClock& clock, Desktop& desktop, LinkFront& front)
-        : transport(program.link, gate, com, clock, desktop, front),
+        : gate(desktop),
+          transport(program.link, gate, com, clock, desktop, front),
           connection(program, transport, gate, desktop, front),
           commands(program, transport),
           readBack(program, transport, gate),

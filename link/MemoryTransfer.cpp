@@ -37,7 +37,7 @@ void MemoryTransfer::End() {
     desktop_.BusyOff();
 }
 
-void MemoryTransfer::Read(const MemorySize& size) {
+void MemoryTransfer::ReadArb(const MemorySize& size) {
     Begin(size, size.readCaption);
     if (link_.LinkUp == 1) {
         for (int address = 0; address <= size.LastAdr && !gate_.Abandoned(); ++address) {
@@ -65,7 +65,7 @@ void MemoryTransfer::ReadPoint(const MemorySize& size, int address) {
     }
 }
 
-void MemoryTransfer::Send(const MemorySize& size) {
+void MemoryTransfer::SendArb(const MemorySize& size) {
     Begin(size, size.sendCaption);
     servedMs_ = clock_.NowMs();
     link_.CommandText = QString::fromLatin1(size.startCommand);

@@ -21,15 +21,11 @@ class MemoryTransfer {
           front_(front) {}
 
     // A time-out takes the link down; each point after it then gets what stands in ReplyText, 0 with nothing.
-    void ReadArb4() { Read(kMemory4k); }
-    void ReadArb16() { Read(kMemory16k); }
-    void SendArb4() { Send(kMemory4k); }
-    void SendArb16() { Send(kMemory16k); }
+    void ReadArb(const MemorySize& size);
+    void SendArb(const MemorySize& size);
 
   private:
-    void Read(const MemorySize& size);
     void ReadPoint(const MemorySize& size, int address);
-    void Send(const MemorySize& size);
     void SendPoint(const MemorySize& size, int address);
     void ServeEvents();
     void Begin(const MemorySize& size, const char* caption);

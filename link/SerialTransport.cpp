@@ -132,7 +132,16 @@ void SerialTransport::EndCutQuery() {
 
 bool SerialTransport::AwaitIdleLine() { return Flush() && AwaitLine(false); }
 
+bool SerialTransport::OpenPort(int number, const QString& settings) {
+    com_.SetCommPort(number);
+    const bool settingsTaken = com_.SetSettings(settings);
+    return com_.SetPortOpen(true) && settingsTaken;
+}
+
 void SerialTransport::ClosePort() {
+    if (!com_.PortOpen()) {
+        return;
+    }
     AwaitIdleLine();
     if (!gate_.Abandoned()) {
         com_.SetPortOpen(false);

@@ -38,13 +38,19 @@ class SerialTransport {
     // Serves the user's events until the line has carried all that was sent. False if it has stalled, or if the
     // operation is abandoned.
     bool AwaitIdleLine();
+    bool PortOpen() const { return com_.PortOpen(); }
+    // Opens the port of this number, 1 to 4, with a settings text as "19200,N,8,2". False if it can't be opened, or
+    // if the text makes no sense.
+    bool OpenPort(int number, const QString& settings);
+    // The settings text that is in force.
+    QString Settings() const { return com_.Settings(); }
     // Closes the port as soon as the line has carried all that was sent; until then the user's events are served.
-    // In an abandoned operation the port stays open: the end of the program closes it, when no window waits for it.
+    // In an abandoned operation the port stays open, for AbandonPort.
     void ClosePort();
+    // The same at the end of the program, when no window is left to serve.
+    void AbandonPort() { com_.SetPortOpen(false); }
     // Drops the lines that are still on their way here, and ends the one that is cut by that.
     void CutLine();
-
-    Com& com() { return com_; }
 
   private:
     enum class Pacing { None, Line, Character };

@@ -110,7 +110,7 @@ std::vector<QLineF> OverviewStrokes(quint8 bmSignal, const ArbMemories& memories
     }
 }
 
-void DrawOverviewSignal(PictureBox& Picture1, quint8 bmSignal, const ArbMemories& memories) {
+void DrawSignalForm(PictureBox& Picture1, quint8 bmSignal, const ArbMemories& memories) {
     Picture1.SetScale(0.0, kOverviewWidth, kOverviewTop, -2.0 * kOverviewTop);
     PictureBox::Drawing picture(Picture1);
     picture.Cls();

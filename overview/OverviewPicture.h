@@ -15,4 +15,4 @@ inline constexpr double kOverviewTop = 2047.0;
 std::vector<QLineF> OverviewStrokes(quint8 bmSignal, const ArbMemories& memories);
 
 // Sets the scale, clears the picture and draws the shape of the signal form, or the words of a noise.
-void DrawOverviewSignal(PictureBox& Picture1, quint8 bmSignal, const ArbMemories& memories);
+void DrawSignalForm(PictureBox& Picture1, quint8 bmSignal, const ArbMemories& memories);

@@ -90,7 +90,7 @@ void Comset::comset_Form_Load() {
 }
 
 void Comset::DescribePort(int number) {
-    const bool openHere = number == program_.preferences.ComPortNumber && link_.transport.com().PortOpen();
+    const bool openHere = number == program_.preferences.ComPortNumber && link_.transport.PortOpen();
     const QString device = describePort_(number, openHere);
     port->Option(number)->setToolTip(device);
     port->Option(number)->setAccessibleDescription(device);
@@ -110,13 +110,12 @@ bool Comset::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void Comset::comset_cbok_Click() {
-    const LinkOperation operation(link_.gate);
+    const auto operation = link_.gate.Begin();
     if (!operation) {
-        desktop_.Beep();
         return;
     }
     LinkState& state = program_.link;
-    if (link_.transport.com().PortOpen() && state.LinkUp == 1) {
+    if (link_.transport.PortOpen() && state.LinkUp == 1) {
         link_.connection.DisconnectUnit();
         state.LinkUp = 0;
     }
@@ -134,9 +133,8 @@ void Comset::comset_cbok_Click() {
 void Comset::comset_cbabbruch_Click() { close(); }
 
 void Comset::comset_Command1_Click() {
-    const LinkOperation operation(link_.gate);
+    const auto operation = link_.gate.Begin();
     if (!operation) {
-        desktop_.Beep();
         return;
     }
     link_.connection.AutoSearchUnit();

@@ -77,8 +77,7 @@ void Main::MakeGroups() {
     frequency_ = std::make_unique<FrequencyGroup>(
         context, FrequencyGroup::Followers{showLimit, [this] { DrawOverviewSignal(); }}, outputColumn_);
     level_ = std::make_unique<LevelGroup>(context, outputColumn_);
-    output_ = std::make_unique<OutputGroup>(
-        program_.panel, link_, [this] { return !RefuseWhileRunning(); }, outputColumn_);
+    output_ = std::make_unique<OutputGroup>(program_.panel, link_, outputColumn_);
     modulation_ = std::make_unique<ModulationGroup>(
         context, [this] { level_->RefreshLevel(); }, modulationTab_);
     sweep_ = std::make_unique<SweepGroup>(context, modeTab_);
@@ -104,10 +103,17 @@ void Main::ConnectMenu() {
     };
     onTrigger(menu_->mnulset, [this] { Main_mnulset_Click(); });
     onTrigger(menu_->mnusset, [this] { Main_mnusset_Click(); });
-    onTrigger(menu_->mnuRdArb4, [this] { Main_mnuRdArb4_Click(); });
-    onTrigger(menu_->mnuStArb4, [this] { Main_mnuStArb4_Click(); });
-    onTrigger(menu_->mnuRdArb16, [this] { Main_mnuRdArb16_Click(); });
-    onTrigger(menu_->mnuStArb16, [this] { Main_mnuStArb16_Click(); });
+    const auto onTransfer = [&](QAction* item, auto transfer, const MemorySize& size) {
+        onTrigger(item, [this, transfer, &size] {
+            if (const auto operation = BeginCommand()) {
+                (link_.memory.*transfer)(size);
+            }
+        });
+    };
+    onTransfer(menu_->mnuRdArb4, &MemoryTransfer::ReadArb, kMemory4k);
+    onTransfer(menu_->mnuStArb4, &MemoryTransfer::SendArb, kMemory4k);
+    onTransfer(menu_->mnuRdArb16, &MemoryTransfer::ReadArb, kMemory16k);
+    onTransfer(menu_->mnuStArb16, &MemoryTransfer::SendArb, kMemory16k);
     onTrigger(menu_->mnueditor, [this] { Main_mnueditor_Click(); });
     onTrigger(menu_->mnucom, [this] { Main_mnucom_Click(); });
     onTrigger(menu_->mnuexit, [this] { close(); });
@@ -171,11 +177,11 @@ void Main::GiveUnitBack() {
     hide();
     services_.clock.ServeEvents();
     if (program_.link.LinkUp == 1) {
-        const LinkOperation operation(link_.gate);
+        const LinkOperation operation = link_.gate.Join();
         link_.gate.Abandon();
         link_.connection.DisconnectUnit();
     }
-    services_.com.SetPortOpen(false);
+    link_.transport.AbandonPort();
 }
 
 void Main::SaveOnExit() {
@@ -189,15 +195,6 @@ void Main::SaveOnExit() {
         preferences.MainTop = FormTop(*this);
     }
     SavePreferences(services_.programFolder, preferences, desktop_);
-}
-
-// A press in the middle of a link operation is refused with the beep and leaves no trace.
-bool Main::RefuseWhileRunning() {
-    if (link_.gate.Running()) {
-        desktop_.Beep();
-        return true;
-    }
-    return false;
 }
 
 // While an operation runs, a press that will be refused must not move the focus either.
@@ -217,18 +214,18 @@ bool Main::eventFilter(QObject* watched, QEvent* event) {
     if (watched == cRM && event->type() == QEvent::ToolTip) {
         const int number = program_.preferences.ComPortNumber;
         cRM->setToolTip(QStringLiteral("Com%1: ").arg(number) +
-                        services_.describePort(number, services_.com.PortOpen()));
+                        services_.describePort(number, link_.transport.PortOpen()));
     }
     return QMainWindow::eventFilter(watched, event);
 }
 
 void Main::Main_cRM_MouseUp() {
-    if (RefuseWhileRunning()) {
+    const auto operation = link_.gate.Begin();
+    if (!operation) {
         cRM->setChecked(!cRM->isChecked());
         return;
     }
     CommitFocusedField(this);
-    const LinkOperation operation(link_.gate);
     desktop_.BusyOn();
     if (cRM->isChecked()) {
         link_.connection.ConnectUnit();
@@ -247,29 +244,27 @@ void Main::ReadAndRefresh() {
     desktop_.BusyOff();
 }
 
-// True if a command on the link may go ahead; says why not otherwise.
-bool Main::ReadyForCommand() {
-    if (RefuseWhileRunning()) {
-        return false;
+// Nothing if a command on the link may not go ahead; the user is told why.
+std::optional<LinkOperation> Main::BeginCommand() {
+    auto operation = link_.gate.Begin();
+    if (operation) {
+        CommitFocusedField(this);
+        if (program_.link.LinkUp == 0) {
+            FlashMessage(QStringLiteral("Not connected - RM ist off"));
+            operation.reset();
+        }
     }
-    CommitFocusedField(this);
-    if (program_.link.LinkUp == 0) {
-        FlashMessage(QStringLiteral("Not connected - RM ist off"));
-        return false;
-    }
-    return true;
+    return operation;
 }
 
 void Main::Main_Command3_Click() {
-    if (ReadyForCommand()) {
-        const LinkOperation operation(link_.gate);
+    if (const auto operation = BeginCommand()) {
         ReadAndRefresh();
     }
 }
 
 void Main::Main_Command4_Click() {
-    if (ReadyForCommand()) {
-        const LinkOperation operation(link_.gate);
+    if (const auto operation = BeginCommand()) {
         link_.commands.SendAllToUnit();
         ReadAndRefresh();
     }
@@ -277,18 +272,9 @@ void Main::Main_Command4_Click() {
 
 // Without a link the button does nothing.
 void Main::Main_Command7_Click() {
-    if (RefuseWhileRunning()) {
-        return;
-    }
-    CommitFocusedField(this);
-    const LinkOperation operation(link_.gate);
-    link_.commands.SendTimeDate();
-}
-
-void Main::Transfer(void (MemoryTransfer::*routine)()) {
-    if (ReadyForCommand()) {
-        const LinkOperation operation(link_.gate);
-        (link_.memory.*routine)();
+    if (const auto operation = link_.gate.Begin()) {
+        CommitFocusedField(this);
+        link_.commands.SendTimeDate();
     }
 }
 
@@ -326,7 +312,7 @@ void Main::Main_SSTab1_Click(int tab) {
 
 // The rebuild may switch the instrument's output, so a load waits for the end of an operation on the link.
 void Main::Main_mnulset_Click() {
-    if (!RefuseWhileRunning() && settingFiles_.Load()) {
+    if (!link_.gate.Refuses() && settingFiles_.Load()) {
         RefreshPanel();
         if (EditorOpen()) {
             editor_->FollowSettingFile();
@@ -337,7 +323,7 @@ void Main::Main_mnulset_Click() {
 
 // A memory must not be saved half read, nor a transfer wait for a dialog.
 void Main::Main_mnusset_Click() {
-    if (!RefuseWhileRunning()) {
+    if (!link_.gate.Refuses()) {
         settingFiles_.Save(HeldFiles());
     }
 }
@@ -348,7 +334,7 @@ QStringList Main::HeldFiles() const { return EditorOpen() ? editor_->HeldFiles()
 
 // An editor that is open already only comes to the front.
 void Main::Main_mnueditor_Click() {
-    if (RefuseWhileRunning() || !settingFiles_.SaveForEditor(HeldFiles())) {
+    if (link_.gate.Refuses() || !settingFiles_.SaveForEditor(HeldFiles())) {
         return;
     }
     if (!EditorOpen()) {

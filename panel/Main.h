@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <memory>
+#include <optional>
 
 #include "core/ProgramState.h"
 #include "editor/EditorHost.h"
@@ -73,7 +74,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     // EditorHost
     void LoadSettingFile() override;
     void DrawOverviewSignal() override;
-    bool RefuseWhileRunning() override;
+    bool RefuseWhileRunning() override { return link_.gate.Refuses(); }
 
     void Main_Form_Unload();
     void SaveOnExit();
@@ -83,11 +84,6 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     void Main_Command4_Click();
     void Main_Command7_Click();
     void Main_SSTab1_Click(int tab);
-    void Transfer(void (MemoryTransfer::*routine)());
-    void Main_mnuRdArb4_Click() { Transfer(&MemoryTransfer::ReadArb4); }
-    void Main_mnuRdArb16_Click() { Transfer(&MemoryTransfer::ReadArb16); }
-    void Main_mnuStArb4_Click() { Transfer(&MemoryTransfer::SendArb4); }
-    void Main_mnuStArb16_Click() { Transfer(&MemoryTransfer::SendArb16); }
     void Main_mnulset_Click();
     void Main_mnusset_Click();
     void Main_mnueditor_Click();
@@ -100,7 +96,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     void ConnectMenu();
     bool EditorOpen() const;
     QStringList HeldFiles() const;
-    bool ReadyForCommand();
+    std::optional<LinkOperation> BeginCommand();
     void ReadAndRefresh();
     void OnGateChanged(bool running);
 

@@ -8,7 +8,7 @@ constexpr QRgb kLightYellow = qRgb(255, 255, 128);
 constexpr QRgb kBlack = qRgb(0, 0, 0);
 }  // namespace
 
-OutputGroup::OutputGroup(PanelState& panel, Link& link, std::function<bool()> mayClick, QWidget* parent)
+OutputGroup::OutputGroup(PanelState& panel, Link& link, QWidget* parent)
     : panel_(panel),
       link_(link),
       Label3(Named(new QLabel(parent), QStringLiteral("Label3"))),
@@ -17,7 +17,7 @@ OutputGroup::OutputGroup(PanelState& panel, Link& link, std::function<bool()> ma
     Label3->setAutoFillBackground(true);
     Label3->setMargin(3);
     Opoutput->SetAccessibleName(QStringLiteral("Output"));
-    Opoutput->SetUserGuard(std::move(mayClick));
+    Opoutput->SetUserGuard([this] { return !link_.gate.Refuses(); });
     Opoutput->SetClick([this](int index) { Main_Opoutput_Click(index); });
 }
 
@@ -30,7 +30,7 @@ QList<QWidget*> OutputGroup::TabStops() const { return TabStopsOf(*Opoutput); }
 
 void OutputGroup::Main_Opoutput_Click(int index) {
     // A refresh within a link operation comes here as well; it sends under the gate that is held already.
-    const LinkOperation operation(link_.gate);
+    const LinkOperation operation = link_.gate.Join();
     panel_.tmOut = ToTruth(index == 0);
     link_.commands.SendOutput();
     RefreshOutput();

@@ -10,8 +10,7 @@
 // The output switch: the one setting that reaches the instrument at once.
 class OutputGroup {
   public:
-    // `mayClick` is asked before a user's click counts.
-    OutputGroup(PanelState& panel, Link& link, std::function<bool()> mayClick, QWidget* parent);
+    OutputGroup(PanelState& panel, Link& link, QWidget* parent);
     Q_DISABLE_COPY_MOVE(OutputGroup)
 
     // One row of the frame "Output".

@@ -13,7 +13,7 @@ OverviewGroup::OverviewGroup(const ProgramState& program, Desktop& desktop, QWid
     Text3->setReadOnly(true);
     Text3->setTabChangesFocus(true);
     QObject::connect(Picture1, &PictureBox::RedrawNeeded, Picture1,
-                     [this] { ::DrawOverviewSignal(*Picture1, program_.panel.bmSignal, program_.memories); });
+                     [this] { DrawSignalForm(*Picture1, program_.panel.bmSignal, program_.memories); });
 }
 
 void OverviewGroup::AddTo(QBoxLayout& column) const {
@@ -28,6 +28,6 @@ void OverviewGroup::RefreshOverview() {
 
 void OverviewGroup::DrawOverviewSignal() {
     desktop_.BusyOn();
-    ::DrawOverviewSignal(*Picture1, program_.panel.bmSignal, program_.memories);
+    DrawSignalForm(*Picture1, program_.panel.bmSignal, program_.memories);
     desktop_.BusyOff();
 }

@@ -95,7 +95,7 @@ TEST_F(Transport, AReplyIsDueFromWhenTheLineHasCarriedTheQuery) {
 
 TEST_F(Transport, WhoAbandonsAnOperationWaitsForNoLineAndIsToldOfNoFault) {
     ConnectSilently();
-    const LinkOperation operation(link.gate);
+    const LinkOperation operation = link.gate.Join();
     line.lineFreeMs = 40'000;
     clock.onWait = [this] { link.gate.Abandon(); };
     panel.tmOut = kTrue;

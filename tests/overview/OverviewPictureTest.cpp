@@ -31,7 +31,7 @@ class OverviewPicture : public testing::Test {
     }
 
     QImage Drawn(quint8 form) {
-        DrawOverviewSignal(Picture1, form, *memories);
+        DrawSignalForm(Picture1, form, *memories);
         return Picture1.grab().toImage();
     }
 
@@ -63,7 +63,7 @@ TEST_F(OverviewPicture, AMemoryIsTheMidLineAndFullScaleTouchesTheEdges) {
 TEST_F(OverviewPicture, NoSizeIsTooSmall) {
     EXPECT_TRUE(Ink(Drawn(2), 8 / 63.0 * 420, 115));  // a zero of the triangle
     Picture1.resize(0, 0);
-    DrawOverviewSignal(Picture1, kSignalWhiteNoise, *memories);
+    DrawSignalForm(Picture1, kSignalWhiteNoise, *memories);
 }
 
 }  // namespace
