@@ -64,6 +64,9 @@ void ClearParts(const QFileInfo& target) {
     }
 }
 
+// From here on, until the connection closes. The mode comes second: in it, two that wait keep each other waiting.
+void TakeLock(SQLite::Database& database) { database.exec("BEGIN EXCLUSIVE; PRAGMA locking_mode = EXCLUSIVE; COMMIT"); }
+
 // Keeps other connections off the file that is about to go, and rolls back what a killed one left unfinished in it.
 // False: it must stay.
 bool HoldTarget(const QFileInfo& target, std::unique_ptr<SQLite::Database>& hold) {
@@ -79,8 +82,8 @@ bool HoldTarget(const QFileInfo& target, std::unique_ptr<SQLite::Database>& hold
     try {
         hold = std::make_unique<SQLite::Database>(target.absoluteFilePath().toStdString(), SQLite::OPEN_READWRITE,
                                                   kLockWaitMs);
-        // A change of the journal mode does not wait for a lock, so the lock comes first, and stays from then on.
-        hold->exec("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
+        TakeLock(*hold);
+        // Of itself, a change of the journal mode does not wait for a lock.
         return hold->execAndGet("PRAGMA journal_mode = DELETE").getString() == "delete";
     } catch (const std::exception& fault) {
         return OutcomeOf(fault) == StoreOutcome::NotADatabase;
@@ -145,7 +148,7 @@ class NewFile::Part {
     // commit, that of the completion.
     void Start(const FillDatabase& fill) {
         database_.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
-        database_.exec("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT");
+        TakeLock(database_);
         // Before it was locked, another save could take it for left behind.
         if (!QFile::exists(name_)) {
             throw std::runtime_error("the file that was begun is gone");

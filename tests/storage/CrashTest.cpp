@@ -21,6 +21,7 @@ struct Operations {
     std::string done;                 // one letter each
     std::size_t fatal = 0;            // the process dies at the head of this one, counted from 1
     std::function<void()> created{};  // runs once, as soon as a file has been made
+    std::function<void()> waits{};    // runs once, as soon as the engine waits for a lock
 };
 Operations operations;
 
@@ -31,17 +32,23 @@ int Do(char letter, long number, auto... arguments) {
     return static_cast<int>(::syscall(number, arguments...));
 }
 
-// Runs work in a process of its own and returns its wait status.
-int InChild(const auto& work) {
-    int status = -1;
+// Runs work in a process of its own.
+pid_t StartChild(const auto& work) {
     const pid_t child = ::fork();
     if (child == 0) {
         work();
         ::_exit(0);
     }
+    return child;
+}
+
+int WaitStatus(pid_t child) {
+    int status = -1;
     ::waitpid(child, &status, 0);
     return status;
 }
+
+int InChild(const auto& work) { return WaitStatus(StartChild(work)); }
 
 }  // namespace
 
@@ -61,6 +68,13 @@ int open64(const char* path, int flags, ...) {
         std::exchange(operations.created, nullptr)();
     }
     return file;
+}
+int usleep(useconds_t microseconds) {
+    if (operations.waits) {
+        std::exchange(operations.waits, nullptr)();
+    }
+    const timespec time{microseconds / 1000000, static_cast<long>(microseconds % 1000000) * 1000};
+    return ::nanosleep(&time, nullptr);
 }
 int rename(const char* from, const char* to) noexcept { return Do('r', SYS_rename, from, to); }
 }
@@ -135,6 +149,35 @@ TEST_F(Crashes, SavesForOneNameLeaveEachOthersUnfinishedFilesAlone) {
     EXPECT_TRUE(old_.Save(name_));
     EXPECT_FALSE(operations.created);
     EXPECT_FALSE(HoldsNew(0));
+    EXPECT_EQ(Files(), 1);
+}
+
+TEST_F(Crashes, SavesThatWaitForOneFileGoOnOneAfterTheOther) {
+    int words[2] = {};
+    ASSERT_EQ(::pipe(words), 0);
+    const auto tell = [&] { EXPECT_EQ(::write(words[1], "w", 1), 1); };
+    const auto startAndHear = [&](const auto& work) {
+        const pid_t child = StartChild(work);
+        char word = 0;
+        EXPECT_EQ(::read(words[0], &word, 1), 1);
+        return child;
+    };
+    const auto save = [&] {
+        operations.waits = tell;
+        ::_exit(new_.Save(name_) ? 0 : 1);
+    };
+    const pid_t editor = startAndHear([&] {
+        SQLite::Database database(name_.toStdString(), SQLite::OPEN_READWRITE);
+        database.exec("BEGIN IMMEDIATE");
+        tell();
+        ::pause();
+    });
+    const pid_t savers[] = {startAndHear(save), startAndHear(save)};
+    ::kill(editor, SIGKILL);
+    for (const pid_t child : {editor, savers[0], savers[1]}) {
+        EXPECT_EQ(WaitStatus(child), child == editor ? SIGKILL : 0);
+    }
+    EXPECT_TRUE(HoldsNew(0));
     EXPECT_EQ(Files(), 1);
 }
 
