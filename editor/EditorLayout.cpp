@@ -13,7 +13,7 @@ namespace {
 constexpr int kLeastWidth = 534;  // of the form
 constexpr int kLeastHeight = 400;
 constexpr int kEdge = 4;            // Left of both pictures, and Top of the upper one
-constexpr int kDetailTop = 116;     // of Picture2; lower where large letters make the strip higher
+constexpr int kDetailTop = 116;     // of Picture2; lower where large fonts make the strip higher
 constexpr int kBelowDetail = 50;    // what the form's height leaves for the menu and the hint
 constexpr int kLeastOverview = 40;  // height of Picture1
 constexpr int kGap = 2;

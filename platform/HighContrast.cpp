@@ -25,7 +25,7 @@ void KeepEdgesInSight() {
     for (const auto role : {QPalette::Light, QPalette::Midlight, QPalette::Mid, QPalette::Dark, QPalette::Shadow}) {
         edges.setColor(role, theme.color(QPalette::WindowText));
     }
-    edges.setColor(QPalette::Disabled, QPalette::Light, ground);  // else their letters cast a bright shadow
+    edges.setColor(QPalette::Disabled, QPalette::Light, ground);  // else their text casts a bright shadow
     QApplication::setStyle(QStringLiteral("Windows"));
     QApplication::setPalette(edges);
 }
