@@ -111,12 +111,15 @@ void Connection::AutoSearchUnit() {
         preferences_.ComBaudRate = kUsualBaudRate;
         ConnectUnit();
     }
+    if (gate_.Abandoned()) {
+        return;
+    }
     if (link_.LinkUp == 1) {
         desktop_.MessageBox(QStringLiteral("Unit found at port:  %1   Baud:  %2")
                                 .arg(preferences_.ComPortNumber)
                                 .arg(preferences_.ComBaudRate),
                             QStringLiteral("Autosearch"));
-    } else if (!gate_.Abandoned()) {
+    } else {
         link_.SerialErrorText = NotFound();
         transport_.ShowSerialError();
     }
