@@ -8,9 +8,9 @@
 // word of the overview, if it has one. The row's index is the value. An empty token marks what remains when no other
 // token is found.
 struct EnumerationRow {
-    const char* caption;
-    const char* command;
-    const char* token;
+    const char* caption = "";
+    const char* command = "";
+    const char* token = "";
     const char* overview = "";
 };
 

@@ -27,7 +27,7 @@ void EventClock::WaitMs(qint32& ms) {
         return;
     }
     WaitActive = true;
-    const qint64 dueUs = NowUs() + ms * 1000;
+    const qint64 dueUs = NowUs() + qint64{ms} * 1000;
     // A timer of the event loop is up to a millisecond late whenever an event comes in the middle of the wait, as the
     // bytes of a reply do. So the loop sleeps until shortly before the end, and the rest is waited out in small steps.
     if (ms > kFineWaitMs) {

@@ -22,6 +22,13 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
         MakeForm();
     }
 
+    // The form, and the editor that goes after it, stand on what goes with the bench.
+    ~PanelBench() override {
+        form.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    Q_DISABLE_COPY_MOVE(PanelBench)
+
     // A new form; closes none that was there before.
     void MakeForm() {
         const auto describePort = [](int number, bool openHere) {

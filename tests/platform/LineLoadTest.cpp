@@ -24,10 +24,10 @@ TEST_F(LineLoads, CountsWhatThePortTookAtTheRateOfTheLine) {
 }
 
 TEST_F(LineLoads, APortThatTookMoreThanAnyDriverHoldsNeedsNoLineTime) {
-    const qint64 heldByAPseudoTerminal = 20 * 1024;
+    const qint64 heldByAPseudoTerminal = 20'480;
     line.Taken(heldByAPseudoTerminal, 0);
     EXPECT_EQ(line.LeftUs(0), heldByAPseudoTerminal * kSecond / kPerSecond);
-    line.Taken(13 * 1024, 0);
+    line.Taken(13'000, 0);
     EXPECT_EQ(line.LeftUs(0), 0);
     line.Taken(heldByAPseudoTerminal, 60 * kSecond);  // also behind an answer: it stays as fast as it is
     EXPECT_EQ(line.LeftUs(60 * kSecond), 0);
