@@ -1,6 +1,6 @@
 # Sourced by the commands of this project: installs the Debian packages that are missing, and says which.
 
-build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libsqlitecpp-dev libsqlite3-dev fonts-dejavu-core"
+build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libsqlitecpp-dev libsqlite3-dev libcli11-dev fonts-dejavu-core"
 
 need() {
     local missing=() package
