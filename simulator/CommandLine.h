@@ -1,23 +1,19 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "simulator/Options.h"
+
+namespace CLI {
+class App;
+}
 
 namespace sim {
 
 struct ProgramOptions {
     Options instrument;
     bool log = false;
-    bool help = false;
 };
 
-// Reads the program's arguments (without its name). False, with a sentence for the user in `error`, for an unknown
-// option, a missing or superfluous value, and a number outside its bounds.
-bool ParseCommandLine(const std::vector<std::string>& arguments, ProgramOptions* options, std::string* error);
-
-// The text of --help: one line for each option.
-std::string HelpText();
+// Gives the program its options; a parse puts them into `options`, which must outlive it.
+void AddOptions(CLI::App& app, ProgramOptions& options);
 
 }  // namespace sim

@@ -7,6 +7,10 @@
 
 #include "simulator/TraceOptions.h"
 
+namespace CLI {
+class App;
+}
+
 namespace sim {
 
 struct TraceProgramOptions {
@@ -14,18 +18,13 @@ struct TraceProgramOptions {
     std::array<std::optional<std::string>, 2> shapes;
     std::string csvPath;
     std::vector<int> columns;  // one or two, from 1; none: chosen by what the file holds
-    bool help = false;
 };
 
-// Reads the program's arguments (without its name). False, with a sentence for the user in `error`, for what it can't
-// take.
-bool ParseTraceCommandLine(const std::vector<std::string>& arguments, TraceProgramOptions* options, std::string* error);
+// Gives the program its options; a parse puts them into `options`, which must outlive it.
+void AddOptions(CLI::App& app, TraceProgramOptions& options);
 
 // Fills in the channels from the file or the shapes; `origins` tells the user what each serves. False, with a sentence
 // for the user in `error`, if the file gives no recordings.
 bool LoadChannels(TraceProgramOptions* options, std::array<std::string, 2>* origins, std::string* error);
-
-// The text of --help.
-std::string TraceHelpText();
 
 }  // namespace sim

@@ -4,27 +4,25 @@
 #include <csignal>
 #include <iostream>
 #include <string>
-#include <vector>
 
+#include "simulator/OptionKinds.h"
 #include "simulator/TraceCommandLine.h"
 #include "simulator/TraceSource.h"
 
 namespace {
 
-constexpr int kBadUsageStatus = 2;
 constexpr int kFailureStatus = 1;
 
 int Run(int argc, char** argv) {
     sim::TraceProgramOptions options;
+    CLI::App app;
+    sim::AddOptions(app, options);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& outcome) {
+        return app.exit(outcome) == 0 ? 0 : sim::kBadUsageStatus;
+    }
     std::string error;
-    if (!sim::ParseTraceCommandLine(std::vector<std::string>(argv + 1, argv + argc), &options, &error)) {
-        std::cerr << "qd204-sim: " << error << "\nTry 'qd204-sim --help'." << std::endl;
-        return kBadUsageStatus;
-    }
-    if (options.help) {
-        std::cout << sim::TraceHelpText() << std::flush;
-        return 0;
-    }
     std::array<std::string, 2> origins;
     if (!sim::LoadChannels(&options, &origins, &error)) {
         std::cerr << "qd204-sim: " << error << std::endl;

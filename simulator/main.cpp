@@ -5,15 +5,14 @@
 #include <iostream>
 #include <mutex>
 #include <string>
-#include <vector>
 
 #include "simulator/CommandLine.h"
 #include "simulator/LogText.h"
+#include "simulator/OptionKinds.h"
 #include "simulator/SimulatedInstrument.h"
 
 namespace {
 
-constexpr int kBadUsageStatus = 2;
 constexpr int kFailureStatus = 1;
 
 // Held while something is printed that the log must not cut through.
@@ -53,14 +52,12 @@ bool ServeSignals(const sigset_t& signals, sim::SimulatedInstrument& instrument,
 
 int Run(int argc, char** argv) {
     sim::ProgramOptions options;
-    std::string error;
-    if (!sim::ParseCommandLine(std::vector<std::string>(argv + 1, argv + argc), &options, &error)) {
-        std::cerr << "kl5276-sim: " << error << "\nTry 'kl5276-sim --help'." << std::endl;
-        return kBadUsageStatus;
-    }
-    if (options.help) {
-        std::cout << sim::HelpText() << std::flush;
-        return 0;
+    CLI::App app;
+    sim::AddOptions(app, options);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& outcome) {
+        return app.exit(outcome) == 0 ? 0 : sim::kBadUsageStatus;
     }
     // Blocked before the instrument's thread begins, so that they all reach the wait below. A reader of the log that
     // goes away must not end the program with its link left behind.
