@@ -151,6 +151,7 @@ struct Windows : PanelBench {
         QApplication::activeWindow()->findChild<QAbstractButton*>(QStringLiteral("opEditmode_1"))->click();
         check(QApplication::activeWindow());
         form.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // while its state stands
         QTimer whenShown;
         whenShown.callOnTimeout([&check] {
             if (QWidget* const box = QApplication::activeModalWidget()) {
