@@ -5,11 +5,11 @@
 
 #include "platform/ComPorts.h"
 #include "platform/EventClock.h"
-#include "platform/HighContrast.h"
 #include "platform/ProgramFolder.h"
-#include "platform/QtDesktop.h"
 #include "platform/SerialControl.h"
 #include "platform/SocketDdeLink.h"
+#include "widgets/HighContrast.h"
+#include "widgets/QtDesktop.h"
 
 namespace {
 

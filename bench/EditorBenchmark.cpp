@@ -15,10 +15,10 @@
 #include "BarePictures.h"
 #include "Table.h"
 #include "editor/Editor.h"
-#include "platform/QtDesktop.h"
 #include "platform/SocketDdeLink.h"
 #include "storage/SettingFile.h"
 #include "waveform/Spline.h"
+#include "widgets/QtDesktop.h"
 
 namespace {
 

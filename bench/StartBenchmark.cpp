@@ -21,9 +21,9 @@
 #include "Table.h"
 #include "panel/Main.h"
 #include "platform/EventClock.h"
-#include "platform/QtDesktop.h"
 #include "platform/SerialControl.h"
 #include "platform/SocketDdeLink.h"
+#include "widgets/QtDesktop.h"
 
 namespace {
 

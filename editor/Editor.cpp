@@ -3,10 +3,10 @@
 #include <QCloseEvent>
 
 #include "editor/PenLook.h"
-#include "platform/Controls.h"
-#include "platform/FormPlace.h"
-#include "platform/PictureKeys.h"
 #include "waveform/Choices.h"
+#include "widgets/Controls.h"
+#include "widgets/FormPlace.h"
+#include "widgets/PictureKeys.h"
 
 namespace {
 

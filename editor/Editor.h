@@ -16,7 +16,7 @@
 #include "editor/PointEntry.h"
 #include "editor/StoreFaults.h"
 #include "editor/ViewPointer.h"
-#include "platform/OptionGroup.h"
+#include "widgets/OptionGroup.h"
 
 // What the form Editor stands on. Tests bring their own.
 struct EditorServices {

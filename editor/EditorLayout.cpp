@@ -6,7 +6,7 @@
 
 #include "editor/Editor.h"
 #include "editor/PenLook.h"
-#include "platform/Controls.h"
+#include "widgets/Controls.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <QActionGroup>
 
-#include "platform/Controls.h"
+#include "widgets/Controls.h"
 
 EditorMenu::EditorMenu(QMenuBar* bar) {
     QMenu* const mnumode = AddMenu(bar, "mnumode", "&Memory");

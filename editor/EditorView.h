@@ -6,8 +6,8 @@
 
 #include "core/EditorState.h"
 #include "editor/InvertedStrokes.h"
-#include "platform/PictureBox.h"
 #include "waveform/PenDrags.h"
+#include "widgets/PictureBox.h"
 
 // Both pictures of the editor: Picture1 with the whole address axis, Picture2 with the view, and the inverted strokes
 // that stand in them. It shows the state and changes nothing of it.

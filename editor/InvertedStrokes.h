@@ -4,7 +4,7 @@
 #include <QLineF>
 #include <vector>
 
-#include "platform/PictureBox.h"
+#include "widgets/PictureBox.h"
 
 // A line, or a filled box between two corners, in the user scale of its picture.
 struct Stroke {

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "core/EditorState.h"
-#include "platform/EntryField.h"
+#include "widgets/EntryField.h"
 
 // The two fields that set one sample, or set and remove one point of the signal, from the keyboard. Nothing is stored
 // before Enter in the value field.

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/Controls.h"
 #include "waveform/Samples.h"
 #include "waveform/ViewRules.h"
+#include "widgets/Controls.h"
 
 ViewPointer::ViewPointer(ProgramState& program, EditorView& view, QWidget* parent) : program_(program), view_(view) {
     corint = {MakeLabel(QStringLiteral("corint_0"), QStringLiteral("X:"), parent),

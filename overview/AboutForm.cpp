@@ -5,7 +5,7 @@
 #include <QFontInfo>
 #include <QVBoxLayout>
 
-#include "platform/FormPlace.h"
+#include "widgets/FormPlace.h"
 
 namespace {
 

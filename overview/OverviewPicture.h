@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "core/ArbMemory.h"
-#include "platform/PictureBox.h"
+#include "widgets/PictureBox.h"
 
 // The picture's user scale: x from 0 to 63, y in samples from 2047 at the top to -2047 at the bottom.
 inline constexpr double kOverviewWidth = 63.0;

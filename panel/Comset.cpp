@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "platform/Controls.h"
+#include "widgets/Controls.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "core/ProgramState.h"
 #include "link/Link.h"
 #include "panel/PortDescriber.h"
-#include "platform/OptionGroup.h"
+#include "widgets/OptionGroup.h"
 
 // The dialog comset, "Serial port setup": port, rate, and the automatic search. Shown without blocking Main. It only
 // hides when it closes, since it may be closed in the middle of its own search; each opening loads it anew.

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "panel/PanelContext.h"
-#include "platform/OptionGroup.h"
+#include "widgets/OptionGroup.h"
 
 // One of the panel's five frequencies: an entry field with its caption, its unit options, and the label that shows the
 // unit. What it stores is in Hz; the unit matters for reading the entry and for display alone.

@@ -4,7 +4,7 @@
 #include <QGridLayout>
 
 #include "panel/PanelContext.h"
-#include "platform/OptionGroup.h"
+#include "widgets/OptionGroup.h"
 
 // Output level and DC offset, which hold each other within the level range.
 class LevelGroup {

@@ -24,8 +24,8 @@
 #include "panel/OverviewGroup.h"
 #include "panel/PreferencesFile.h"
 #include "panel/SweepGroup.h"
-#include "platform/FormPlace.h"
 #include "storage/SettingFile.h"
+#include "widgets/FormPlace.h"
 
 Main::Main(const MainServices& services)
     : services_(services),

@@ -1,6 +1,6 @@
 #include "panel/MainMenu.h"
 
-#include "platform/Controls.h"
+#include "widgets/Controls.h"
 
 MainMenu::MainMenu(QMenuBar* bar) {
     QMenu* const mnudata = AddMenu(bar, "mnudata", "&Data");

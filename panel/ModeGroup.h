@@ -3,7 +3,7 @@
 #include <QGroupBox>
 
 #include "core/PanelState.h"
-#include "platform/OptionGroup.h"
+#include "widgets/OptionGroup.h"
 
 // Operating mode and reference, on the tab "Mode": options without limits and without effect on anything else.
 class ModeGroup {

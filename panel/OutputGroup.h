@@ -5,7 +5,7 @@
 
 #include "core/PanelState.h"
 #include "link/Link.h"
-#include "platform/OptionGroup.h"
+#include "widgets/OptionGroup.h"
 
 // The output switch: the one setting that reaches the instrument at once.
 class OutputGroup {

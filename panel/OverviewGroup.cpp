@@ -2,7 +2,7 @@
 
 #include "overview/OverviewPicture.h"
 #include "overview/OverviewText.h"
-#include "platform/Controls.h"
+#include "widgets/Controls.h"
 
 OverviewGroup::OverviewGroup(const ProgramState& program, Desktop& desktop, QWidget* parent)
     : program_(program),

@@ -5,7 +5,7 @@
 
 #include "core/ProgramState.h"
 #include "platform/Desktop.h"
-#include "platform/PictureBox.h"
+#include "widgets/PictureBox.h"
 
 // The tab "Overview": the modes in words, and the signal form as a picture.
 class OverviewGroup {

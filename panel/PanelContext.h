@@ -6,11 +6,11 @@
 #include "core/Numbers.h"
 #include "core/PanelState.h"
 #include "panel/HintLine.h"
-#include "platform/Controls.h"
-#include "platform/EntryField.h"
-#include "platform/OptionGroup.h"
 #include "rules/Held.h"
 #include "rules/KeyFilter.h"
+#include "widgets/Controls.h"
+#include "widgets/EntryField.h"
+#include "widgets/OptionGroup.h"
 
 // What every rule group of the panel works on.
 struct PanelContext {

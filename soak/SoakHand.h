@@ -12,8 +12,8 @@
 #include <map>
 #include <random>
 
-#include "platform/PictureBox.h"
-#include "platform/QtDesktop.h"
+#include "widgets/PictureBox.h"
+#include "widgets/QtDesktop.h"
 
 inline int FromEnvironment(const char* name, int otherwise) {
     return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : otherwise;

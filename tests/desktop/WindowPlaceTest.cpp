@@ -4,7 +4,7 @@
 
 #include "panel/PanelBench.h"
 #include "panel/PreferencesFile.h"
-#include "platform/FormPlace.h"
+#include "widgets/FormPlace.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include <QTimer>
 
 #include "PanelBench.h"
-#include "platform/HighContrast.h"
-#include "platform/PictureBox.h"
-#include "platform/QtDesktop.h"
+#include "widgets/HighContrast.h"
+#include "widgets/PictureBox.h"
+#include "widgets/QtDesktop.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "platform/EntryField.h"
+#include "widgets/EntryField.h"
 
 // True once this window has the keyboard.
 inline bool Activate(QWidget* window) {

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QMouseEvent>
 
-#include "platform/PictureBox.h"
+#include "widgets/PictureBox.h"
 
 // A pointer over a picture, at places in its user scale: also between two pixels, as on a dense screen.
 struct PictureHands {

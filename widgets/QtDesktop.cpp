@@ -1,10 +1,10 @@
-#include "platform/QtDesktop.h"
+#include "widgets/QtDesktop.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QMessageBox>
 
-#include "platform/FileDialog.h"
+#include "widgets/FileDialog.h"
 
 QWidget* QtDesktop::Parent() {
     QWidget* const active = QApplication::activeWindow();

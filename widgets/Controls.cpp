@@ -1,4 +1,4 @@
-#include "platform/Controls.h"
+#include "widgets/Controls.h"
 
 QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
     return Named(new QGroupBox(title, parent), name);

@@ -1,4 +1,4 @@
-#include "platform/OptionGroup.h"
+#include "widgets/OptionGroup.h"
 
 #include <QKeyEvent>
 #include <algorithm>

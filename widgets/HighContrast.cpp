@@ -1,4 +1,4 @@
-#include "platform/HighContrast.h"
+#include "widgets/HighContrast.h"
 
 #include <QApplication>
 #include <QPalette>

@@ -1,4 +1,4 @@
-#include "platform/EntryField.h"
+#include "widgets/EntryField.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -11,7 +11,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "platform/QtDesktop.h"
+#include "widgets/QtDesktop.h"
 
 namespace {
 

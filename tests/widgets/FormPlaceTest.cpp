@@ -2,7 +2,7 @@
 
 #include <QList>
 
-#include "platform/FormPlace.h"
+#include "widgets/FormPlace.h"
 
 namespace {
 

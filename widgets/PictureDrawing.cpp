@@ -4,7 +4,7 @@
 #include <cmath>
 #include <iterator>
 
-#include "platform/PictureBox.h"
+#include "widgets/PictureBox.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "platform/PictureKeys.h"
+#include "widgets/PictureKeys.h"
 
 #include <algorithm>
 #include <cmath>

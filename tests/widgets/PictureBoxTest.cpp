@@ -8,8 +8,8 @@
 #include <functional>
 #include <memory>
 
-#include "platform/PictureBox.h"
-#include "platform/PictureKeys.h"
+#include "widgets/PictureBox.h"
+#include "widgets/PictureKeys.h"
 
 namespace {
 

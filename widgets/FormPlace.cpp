@@ -1,4 +1,4 @@
-#include "platform/FormPlace.h"
+#include "widgets/FormPlace.h"
 
 #include <QEvent>
 #include <QGuiApplication>
