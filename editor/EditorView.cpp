@@ -105,7 +105,7 @@ void EditorView::DrawGround(Drawing& overview, Drawing& detail) const {
 }
 
 void EditorView::DrawSplineView(Drawing& overview, Drawing& detail, std::span<const Record> records) const {
-    const std::array<qint16, 16385>& signal = editor_.ArbSignal;
+    const std::array<qint16, kAddresses16k>& signal = editor_.ArbSignal;
     std::vector<QLineF> all;
     std::vector<QLineF> inView;
     for (int i = 1; i <= editor_.Size->LastAdr; ++i) {

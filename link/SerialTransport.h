@@ -29,7 +29,6 @@ class SerialTransport {
     // before the line has carried the query, SerialFault is 1 without a message.
     void QueryUnit();
     // The form for the thousands of queries of a memory read.
-    void SendQueryBlock() { SendQuery(); }
     void QueryUnitBlock() { QueryUnit(); }
 
     // One message for a fault, and the link is down.

@@ -69,7 +69,7 @@ bool Scale(std::span<qint16> samples, const Extremes& extremes) {
 
 }  // namespace
 
-bool ReadTrace(const QString& text, std::span<qint16, 16385> CopyBuffer) {
+bool ReadTrace(const QString& text, std::span<qint16, kAddresses16k> CopyBuffer) {
     const std::span<qint16> samples = CopyBuffer.subspan(1, kTraceSamples);
     ReplyNumbers numbers(text);
     Extremes extremes;

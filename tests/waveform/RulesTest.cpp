@@ -88,7 +88,7 @@ QString Repeat(const char* number, int times) { return QString(QString::fromLati
 
 // Expects these samples of the copy buffer, and that nothing but the samples 1 to 2048 was written.
 void ExpectTrace(const QString& text, const std::map<std::size_t, int>& samples) {
-    std::array<qint16, 16385> buffer{};
+    std::array<qint16, kAddresses16k> buffer{};
     buffer.fill(kUntouched);
     ASSERT_TRUE(ReadTrace(text, buffer)) << text.left(60).toStdString();
     for (const auto& [index, sample] : samples) {
@@ -120,7 +120,7 @@ TEST(TraceReply, BecomesTheSamples) {
 }
 
 TEST(TraceReply, FailsWhereANumberOrTheScaleDoesNotFit) {
-    std::array<qint16, 16385> buffer{};
+    std::array<qint16, kAddresses16k> buffer{};
     for (const char* const text :
          {"1,32768", "1,32767.5", "-32768.6", "1,1e999", "1,-1e999", "1", "255", "-32000,768"}) {
         EXPECT_FALSE(ReadTrace(QString::fromLatin1(text), buffer)) << text;
