@@ -19,19 +19,15 @@ namespace {
 QString PortName(int number) { return QStringLiteral("COM%1").arg(number); }
 
 // USB adapters first: a bench PC's built-in ports are seldom wired. By name within each kind, numbers by value.
-QList<QSerialPortInfo> PortsInOrder() {
-    QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
-    const auto key = [](const QSerialPortInfo& port) {
-        QString name = port.portName();
-        qsizetype digits = name.size();
-        while (digits > 0 && name.at(digits - 1).isDigit()) {
+void PutInOrder(QList<SystemPort>& ports) {
+    const auto key = [](const SystemPort& port) {
+        qsizetype digits = port.name.size();
+        while (digits > 0 && port.name.at(digits - 1).isDigit()) {
             --digits;
         }
-        return std::tuple(!port.hasVendorIdentifier(), name.first(digits), name.sliced(digits).toInt());
+        return std::tuple(!port.usb, port.name.first(digits), port.name.sliced(digits).toInt());
     };
-    std::sort(ports.begin(), ports.end(),
-              [&key](const QSerialPortInfo& a, const QSerialPortInfo& b) { return key(a) < key(b); });
-    return ports;
+    std::sort(ports.begin(), ports.end(), [&key](const SystemPort& a, const SystemPort& b) { return key(a) < key(b); });
 }
 
 bool IsComName(const QString& name) {
@@ -77,16 +73,25 @@ QString TroubleWith(const QString& device) {
 
 }  // namespace
 
-QString FindComPort(int number, const QString& folder) {
+QList<SystemPort> SystemPorts() {
+    QList<SystemPort> ports;
+    for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts()) {
+        ports.append({port.portName(), port.systemLocation(), port.hasVendorIdentifier()});
+    }
+    return ports;
+}
+
+QString FindComPort(int number, const QString& folder, const std::function<QList<SystemPort>()>& listPorts) {
     const QFileInfo link(folder + QStringLiteral("/com%1").arg(number));
     if (link.isSymLink()) {
         return link.symLinkTarget();
     }
-    const QList<QSerialPortInfo> ports = PortsInOrder();
-    if (std::any_of(ports.cbegin(), ports.cend(), [](const auto& port) { return IsComName(port.portName()); })) {
+    QList<SystemPort> ports = listPorts();
+    if (std::any_of(ports.cbegin(), ports.cend(), [](const SystemPort& port) { return IsComName(port.name); })) {
         return PortName(number);
     }
-    return number >= 1 && number <= ports.size() ? ports.at(number - 1).systemLocation() : QString();
+    PutInOrder(ports);
+    return number >= 1 && number <= ports.size() ? ports.at(number - 1).device : QString();
 }
 
 QString DescribeComPort(int number, const QString& folder, bool openHere) {

@@ -1,14 +1,27 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <functional>
 
 // The serial devices behind the port numbers 1 to 4 ("Com1" to "Com4").
 //
 // On a system whose ports bear such names: those. Elsewhere what the symbolic link com1 to com4 in `folder` points to,
 // if it is there, else the n-th serial device of the system, USB adapters before built-in ports, in a stable order.
 
-// The device to open, a name or a path; empty if there is none.
-QString FindComPort(int number, const QString& folder);
+// A serial device as the system lists it.
+struct SystemPort {
+    QString name;    // "ttyUSB0", "COM3"
+    QString device;  // its name or path for opening
+    bool usb = false;
+};
+
+// All of them, in no order. Can take a second.
+QList<SystemPort> SystemPorts();
+
+// The device to open, a name or a path; empty if there is none. Lists the ports only if there is no link.
+QString FindComPort(int number, const QString& folder,
+                    const std::function<QList<SystemPort>()>& listPorts = SystemPorts);
 
 // One line for the user: which device is behind the port now, and what is wrong with it if it can't be opened.
 // `openHere` says that this program holds the port, which is then left alone.

@@ -1,12 +1,10 @@
 #include "platform/ProgramFolder.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
-QString ProgramFolder() {
-    QString beside = QCoreApplication::applicationDirPath();
+QString ProgramFolder(const QString& beside) {
     if (QFileInfo(beside).isWritable()) {
         return beside;
     }

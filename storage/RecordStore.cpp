@@ -190,12 +190,6 @@ bool RecordTable::Add(qint16 adr, qint16 value) {
     });
 }
 
-int RecordTable::Count() {
-    int count = -1;
-    store_.Attempt([&] { count = database_->execAndGet(std::string("SELECT count(*) FROM ") + table_).getInt(); });
-    return count;
-}
-
 StoreTransaction::StoreTransaction(RecordStore& store, Kind kind) : store_(store), database_(store.database_) {
     store_.outcome_ = StoreOutcome::Done;
     store_.inTransaction_ = true;

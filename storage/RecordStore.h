@@ -105,8 +105,6 @@ class RecordTable {
     bool Remove(qint64 id);
     bool Add(qint16 adr, qint16 value);
 
-    int Count();  // -1 on a failure
-
   private:
     enum Text : std::size_t { kChange, kRemove, kAdd, kTexts };
     SQLite::Statement& Prepared(Text text);

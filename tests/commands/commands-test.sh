@@ -43,3 +43,10 @@ grep -q "^channel A:" "$log" || fail "no trace source"
 kill %%
 wait %% || [ $? -eq 130 ] || fail "./run ended with $?"
 until_true test ! -L "$TRX_BUILT/bin/com2"  # the simulated instrument has ended
+
+# A recording as a scope in a country of decimal commas saves it.
+printf 'Length;3\nt;CH1;CH2\n0;1,5;7\n1;0,5;8\n2;1,5;7\n' >"$TMPDIR/scope.csv"
+"$TRX_BUILT/bin/qd204-sim" --csv "$TMPDIR/scope.csv" --name "$TMPDIR/qd204e" >"$log" 2>&1 &
+until_true grep -q "^channel B:.*scope.csv" "$log"
+kill %%
+wait %% || fail "qd204-sim ended with $?"

@@ -23,22 +23,4 @@ TEST(PreferencesRecord, HasTheMarkAndTenLittleEndianNumbersAndComesBackWhole) {
     EXPECT_EQ(EncodePreferences(read), record);
 }
 
-TEST(PreferencesRecord, WithAnotherMarkChangesNothing) {
-    for (const QByteArray& record : {QByteArray(), QByteArray("5276def0"), QByteArray("5276def01").leftJustified(31)}) {
-        Preferences read;
-        EXPECT_EQ(DecodePreferences(record, read), PreferencesOutcome::WrongMark);
-        EXPECT_EQ(EncodePreferences(read), EncodePreferences(Preferences{}));
-    }
-}
-
-TEST(PreferencesRecord, CutShortKeepsTheFieldsReadSoFar) {
-    Preferences read;
-    // The end falls into the middle of the baud rate.
-    EXPECT_EQ(DecodePreferences(EncodePreferences(kSample).first(19), read), PreferencesOutcome::TooShort);
-    EXPECT_EQ(read.MainLeft, -100);
-    EXPECT_EQ(read.ComPortNumber, 3);
-    EXPECT_EQ(read.ComBaudRate, 19200);
-    EXPECT_EQ(read.EditorHeight, 6000);
-}
-
 }  // namespace

@@ -66,17 +66,16 @@ struct WindowPlaces : PanelBench {
         LoadPreferences(folder.path(), stored, desktop);
         return stored;
     }
-    void Store(qint16 state, qint16 left, qint16 top, qint16 width, qint16 height) {
-        SavePreferences(folder.path(),
-                        {.MainWindowState = state,
-                         .MainLeft = left,
-                         .MainTop = top,
-                         .EditorWindowState = state,
-                         .EditorLeft = left,
-                         .EditorTop = top,
-                         .EditorWidth = width,
-                         .EditorHeight = height},
-                        desktop);
+    void Store(const Preferences& preferences) { SavePreferences(folder.path(), preferences, desktop); }
+    static Preferences Placed(qint16 state, qint16 left = kLeft, qint16 top = kTop) {
+        return {.MainWindowState = state,
+                .MainLeft = left,
+                .MainTop = top,
+                .EditorWindowState = state,
+                .EditorLeft = left,
+                .EditorTop = top,
+                .EditorWidth = kWidth,
+                .EditorHeight = kHeight};
     }
     void Start(int state) {
         MakeForm();
@@ -94,23 +93,19 @@ struct WindowPlaces : PanelBench {
     }
     void CloseAndExpect(qint16 state) {
         EXPECT_TRUE(form->close());
-        const Preferences stored = Stored();
-        EXPECT_EQ(stored.MainWindowState, state);
-        EXPECT_EQ(stored.EditorWindowState, state);
-        EXPECT_EQ(std::pair(stored.MainLeft, stored.MainTop), std::pair(kLeft, kTop));
-        EXPECT_EQ(Place({stored.EditorLeft, stored.EditorTop, stored.EditorWidth, stored.EditorHeight}),
-                  Place({kLeft, kTop, kWidth, kHeight}));
+        EXPECT_EQ(EncodePreferences(Stored()), EncodePreferences(Placed(state)));
     }
 };
 
 constexpr std::array<qint16, 5> kStates{0, 1, 2, 2, 1};
 
 TEST_F(WindowPlaces, AreThoseOfTheLastExitInEveryState) {
-    Store(0, kLeft, kTop, kWidth, kHeight);
+    Store(Placed(0));
     for (const qint16 state : kStates) {
         SCOPED_TRACE(state);
-        const Preferences last = Stored();
-        Store(state, last.MainLeft, last.MainTop, last.EditorWidth, last.EditorHeight);
+        Preferences last = Stored();
+        last.MainWindowState = last.EditorWindowState = state;
+        Store(last);
         Start(state);
         CloseAndExpect(state);
         Start(state);
@@ -127,7 +122,7 @@ TEST_F(WindowPlaces, OffTheScreenComeInWithTheirFrames) {
     const auto isIn = [corner](const QWidget& window) { return window.frameGeometry().bottomRight() == corner; };
     for (const qint16 state : kStates) {
         SCOPED_TRACE(state);
-        Store(state, 30'000, 30'000, kWidth, kHeight);
+        Store(Placed(state, 30'000, 30'000));
         Start(state);
         MakeNormal(*form);
         MakeNormal(*editor);

@@ -1,17 +1,16 @@
 #pragma once
 
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
 #include <QFile>
 #include <QTemporaryDir>
 
 #include "editor/Editor.h"
 #include "storage/SettingFile.h"
+#include "support/DatabaseHands.h"
 #include "support/FakeDde.h"
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
 #include "support/PictureHands.h"
+#include "support/PrintQt.h"
 
 struct FakeHost : EditorHost {
     QString calls;
@@ -86,7 +85,7 @@ class EditorBench : public ::testing::Test, public FormHands<Editor> {
         desktop.answer = true;
         desktop.chosen = con;
         Click("opEditmode_1");
-        Run(con, std::string("delete from ARB4; insert into ARB4 values ") + points);
+        Execute(con, std::string("delete from ARB4; insert into ARB4 values ") + points);
         Tick();
     }
 
@@ -97,22 +96,13 @@ class EditorBench : public ::testing::Test, public FormHands<Editor> {
         EXPECT_TRUE(letter.open(QIODevice::WriteOnly) && letter.write("Dear Sir") > 0);
         return letter.fileName();
     }
-    static void Run(const QString& file, const std::string& statements) {
-        SQLite::Database(file.toStdString(), SQLite::OPEN_READWRITE).exec(statements);
-    }
-    // Rows of a file as "address=value ...", by address.
-    static std::string Rows(const QString& file, const std::string& rows) {
-        const std::string ordered = "(select * from " + rows + " order by Adr, rowid)";
-        SQLite::Database database(file.toStdString());
-        return database.execAndGet("select ifnull(group_concat(Adr || '=' || Value, ' '), '') from " + ordered);
-    }
-    std::string Points() { return Rows(con, Size().table); }
+    QString Points() { return Rows(con, Size().table); }
     // Samples in the file and in the array alike.
     void ExpectMemory(const char* samples) {
         for (const QString& sample : QString::fromLatin1(samples).split(u' ')) {
-            const std::string adr = sample.section(u'=', 0, 0).toStdString();
-            EXPECT_EQ(Rows(set, Size().table + (" where Adr = " + adr)), sample.toStdString());
-            EXPECT_EQ(Size().samples(program.memories)[std::stoul(adr)], sample.section(u'=', 1).toInt()) << adr;
+            const QString adr = sample.section(u'=', 0, 0);
+            EXPECT_EQ(Rows(set, Size().table + (" where Adr = " + adr.toStdString())), sample);
+            EXPECT_EQ(Size().samples(program.memories)[adr.toUInt()], sample.section(u'=', 1).toInt()) << adr;
         }
     }
 

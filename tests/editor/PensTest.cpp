@@ -23,14 +23,14 @@ TEST_F(PenWork, ALineReplacesTheSamplesBetweenItsClicks) {
 }
 
 TEST_F(PenWork, ALineKeepsToTheRecordsThatThereAre) {
-    Run(set, "delete from ARB4 where Adr in (1102, 1103)");
+    Execute(set, "delete from ARB4 where Adr in (1102, 1103)");
     Line(1100, -100, 1104, 300);
     Detail().Move(1102, 500);
     const QImage before = Detail().Shown();
     Line(1106, 500, 1102, 500);  // no sample at its left end
     EXPECT_TRUE(Detail().Shown() == before);
     ExpectMemory("1099=99 1100=-100 1101=0 1104=300 1105=105 1106=106");
-    EXPECT_EQ(Rows(set, "ARB4 where Adr in (1102, 1103)"), "");
+    EXPECT_EQ(Rows(set, "ARB4 where Adr in (1102, 1103)"), u"");
 }
 
 TEST_F(PenWork, DeleteZeroesOneSampleButNeitherEnd) {
@@ -56,7 +56,7 @@ TEST_F(PenWork, CopyTakesForwardsOrMirroredAndPasteDropsWhatLiesBeyondTheEnd) {
     ExpectMemory("1519=519 1520=104 1521=103 1522=102 1523=523");
     Zoom(4000, 4095);
     Paste(4094);
-    EXPECT_EQ(Rows(set, "ARB4 where Adr >= 4093"), "4093=93 4094=104 4095=103");
+    EXPECT_EQ(Rows(set, "ARB4 where Adr >= 4093"), u"4093=93 4094=104 4095=103");
 }
 
 TEST_F(PenWork, ARedrawEndsADrag) {
@@ -76,22 +76,22 @@ TEST_F(PenWork, PointsOfASignalComeMoveAndGo) {
     Copy(1100, 1103);
     EditSignal();
     Zoom(0, 4095);
-    const std::pair<std::function<void()>, const char*> steps[] = {
-        {[this] { Press("opPenmode_0", 1500, 200); }, "0=0 1500=200 4095=0"},
-        {[this] { Press("opPenmode_0", 1500.4, -300); }, "0=0 1500=-300 4095=0"},
-        {[this] { Press("opPenmode_0", 1502, 2055); }, "0=0 1500=-300 1502=2055 4095=0"},
-        {[this] { Press("opPenmode_1", 1504, 0); }, "0=0 1500=-300 1502=2055 4095=0"},  // two addresses beside it
-        {[this] { Press("opPenmode_1", 1501, 0); }, "0=0 1502=2055 4095=0"},            // the left neighbour
-        {[this] { EnterPoint("1501", "50"); }, "0=0 1501=50 1502=2055 4095=0"},
-        {[this] { Press("opPenmode_1", 1502, 0); }, "0=0 1501=50 4095=0"},  // the address itself before a neighbour
-        {[this] { EnterPoint("1501", "50"); }, "0=0 4095=0"},
-        {[this] { Paste(1500); }, "0=0 1500=100 1501=101 1502=102 1503=103 4095=0"},
-        {[this] { Paste(1502); }, "0=0 1500=100 1501=101 1502=100 1503=101 1504=102 1505=103 4095=0"},
-        {[this] { Choose("mnudelete"); }, "0=0 4095=0"},
-        {[this] { Press("opPenmode_1", 0.4, 0); }, "0=0 4095=0"},
-        {[this] { Press("opPenmode_1", 4095, 0); }, "0=0 4095=0"},
-        {[this] { Press("opPenmode_1", 1, 0); }, "4095=0"},
-        {[this] { Press("opPenmode_1", 4094, 0); }, ""}};
+    const std::pair<std::function<void()>, const char16_t*> steps[] = {
+        {[this] { Press("opPenmode_0", 1500, 200); }, u"0=0 1500=200 4095=0"},
+        {[this] { Press("opPenmode_0", 1500.4, -300); }, u"0=0 1500=-300 4095=0"},
+        {[this] { Press("opPenmode_0", 1502, 2055); }, u"0=0 1500=-300 1502=2055 4095=0"},
+        {[this] { Press("opPenmode_1", 1504, 0); }, u"0=0 1500=-300 1502=2055 4095=0"},  // two addresses beside it
+        {[this] { Press("opPenmode_1", 1501, 0); }, u"0=0 1502=2055 4095=0"},            // the left neighbour
+        {[this] { EnterPoint("1501", "50"); }, u"0=0 1501=50 1502=2055 4095=0"},
+        {[this] { Press("opPenmode_1", 1502, 0); }, u"0=0 1501=50 4095=0"},  // the address itself before a neighbour
+        {[this] { EnterPoint("1501", "50"); }, u"0=0 4095=0"},
+        {[this] { Paste(1500); }, u"0=0 1500=100 1501=101 1502=102 1503=103 4095=0"},
+        {[this] { Paste(1502); }, u"0=0 1500=100 1501=101 1502=100 1503=101 1504=102 1505=103 4095=0"},
+        {[this] { Choose("mnudelete"); }, u"0=0 4095=0"},
+        {[this] { Press("opPenmode_1", 0.4, 0); }, u"0=0 4095=0"},
+        {[this] { Press("opPenmode_1", 4095, 0); }, u"0=0 4095=0"},
+        {[this] { Press("opPenmode_1", 1, 0); }, u"4095=0"},
+        {[this] { Press("opPenmode_1", 4094, 0); }, u""}};
     for (const auto& [step, points] : steps) {
         step();
         EXPECT_EQ(Points(), points);
@@ -100,18 +100,14 @@ TEST_F(PenWork, PointsOfASignalComeMoveAndGo) {
 
 TEST_F(Entry, HoldsEachNumberToItsRangeAndStoresItAtOnce) {
     const std::string tooGreat(400, '9');
-    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {"mnu4ksig", "Text1_0", tooGreat.c_str(), " 4095"},
-        {"mnu4ksig", "Text1_0", "5000", " 4095"},
-        {"mnu4ksig", "Text1_0", "-3", " 0"},
-        {"mnu4ksig", "Text1_0", "1a5.0,0", "1500"},
-        {"mnu4ksig", "Text1_1", "-3000", "-2047"},
-        {"mnu16ksig", "Text1_0", "20000", " 16384"},
-        {"mnu16ksig", "Text1_1", "3000", " 2047"}};
+    const std::tuple<const char*, const char*, const char*, const char16_t*> cases[] = {
+        {"mnu4ksig", "Text1_0", tooGreat.c_str(), u" 4095"}, {"mnu4ksig", "Text1_0", "-3", u" 0"},
+        {"mnu4ksig", "Text1_0", "1a5.0,0", u"1500"},         {"mnu4ksig", "Text1_1", "-3000", u"-2047"},
+        {"mnu16ksig", "Text1_0", "20000", u" 16384"},        {"mnu16ksig", "Text1_1", "3000", u" 2047"}};
     for (const auto& [size, field, typed, text] : cases) {
         Choose(size);
         Enter(field, typed);
-        EXPECT_EQ(Text(field).toStdString(), text);
+        EXPECT_EQ(Text(field), text);
         EXPECT_TRUE(HasFocus(field == std::string("Text1_0") ? "Text1_1" : "Text1_0"));
     }
     ExpectMemory("16383=383 16384=2047");  // beyond the last record: added
@@ -120,7 +116,7 @@ TEST_F(Entry, HoldsEachNumberToItsRangeAndStoresItAtOnce) {
     Type("Text1_0", "5000");
     Click("Text1_1");  // leaves the address as it was typed
     Enter("Text1_1", "5-");
-    EXPECT_EQ(Rows(set, "ARB4 where Adr >= 4095"), "4095=95 5000=5");
+    EXPECT_EQ(Rows(set, "ARB4 where Adr >= 4095"), u"4095=95 5000=5");
     Click("opPenmode_1");
     EXPECT_TRUE(HasFocus("Text1_0"));  // the keyboard goes on with the address
 }

@@ -15,7 +15,7 @@ struct Signal : EditorBench {
 };
 
 TEST_F(Signal, SwitchingTheModeChangesNeitherFile) {
-    const std::string memory = Rows(set, "ARB4");
+    const QString memory = Rows(set, "ARB4");
     Click("opPenmode_1");
     EditSignal("(0, 5), (2000, -900), (4095, 0)");
     ExpectMode(con);
@@ -31,19 +31,21 @@ TEST_F(Signal, SwitchingTheModeChangesNeitherFile) {
     form->FollowSettingFile();
     ExpectMode(set);
     EXPECT_EQ(Rows(set, "ARB4"), memory);
-    EXPECT_EQ(Points(), "0=5 2000=-900 4095=0");
+    EXPECT_EQ(Points(), u"0=5 2000=-900 4095=0");
     EXPECT_TRUE(desktop.boxes.isEmpty());
 }
 
 TEST_F(Signal, AChoiceThatFailsGoesBackToTheMemory) {
     // a new signal, the file chosen, the box behind the question
-    const std::tuple<bool, QString, const char*> cases[] = {
-        {true, {}, ""},
-        {false, {}, ""},
-        {false, Letter(), "Arbitrary Editor|This is not a construction file:\n"},
-        {false, set, "Arbitrary Editor|This is not a construction file:\n"},
-        {false, QStringLiteral("none.con"), "Arbitrary Editor|The file can't be opened:\n"},
-        {true, set, "New construction data|The editor works on this file. Please choose another name:\n"}};
+    const QString wrong = QStringLiteral("Arbitrary Editor|This is not a construction file:\n");
+    const std::tuple<bool, QString, QString> cases[] = {
+        {true, {}, {}},
+        {false, {}, {}},
+        {false, Letter(), wrong},
+        {false, set, wrong},
+        {false, QStringLiteral("none.con"), QStringLiteral("Arbitrary Editor|The file can't be opened:\n")},
+        {true, set,
+         QStringLiteral("New construction data|The editor works on this file. Please choose another name:\n")}};
     for (const auto& [makeNew, chosen, complaint] : cases) {
         desktop.boxes.clear();
         desktop.answer = makeNew;
@@ -52,7 +54,7 @@ TEST_F(Signal, AChoiceThatFailsGoesBackToTheMemory) {
         ExpectMode(set);
         EXPECT_TRUE(program.ConstructionFileName.Name().isEmpty() && !desktop.busy);
         EXPECT_EQ(desktop.boxes.takeFirst(), u"Arbitrary Editor|Do you want to create a new Signal?");
-        EXPECT_EQ(desktop.boxes.join(u' '), QLatin1StringView(complaint) + (*complaint ? chosen : QString()));
+        EXPECT_EQ(desktop.boxes.join(u' '), complaint.isEmpty() ? complaint : complaint + chosen);
     }
     EXPECT_EQ(desktop.dialogs.first(2).join(u'\n'),
               u"save|New construction data|Settings (*.con) |*.con|*.con|con\n"
@@ -71,9 +73,9 @@ TEST_F(Signal, TheMenuNamesAnotherFile) {
     for (int time = 0; time < 2; ++time) {  // and in place of itself
         Choose("mnuncon");
         ExpectMode(other);
-        EXPECT_EQ(Rows(other, "ARB4") + ' ' + Rows(other, "ARB16"), "0=0 4095=0 0=0 16384=0");
+        EXPECT_EQ(Rows(other, "ARB4") + u' ' + Rows(other, "ARB16"), u"0=0 4095=0 0=0 16384=0");
         Detail().Press(1500, 70);
-        EXPECT_EQ(Rows(other, "ARB4"), "0=0 1500=70 4095=0");
+        EXPECT_EQ(Rows(other, "ARB4"), u"0=0 1500=70 4095=0");
     }
     Click("opEditmode_0");
     Choose("mnulcon");
@@ -87,6 +89,7 @@ TEST_F(Signal, GenerationMakesTheMemoryOfTheInterpolationSelected) {
     ExpectMemory("0=0 1=1 2=2 1999=1999 2000=2000 2001=1999 4094=-94 4095=-95");
     EditSignal("(0, 0), (2000, 2000), (4095, -95)");
     Click("Opintmode_1");
+    EXPECT_EQ(program.memories.ArbMemory4[1000], 1000);  // the former line: a spline shows in the picture alone
     Choose("mnulinint");
     auto spline = program.memories.ArbMemory4;
     ComputeSpline(std::vector<Record>{{0, 0, 0}, {0, 2000, 2000}, {0, 4095, -95}}, std::span(spline).first(4096));
@@ -104,7 +107,7 @@ TEST_F(Signal, TheCommandsWorkOnTheCurrentSizeAlone) {
     for (const char* const item : {"mnulinint", "mnulinint"}) {  // from the points, and the memory as its own points
         Choose(item);
         ExpectMemory("8191=512 8192=512 8193=512 16383=1024");
-        EXPECT_EQ(Rows(set, "ARB16 where Adr > 16383"), "");
+        EXPECT_EQ(Rows(set, "ARB16 where Adr > 16383"), u"");
         EXPECT_EQ(program.memories.ArbMemory16[16384], 1024);
     }
     Choose("mnudelete", false);
@@ -114,7 +117,7 @@ TEST_F(Signal, TheCommandsWorkOnTheCurrentSizeAlone) {
     EXPECT_EQ(desktop.boxes.constLast(), u"Arbitrary Editor|Are you sure to set all Values to zero?");
     EditSignal();
     Choose("mnudelete");
-    EXPECT_EQ(Points(), "0=0 16384=0");
+    EXPECT_EQ(Points(), u"0=0 16384=0");
     Choose("mnu4ksig");
     Click("opEditmode_0");
     ExpectMemory("1499=499 1500=500");

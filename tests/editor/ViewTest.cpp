@@ -20,8 +20,9 @@ TEST_F(Views, ARightClickPagesInAStripAndAbandonsALineInTheView) {
 }
 
 TEST_F(Views, AnotherSizeShowsItsOwnTableAndAViewOnItsAxis) {
-    Run(set, "update ARB16 set Value = 1600 where Adr = 1500");
-    for (const auto& [from, to, in4k] : {std::tuple(3500, 4500, View{3095, 4095}), {5000, 6000, View{1000, 2000}}}) {
+    Execute(set, "update ARB16 set Value = 1600 where Adr = 1500");
+    for (const auto& [from, to, in4k] :
+         {std::tuple(3500, 4500, View{3095, 4095}), {5000, 6000, View{1000, 2000}}, {3000, 9000, View{0, 4095}}}) {
         Choose("mnu16ksig");
         ExpectMemory("1500=1600");
         Zoom(from, to);
@@ -40,11 +41,12 @@ TEST_F(Views, AnotherSizeShowsItsOwnTableAndAViewOnItsAxis) {
 TEST_F(Views, TheReadOutsFollowThePointerHeldToTheView) {
     Choose("mnu16ksig");
     Detail().Move(2010, -2058);
-    QStringList shown;
-    for (const char* const label : {"corint_0", "corint_1", "corper_0", "corper_1"}) {
-        shown += Get<QLabel>(label)->text();
+    for (const auto& [label, shown] : {std::pair("corint_0", u"X= 2000"),
+                                       {"corint_1", u"Y= -2047"},
+                                       {"corper_0", u"X= 12.2%"},
+                                       {"corper_1", u"Y= -50.0%"}}) {
+        EXPECT_EQ(Get<QLabel>(label)->text(), shown);
     }
-    EXPECT_EQ(shown.join(u' '), u"X= 2000 Y= -2047 X= 12.2% Y= -50.0%");
 }
 
 using Pictures = EditorBench;
@@ -64,7 +66,7 @@ TEST_F(Pictures, ShowGroundCurveDotsAndStrips) {
         EXPECT_EQ(picture.At(x, y), color) << x;
     }
     Click("Marker");
-    EditSignal("(0, -2000), (1400, 1000), (1700, 1000), (4095, -2000)");
+    EditSignal("(4095, -2000), (1400, 1000), (0, -2000), (1700, 1000)");
     EXPECT_EQ(Detail().At(1700, 1000), red);
     EXPECT_EQ(Detail().At(1900, 1000 - 200 * 3000 / 2395.0), black);  // on to the first point behind the view
     Click("Opintmode_1");
@@ -108,6 +110,10 @@ TEST_F(Pictures, EveryInvertedStrokeComesOffWithoutATrace) {
         EXPECT_TRUE(Overview().Shown() == overview && Detail().Shown() == detail) << pen;
         state.LineActive = false;
     }
+    // A picture that is about to be drawn anew takes no former crosshair off.
+    Detail().Move(1450, 450);
+    QMetaObject::invokeMethod(Get("Picture2"), "RedrawNeeded");
+    EXPECT_TRUE(state.CrossFresh);
 }
 
 }  // namespace

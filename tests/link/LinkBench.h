@@ -1,9 +1,8 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include "link/Link.h"
 #include "support/FakeDesktop.h"
+#include "support/PrintQt.h"
 #include "support/ScriptedLine.h"
 
 // The link with a scripted line, clock and desktop.

@@ -66,12 +66,19 @@ TEST_F(Transport, GivesEachByteThreeSeconds) {
     EXPECT_EQ(state.ReplyText, u"1.5");
 }
 
-TEST_F(Transport, ReportsAStalledLineOnceAndGoesOnInSilence) {
+TEST_F(Transport, ServesTheUserWhileTheLineIsBusyAndReportsOnceThatItHasStalled) {
     ConnectSilently();
+    line.busyFlushes = 7;
+    int served = 0;
+    clock.onWait = [&] { ++served; };
+    link.commands.SendOutput();
+    EXPECT_EQ(served, 7 + 1);  // and the pacing
+    EXPECT_EQ(line.wire, "OT0\r");
     line.takesOutput = false;
+    desktop.busy = true;
     link.commands.SendAllToUnit();
     EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data send error ( sin )")));
-    EXPECT_EQ(state.LinkUp, 0);
+    EXPECT_FALSE(state.LinkUp == 1 || desktop.busy);
 }
 
 TEST_F(Transport, AReplyIsDueFromWhenTheLineHasCarriedTheQuery) {
@@ -122,15 +129,37 @@ TEST_F(Connecting, ThePortClosesWhenTheLineHasCarriedTheLastWord) {
     EXPECT_EQ(state.LinkUp, 0);
 }
 
-TEST_F(Connecting, APortThatGoesAwayInTheSearchIsTold) {
-    line.ports = {2};
+TEST_F(Connecting, TheSearchBeginsEachPortAtTheUsualRateAndForgetsWhatItFoundBefore) {
+    line.ports = {4};
+    program.preferences.ComBaudRate = 4800;
+    line.reply = [](const QString&, const QString&) { return QByteArray("KL5276\r"); };
+    link.connection.AutoSearchUnit();
+    EXPECT_EQ(line.openings.join(u' '), u"4: 19200,N,8,2");
+    EXPECT_EQ(desktop.boxes.constLast(), u"Autosearch|Unit found at port:  4   Baud:  19200");
+    line.reply = [](const QString&, const QString&) { return QByteArray("DMM\r"); };
+    link.connection.ConnectUnit();
+    EXPECT_EQ(desktop.boxes.constLast(), u"Serial - Error|Unit not found");
+    EXPECT_EQ(line.openings.size(), 2 + 5);
     line.reply = [this](const QString&, const QString&) {
-        line.ports.clear();
+        line.ports.clear();  // it goes away in the middle
         return QByteArray("noise\r");
     };
     link.connection.ConnectUnit();
-    EXPECT_EQ(desktop.boxes, QStringList(kReadError.arg(u"ID?")));
+    EXPECT_EQ(desktop.boxes.constLast(), kReadError.arg(u"ID?"));
     EXPECT_EQ(state.LinkUp, 0);
+}
+
+TEST_F(Connecting, ASilentUnitGivesTwoBoxesAndALoneCrCountsAsFoundButNotAsAVersion) {
+    link.connection.ConnectUnit();
+    EXPECT_EQ(desktop.boxes, QStringList({kReadError.arg(u"ID?"), kReadError.arg(u"ID?")}));
+    EXPECT_EQ(program.preferences.ComBaudRate, 19200);
+    line.replies[QStringLiteral("ID?")] = "\r";
+    link.connection.ConnectUnit();
+    EXPECT_EQ(desktop.boxes.constLast(), kReadError.arg(u"VER?"));
+    EXPECT_FALSE(front.remoteChecked || state.LinkUp == 1);
+    line.replies[QStringLiteral("VER?")] = "\r";
+    link.connection.ConnectUnit();
+    EXPECT_EQ(state.LinkUp, 1);
 }
 
 }  // namespace

@@ -29,9 +29,10 @@ TEST_F(ConnectionPanel, ASecondOperationIsRefusedDuringPacing) {
             Click(control);
         }
         Get<QAction>("mnulset")->trigger();
+        QTest::keyClick(Get("Opoutput_1"), Qt::Key_Up);
         EXPECT_TRUE(Checked("cRM") && Checked("Opoutput_1") && HasFocus("Command4"));
         EXPECT_TRUE(panel.tmOut == kFalse && desktop.dialogs.isEmpty());
-        EXPECT_EQ(desktop.beeps, 6);
+        EXPECT_EQ(desktop.beeps, 7);
         EXPECT_EQ(line.wire, before);
     };
     Key(Qt::Key_Space);
@@ -49,10 +50,15 @@ TEST_F(ConnectionPanel, ClosingDuringAnOperationWaitsForItsEnd) {
             EXPECT_TRUE(desktop.boxes.isEmpty());
         }
     };
+    bool seen = true;
+    line.reply = [&, answer = line.reply](const QString& command, const QString& settings) {
+        seen = command == u"RM0" ? form->isVisible() : seen;
+        return answer(command, settings);
+    };
     Click("Command4");
     EXPECT_TRUE(form->isVisible());
     QCoreApplication::processEvents();
-    EXPECT_FALSE(form->isVisible());
+    EXPECT_FALSE(seen || form->isVisible());  // the last word has left from a program that is out of sight
     EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Exit Program|Save default settings?")));
     EXPECT_TRUE(line.wire.endsWith("frq?\rRM0\r"));
     EXPECT_FALSE(line.PortOpen());
@@ -88,7 +94,7 @@ TEST_F(ComsetDialog, EnterPressesTheButtonThatHasTheFocus) {
     Get("cbabbruch")->setFocus();
     QTest::keyClick(Get("cbabbruch"), Qt::Key_Return);
     EXPECT_FALSE(Get("comset")->isVisible());
-    EXPECT_TRUE(line.wire.isEmpty());
+    EXPECT_TRUE(line.wire.isEmpty() && program.preferences.ComPortNumber == 2);
     clock.onWait = [this] { ShowDialog(); };
     Click("Opoutput_0");
     EXPECT_TRUE(Checked("port_2"));  // the abandoned choice is gone
@@ -105,15 +111,10 @@ TEST_F(ComsetDialog, ClosingTheWindowEndsAnAutosearchAndSendsNothingMore) {
     EXPECT_TRUE(!form->isVisible() && line.wire.isEmpty());  // there is nothing to give back
 }
 
-TEST_F(ComsetDialog, AnUnknownRateIsKeptAndExitChangesNothing) {
+TEST_F(ComsetDialog, AnUnknownRateIsKept) {
     program.preferences.ComBaudRate = 1200;
     ShowDialog();
     EXPECT_FALSE(Checked("baud_1") || Checked("baud_3"));
-    Click("port_1");
-    Click("cbabbruch");
-    EXPECT_EQ(program.preferences.ComPortNumber, 2);
-    EXPECT_TRUE(line.openings.isEmpty());
-    ShowDialog();
     Click("cbok");
     EXPECT_EQ(line.openings.constFirst(), u"2: 1200,N,8,2");
 }

@@ -10,17 +10,19 @@ struct Modulation : OpenPanel {
 };
 
 TEST_F(Modulation, EachKindStoresItselfAndOpensItsFields) {
-    // option, shift keying, amplitude modulation, what it opens
-    const std::tuple<const char*, int, int, const char*> cases[] = {
-        {"opmod_0", 0, 2, "Text5"}, {"opmod_1", 2, 0, "Text7"}, {"opmod_2", 1, 0, "Text9"}, {"opmod_3", 0, 0, ""},
-        {"opmod_2", 1, 0, "Text9"}, {"opmod_1", 2, 0, "Text7"}};  // the phases are closed by their frame
-    for (const auto& [option, bmFMod, bmAmpMod, opened] : cases) {
+    // option, shift keying, amplitude modulation, what it opens, whether the phases are open within their frame
+    const std::tuple<const char*, int, int, const char*, bool> cases[] = {
+        {"opmod_0", 0, 2, "Text5", false}, {"opmod_1", 2, 0, "Text7", false}, {"opmod_2", 1, 0, "Text9", true},
+        {"opmod_3", 0, 0, "", false},      {"opmod_2", 1, 0, "Text9", true},  {"opmod_1", 2, 0, "Text7", true}};
+    for (const auto& [option, bmFMod, bmAmpMod, opened, open] : cases) {
         Click(option);
         EXPECT_EQ(panel.bmFMod, bmFMod);
         EXPECT_EQ(panel.bmAmpMod, bmAmpMod);
         for (const char* const field : {"Text5", "Text7", "Text9"}) {
             EXPECT_EQ(Get(field)->isEnabled(), std::string(field) == opened) << field << ' ' << option;
         }
+        // The keying of the frequency leaves the phases to their frame.
+        EXPECT_EQ(Get("Text9")->isEnabledTo(Get("Frame4")), open) << option;
     }
 }
 
@@ -45,6 +47,8 @@ TEST_F(Modulation, FieldsHoldTheirValues) {
     EXPECT_EQ(Text("Text5"), u" 100");
     EXPECT_TRUE(panel.bmAmDepth == 100 && desktop.beeps == 0);
     Click("opmod_2");
+    Enter("Text9", "359.9");
+    EXPECT_TRUE(Hint().isEmpty());
     Enter("Text9", "359.95");
     EXPECT_DOUBLE_EQ(panel.mPhaseb, 359.9);
     EXPECT_EQ(Hint(), QStringLiteral("Phaseange: 0° to 359.9°"));

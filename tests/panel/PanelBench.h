@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QCheckBox>
 #include <QTemporaryDir>
 
@@ -9,6 +7,7 @@
 #include "support/FakeDde.h"
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
+#include "support/PrintQt.h"
 #include "support/ScriptedLine.h"
 
 // The form Main, shown and active, on a scripted line, clock and desktop, in a folder of its own.

@@ -57,8 +57,8 @@ TEST_F(SettingFiles, WhatIsSavedComesBackOntoThePanel) {
     EXPECT_EQ(panel.tmIntRef, kFalse);  // no part of a file
     EXPECT_EQ(program.memories.ArbMemory4[4095], -2047);
     EXPECT_EQ(line.wire, "OT0\r");  // a load that changes the output switches it at once
-    EXPECT_EQ(desktop.dialogs.join(u'\n').toStdString(),
-              "save|Select Settings|Settings (*.set) |*.set||SET\n"
+    EXPECT_EQ(desktop.dialogs.join(u'\n'),
+              u"save|Select Settings|Settings (*.set) |*.set||SET\n"
               "open|Select Settings|Settings (*.set) |*.set|*.set|SET");
     Choose("mnusset", QString());
     EXPECT_EQ(desktop.dialogs.constLast().section(u'|', 4, 4), folder.filePath(QStringLiteral("a.set")));
@@ -102,7 +102,8 @@ TEST_F(SettingFiles, NothingTakesThePlaceOfTheFileThatTheEditorWorksOn) {
     ASSERT_TRUE(QFile::remove(folder.filePath(QStringLiteral("a.set"))));
     Choose("mnusset", QStringLiteral("b.set"));
     EXPECT_TRUE(desktop.boxes.isEmpty());
-    EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("b.set"))));
+    Choose("mnulset", QStringLiteral("b.set"));  // the editor goes over to it
+    EXPECT_EQ(EditorWindow()->windowTitle(), u"Arbitrary Editor    " + folder.filePath(QStringLiteral("b.set")));
     Choose("mnueditor", QString(250, u'x'));
     Choose("mnusset", QString(250, u'x'));  // a name that was cut is as good as any
     EXPECT_EQ(desktop.boxes.size(), 1);

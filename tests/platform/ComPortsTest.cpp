@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -7,6 +6,8 @@
 #include <QTemporaryDir>
 
 #include "platform/ComPorts.h"
+#include "platform/ProgramFolder.h"
+#include "support/PrintQt.h"
 
 namespace {
 
@@ -35,6 +36,32 @@ TEST(ComPorts, WhoHasNoPermissionIsToldTheGroupThatHasIt) {
         EXPECT_EQ(DescribeComPort(1, folder.path(), false), device + trouble);
         ASSERT_TRUE(!isRoot || ::seteuid(0) == 0);
     }
+}
+
+SystemPort Port(const char* name, bool usb) {
+    return {QString::fromLatin1(name), QStringLiteral("/dev/") + QLatin1StringView(name), usb};
+}
+
+TEST(ComPorts, AdaptersComeFirstAndEachKindByItsNumbers) {
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/other"), folder.filePath(QStringLiteral("com4"))));
+    const QList<SystemPort> here{Port("ttyS0", false), Port("ttyUSB10", true), Port("ttyUSB2", true)};
+    const QList<SystemPort> elsewhere = here + QList<SystemPort>{Port("COM7", true)};
+    const std::tuple<int, QList<SystemPort>, const char16_t*> cases[]{
+        {0, here, u""},           {1, here, u"/dev/ttyUSB2"}, {2, here, u"/dev/ttyUSB10"},
+        {3, here, u"/dev/ttyS0"}, {4, here, u"/dev/other"},   {5, here, u""},
+        {2, elsewhere, u"COM2"}};
+    for (const auto& [number, ports, device] : cases) {
+        EXPECT_EQ(FindComPort(number, folder.path(), [&ports = ports] { return ports; }), device) << number;
+    }
+}
+
+TEST(ProgramFolders, AreTheUsersOwnWhereTheProgramsOwnIsClosed) {
+    const QTemporaryDir data;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(data.path()));
+    EXPECT_EQ(ProgramFolder(data.path()), data.path());
+    const QString own = ProgramFolder(QStringLiteral("/proc/none"));  // nobody can write there
+    EXPECT_TRUE(own.startsWith(data.path()) && QFileInfo(own).isDir());
 }
 
 }  // namespace

@@ -16,11 +16,7 @@ TEST(CsvTrace, FindsTheTwoRecordingsOfAFile) {
         {"Time,CH1,CH2\ns,V,V\n0,1,-5\n1,2,-4e-1\n2,.5,+3\n", {}, {1, 2, .5}, {-5, -.4, 3}},
         {"0;1,5;-2,5\r\n1;1,25;3\r\n2;1;0,5\r\n", {}, {1.5, 1.25, 1}, {-2.5, 3, .5}},
         {"time, in ms;volts, at 1:10;x\n0,1;4,5;0\n0,2;3,5;0", {}, {4.5, 3.5}, {0, 0}},
-        {"\xEF\xBB\xBF"
-         "5;6\n\n3;2\n  \n4;1\n",
-         {},
-         {5, 3, 4},
-         {6, 2, 1}},
+        {"\357\273\2775;6\n\n3;2\n  \n4;1\n", {}, {5, 3, 4}, {6, 2, 1}},
         {"\"CH1, V\",\"CH2, V\"\n\"0,5\",\"1\"\n \"0,25\" , 2 \n", {}, {.5, .25}, {1, 2}},
         {"1,5\n2,4\n3,3\n", {2, 1}, {5, 4, 3}, {1, 2, 3}},
         // Numbers of a header, beside and above the recording, and its increment behind it.

@@ -38,7 +38,7 @@ TEST(Kl5276, AnswersWithTheValuesItHoldsWithinTheirBounds) {
                                                          {"amp:0.205 ofs:-4 OFS?", "-4.0000"},
                                                          {"vrms amp:0.07 ofs:0.05 OFS?", "5.0000"},
                                                          {"vrms amp:0.071 ofs:0.05 OFS?", "0.5000"},
-                                                         {"amp:0.07 ofs:0.3000 vrms amp:0.5 OFS?", "3.0000"}};
+                                                         {"amp:0.07 ofs:0.3 vrms amp:0.5 OFS?", "3.0000"}};
     for (const auto& [texts, reply] : table) {
         Kl5276 unit;
         const std::size_t query = texts.rfind(' ') + 1;
@@ -50,23 +50,25 @@ TEST(Kl5276, AnswersWithTheValuesItHoldsWithinTheirBounds) {
 
 TEST(Kl5276, StatusLineTellsEverySwitch) {
     const std::string start = "SIN CTM SW0 RFI AM0 SK0 VPP OT0";
-    // commands, the token that stands at the start, and the one that takes its place
-    const std::tuple<const char*, const char*, const char*> table[] = {
-        {"", "SIN", "SIN"},          {"sqr", "SIN", "SQR"},       {"tri", "SIN", "TRI"},
-        {"rmp", "SIN", "RMP"},       {"rmn", "SIN", "RMN"},       {"arb4", "SIN", "AR4"},
-        {"arb16", "SIN", "A16"},     {"noise", "SIN", "WNS"},     {"pink", "SIN", "PNK"},
-        {"pink sin", "SIN", "SIN"},  {"gtm+", "CTM", "GT+"},      {"gtm-", "CTM", "GT-"},
-        {"trm+", "CTM", "TR+"},      {"trm-", "CTM", "TR-"},      {"trm- ctm", "CTM", "CTM"},
-        {"lin sw1", "SW0", "SL1"},   {"log sw1", "SW0", "SL2"},   {"log sw1 SW0", "SW0", "SW0"},
-        {"rfx", "RFI", "RFX"},       {"amx", "AM0", "AMX"},       {"ami", "AM0", "AMI"},
-        {"ami am0", "AM0", "AM0"},   {"psk1 fsk0", "SK0", "PS1"}, {"fsk1 psk0", "SK0", "FS1"},
-        {"fsk1 fsk0", "SK0", "SK0"}, {"vrms", "VPP", "RMS"},      {"OT1", "OT0", "OT1"},
-        {"OT1 OT0", "OT0", "OT0"}};
-    for (const auto& [commands, from, to] : table) {
+    // the token that stands at the start, and one by one what each command brings in its place
+    const std::pair<const char*, std::string> table[] = {
+        {"SIN", "sqr=SQR tri=TRI rmp=RMP rmn=RMN arb4=AR4 arb16=A16 noise=WNS pink=PNK sin=SIN"},
+        {"CTM", "gtm+=GT+ gtm-=GT- trm+=TR+ trm-=TR- ctm=CTM"},
+        {"SW0", "sw1=SL1 SW0=SW0 log=SW0 sw1=SL2 SW0=SW0"},
+        {"RFI", "rfx=RFX rfi=RFI"},
+        {"AM0", "amx=AMX ami=AMI am0=AM0"},
+        {"SK0", "psk1=PS1 psk0=SK0 fsk1=FS1 fsk0=SK0"},
+        {"VPP", "vrms=RMS vpp=VPP"},
+        {"OT0", "OT1=OT1 OT0=OT0"}};
+    for (const auto& [from, steps] : table) {
         Kl5276 unit;
-        TakeAll(unit, commands);
-        std::string expected = start;
-        EXPECT_EQ(unit.Take("sta?"), expected.replace(expected.find(from), 3, to));
+        std::istringstream words(steps);
+        for (std::string step; words >> step;) {
+            const std::size_t mark = step.rfind('=');
+            TakeAll(unit, step.substr(0, mark));
+            std::string expected = start;
+            EXPECT_EQ(unit.Take("sta?"), expected.replace(expected.find(from), 3, step.substr(mark + 1))) << step;
+        }
     }
 }
 

@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -11,6 +10,7 @@
 #include "platform/SocketDdeLink.h"
 #include "simulator/TraceShapes.h"
 #include "simulator/TraceSource.h"
+#include "support/PrintQt.h"
 
 namespace {
 
@@ -69,16 +69,16 @@ TEST_F(TraceSources, ServesBothChannelsAgainAndAgain) {
 
 TEST_F(TraceSources, FaultsEndTheConversationAtOnceOrAtTheTimeLimit) {
     // the faults, the step that fails by them, whether by its time limit; else the head of the reply
-    const std::tuple<sim::TraceFaults, std::string, bool, std::string> cases[] = {
-        {{.hangUpOn = {"execute"}}, "execute", false, ""},
-        {{.nonsenseOn = {"initiate"}}, "initiate", false, ""},
-        {{.endlessReply = true}, "request", false, ""},
-        {{.silentOn = {"initiate"}}, "initiate", true, ""},
-        {{.byteDelay = std::chrono::milliseconds(5)}, "request", true, ""},
-        {{.delay = std::chrono::milliseconds(100)}, {}, false, "0,0,0,0,0,1,"},
-        {{.emptyReply = true}, {}, false, ""},
-        {{.shortReply = 3, .noNumber = true}, {}, false, "0,overload,0"},
-        {{.shortReply = 3, .beyond16Bits = true}, {}, false, "0,40000,0"}};
+    const std::tuple<sim::TraceFaults, std::string, bool, QString> cases[] = {
+        {{.hangUpOn = {"execute"}}, "execute", false, {}},
+        {{.nonsenseOn = {"initiate"}}, "initiate", false, {}},
+        {{.endlessReply = true}, "request", false, {}},
+        {{.silentOn = {"initiate"}}, "initiate", true, {}},
+        {{.byteDelay = std::chrono::milliseconds(5)}, "request", true, {}},
+        {{.delay = std::chrono::milliseconds(100)}, {}, false, QStringLiteral("0,0,0,0,0,1,")},
+        {{.emptyReply = true}, {}, false, {}},
+        {{.shortReply = 3, .noNumber = true}, {}, false, QStringLiteral("0,overload,0")},
+        {{.shortReply = 3, .beyond16Bits = true}, {}, false, QStringLiteral("0,40000,0")}};
     for (const auto& [faults, failing, late, text] : cases) {
         sim::TraceSource source(Options(faults));
         std::string error;
@@ -87,7 +87,7 @@ TEST_F(TraceSources, FaultsEndTheConversationAtOnceOrAtTheTimeLimit) {
         EXPECT_EQ(FailingStep("getbincha", "qd204e|dde", late ? failing : ""), failing);
         EXPECT_LT(elapsed.elapsed(), kAtOnceMs) << failing;
         EXPECT_TRUE(!late || elapsed.elapsed() >= kHastyTenths * 100 - 20) << failing;
-        EXPECT_EQ(link.Text().left(12).toStdString(), failing.empty() ? text : before.left(12).toStdString());
+        EXPECT_EQ(link.Text().left(12), failing.empty() ? text : before.left(12));
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -89,7 +90,7 @@ class Crashes : public StorageBench {
     bool HoldsNew(std::size_t moment) const {
         Content loaded(3);
         EXPECT_EQ(loaded.Load(name_), LoadOutcome::Loaded) << moment;
-        EXPECT_EQ(Ask("PRAGMA integrity_check"), "ok") << moment;
+        EXPECT_EQ(Ask("PRAGMA integrity_check"), u"ok") << moment;
         const bool isNew = loaded == new_.Over(Content(3));
         EXPECT_TRUE(isNew || loaded == old_.Over(Content(3))) << moment;
         return isNew;
@@ -193,6 +194,15 @@ TEST_F(Crashes, AFullDiskLeavesTheOldFile) {
         EXPECT_FALSE(HoldsNew(bytes));
         EXPECT_EQ(Files(), 1);
     }
+}
+
+// Whoever runs this may be allowed to write everywhere; a child of it is not.
+TEST_F(Crashes, AProtectedFileStays) {
+    QFile(name_).resize(0);
+    ASSERT_EQ(::chmod(name_.toUtf8().constData(), 0444) | ::chmod(folder_.path().toUtf8().constData(), 0777), 0);
+    EXPECT_EQ(InChild([&] { ::_exit(::setuid(::geteuid() == 0 ? 65534 : ::geteuid()) != 0 || new_.Save(name_)); }), 0);
+    EXPECT_EQ(QFileInfo(name_).size(), 0);
+    EXPECT_EQ(Files(), 1);
 }
 
 // The journal that a killed editor leaves belongs to the file that it edited, and to no other that takes its place.

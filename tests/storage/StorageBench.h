@@ -1,13 +1,12 @@
 #pragma once
 
-#include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
-
 #include <QDir>
 #include <QTemporaryDir>
 #include <tuple>
 
 #include "storage/SettingFile.h"
+#include "support/DatabaseHands.h"
+#include "support/PrintQt.h"
 
 // What a setting file holds, with values of its own for each seed.
 struct Content {
@@ -62,17 +61,12 @@ class StorageBench : public ::testing::Test {
         QFile file(name_);
         ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(at) && file.write(bytes) == bytes.size());
     }
-    void Run(const char* statements) const {
-        SQLite::Database(name_.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(statements);
-    }
+    void Run(const char* statements) const { ::Execute(name_, statements); }
+    QString Ask(const char* query) const { return ::Ask(name_, query); }
     // What a load leaves of kBefore.
     void ExpectLoad(LoadOutcome outcome, const Content& content) const {
         Content loaded = kBefore;
         EXPECT_EQ(loaded.Load(name_), outcome);
         EXPECT_TRUE(loaded == content);
-    }
-    // The one text that a query gives.
-    std::string Ask(const char* query) const {
-        return SQLite::Database(name_.toStdString()).execAndGet(query).getString();
     }
 };

@@ -9,7 +9,7 @@
 // A desktop that answers its boxes by itself and remembers them.
 class FakeDesktop : public Desktop {
   public:
-    QStringList boxes;  // "title|text" of each message box and question, in order
+    QStringList boxes;  // "title|text" of each message box and question, in order; "busy" ahead under the hourglass
     QList<QUrl> viewed;
     int beeps = 0;
     bool busy = false;
@@ -19,7 +19,7 @@ class FakeDesktop : public Desktop {
     QStringList dialogs;               // "open|title|filter|fileName|extension" of each file dialog
 
     void MessageBox(const QString& text, const QString& title) override {
-        boxes += title + u'|' + text;
+        boxes += (busy ? QStringLiteral("busy ") : QString()) + title + u'|' + text;
         if (whileShown) {
             whileShown();
         }

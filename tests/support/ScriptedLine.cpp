@@ -53,6 +53,10 @@ Com::OutputState ScriptedLine::FlushOutput() {
         clock_.nowMs += 3000;
         return OutputState::Stalled;
     }
+    if (busyFlushes > 0) {
+        --busyFlushes;
+        return OutputState::Waiting;
+    }
     wire += waiting_;
     if (waiting_.endsWith('\r')) {
         const QString line = QString::fromLatin1(wire.sliced(wire.lastIndexOf('\r', -2) + 1)).chopped(1);

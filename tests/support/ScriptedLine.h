@@ -29,6 +29,7 @@ class ScriptedLine : public Com {
     qint64 byteDelayMs = 0;
     QSet<int> ports{1, 2, 3, 4};  // that can be opened
     bool takesOutput = true;
+    int busyFlushes = 0;  // that take nothing yet
     bool lost = false;
     qint64 lineFreeMs = 0;  // when the line has carried what it took, by the scripted clock
 

@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <map>
-
 #include "waveform/LinearMemory.h"
 #include "waveform/Spline.h"
-#include "waveform/TraceReply.h"
 #include "waveform/ViewRules.h"
 
 namespace {
@@ -27,13 +24,6 @@ TEST(ViewRules, PageByHalfTheViewFromAQuarterOfTheStrip) {
     EXPECT_EQ(PageView({200, 1200}, 180.0F, 4095), (View{0, 1000}));
     EXPECT_EQ(PageView({3095, 4095}, 4110.0F, 4095), std::nullopt);
     EXPECT_EQ(PageView({0, 1000}, -20.0F, 4095), std::nullopt);
-}
-
-TEST(ViewRules, FitTheViewToASmallerAxis) {
-    EXPECT_EQ(FitView({4095, 4200}, 4095), (View{1000, 2000}));
-    EXPECT_EQ(FitView({4000, 5000}, 4095), (View{3095, 4095}));
-    EXPECT_EQ(FitView({3000, 9000}, 4095), (View{0, 4095}));
-    EXPECT_EQ(FitView({5000, 16384}, 16384), (View{5000, 16384}));
 }
 
 using Pairs = std::vector<std::pair<int, int>>;  // address, value
@@ -80,53 +70,6 @@ TEST(Interpolation, MeetsTheSamplesWorkedByHand) {
         ExpectSamples(ComputeSpline, points, LastAdr, spline);
         ExpectSamples(GenerateLinearMemory, points, LastAdr, lines);
     }
-}
-
-constexpr qint16 kUntouched = 77;
-
-QString Repeat(const char* number, int times) { return QString(QString::fromLatin1(number) + u',').repeated(times); }
-
-// Expects these samples of the copy buffer, and that nothing but the samples 1 to 2048 was written.
-void ExpectTrace(const QString& text, const std::map<std::size_t, int>& samples) {
-    std::array<qint16, kAddresses16k> buffer{};
-    buffer.fill(kUntouched);
-    ASSERT_TRUE(ReadTrace(text, buffer)) << text.left(60).toStdString();
-    for (const auto& [index, sample] : samples) {
-        EXPECT_EQ(buffer.at(index), sample) << text.left(60).toStdString() << "... at " << index;
-    }
-    EXPECT_TRUE(buffer[0] == kUntouched && buffer[2049] == kUntouched);
-}
-
-TEST(TraceReply, BecomesTheSamples) {
-    ExpectTrace(QStringLiteral("0,255,") + Repeat("128", 2045) + u"255", {{1, -1500}, {2, 1500}, {3, 6}, {2048, 1500}});
-    ExpectTrace(QStringLiteral("0,10,2.5,3.5, 7 ,+8,abc,1e1"),
-                {{3, -900}, {4, -300}, {5, 600}, {6, 900}, {7, -1500}, {8, 1500}, {9, 1500}, {2048, 1500}});
-    ExpectTrace(QStringLiteral("-32000,767"), {{1, -1500}, {2, 1500}});
-    // All above 255: the scale still begins at 255.
-    ExpectTrace(QStringLiteral("1005,1755"), {{1, 0}, {2, 1500}});
-    ExpectTrace(QStringLiteral("256"), {{1, 1500}, {2048, 1500}});
-    // A trace without positive numbers stays as it is.
-    ExpectTrace(Repeat("0", 2047) + u"0", {{1, 0}, {2048, 0}});
-    ExpectTrace(QString(), {{1, 0}, {2048, 0}});
-    ExpectTrace(QStringLiteral("no trace"), {{1, 0}, {2048, 0}});
-    ExpectTrace(QStringLiteral("-5,-32768,-0.4"), {{1, -5}, {2, -32768}, {3, 0}, {2048, 0}});
-    ExpectTrace(QStringLiteral("1e-999"), {{1, 0}});
-    // The number before a zero ends it.
-    const QString head = QStringLiteral("10,") + Repeat("20", 2046);
-    ExpectTrace(head + u"0", {{1, -1500}, {2047, 1500}, {2048, 1500}});
-    ExpectTrace(head, {{1, -1500}, {2047, 1500}, {2048, 1500}});
-    ExpectTrace(head + u"0.4", {{1, 0}, {2047, 1500}, {2048, -1500}});
-    ExpectTrace(head + u"30,40", {{1, -1500}, {2047, 0}, {2048, 1500}});
-}
-
-TEST(TraceReply, FailsWhereANumberOrTheScaleDoesNotFit) {
-    std::array<qint16, kAddresses16k> buffer{};
-    for (const char* const text :
-         {"1,32768", "1,32767.5", "-32768.6", "1,1e999", "1,-1e999", "1", "255", "-32000,768"}) {
-        EXPECT_FALSE(ReadTrace(QString::fromLatin1(text), buffer)) << text;
-    }
-    EXPECT_FALSE(ReadTrace(Repeat("1", 2047) + u"40000", buffer));
-    EXPECT_TRUE(ReadTrace(QStringLiteral("0,32767.4"), buffer));
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "simulator/SimulatedInstrument.h"
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
+#include "support/PrintQt.h"
 
 // The clock of the program, but a wait for an instrument that is known to be silent passes at once.
 class HastyClock : public EventClock {

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -11,6 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "support/PrintQt.h"
 #include "widgets/QtDesktop.h"
 
 namespace {
@@ -19,7 +18,7 @@ constexpr int kLookMs = 5;
 constexpr int kPatienceLooks = 2000;
 
 // Answers one dialog or box after the other by keys: a name and Enter, or Escape for an empty one, in the file dialog;
-// y, n or Enter in a box. Remembers what the boxes said.
+// y, n or Enter in a box; "=" stands for the name that the dialog brings. Remembers what the boxes said.
 class Hand : public QObject {
   public:
     Hand(const QStringList& answers, bool desktopsOwn) : answers_(answers), desktopsOwn_(desktopsOwn) { LookSoon(); }
@@ -56,10 +55,12 @@ class Hand : public QObject {
             field->setObjectName(QString());
         }
         field->setFocus();
-        field->selectAll();
-        QTest::keyClicks(field, name);
+        if (name != u"=") {
+            field->selectAll();
+            QTest::keyClicks(field, name);
+        }
         const auto buttons = dialog->findChild<QDialogButtonBox*>()->buttons();
-        EXPECT_TRUE(name.isEmpty() || buttons.constFirst()->isEnabled()) << name.toStdString();
+        EXPECT_TRUE(name.isEmpty() || buttons.constFirst()->isEnabled()) << name;
         QTest::keyClick(field, name.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
     }
 
@@ -82,7 +83,7 @@ class FileDialogs : public testing::Test {
     QString Path(const char* name) const { return folder_.filePath(QString::fromLatin1(name)); }
 
     // The name within the folder that the dialog gives, and behind it what the boxes said.
-    std::string Given(QString (Desktop::*show)(const FileRequest&), const char* answers, bool desktopsOwn = false) {
+    QString Given(QString (Desktop::*show)(const FileRequest&), const char* answers, bool desktopsOwn = false) {
         Hand hand(QString::fromLatin1(answers).split(u'|'), desktopsOwn);
         QtDesktop desktop;
         const QString given = (desktop.*show)({.title = QStringLiteral("Select Settings"),
@@ -92,7 +93,7 @@ class FileDialogs : public testing::Test {
                                                .longest = folder_.path().size() + 14});
         EXPECT_TRUE(hand.Done()) << answers;
         const QString name = given.isEmpty() ? given : QDir(folder_.path()).relativeFilePath(given);
-        return name.toStdString() + '|' + hand.said.join(u'|').replace(u'\n', u' ').toStdString();
+        return (QStringList(name) + hand.said).join(u'|').replace(u'\n', u' ');
     }
 
     QTemporaryDir folder_;
@@ -101,44 +102,34 @@ class FileDialogs : public testing::Test {
     QTemporaryDir settings_;
 };
 
-TEST_F(FileDialogs, ASavedNameHasTheExtensionAndIsAskedForOnceAsItWillBe) {
-    // what is typed and answered, what comes of it
-    const std::pair<const char*, const char*> cases[] = {
-        {"take 1.2", "take 1.2.set|"},
-        {"plain", "plain.set|"},
-        {"Take 2.Set", "Take 2.Set|"},
-        {"sub|in 2", "sub/in 2.set|"},
-        {"old 1.2|!y", "old 1.2.set|old 1.2.set already exists. Do you want to replace it?"},
-        {"TAKE.SET|!y", "TAKE.SET|TAKE.SET already exists. Do you want to replace it?"},
-        {"old 1.2|!n|bare|!n|new",
-         "new.set|old 1.2.set already exists. Do you want to replace it?|"
-         "bare.set already exists. Do you want to replace it?"},
-        {"old 1.2.settings", "old 1.2.setti|"},
-        {"old 1.2|!n|", "|old 1.2.set already exists. Do you want to replace it?"}};
-    for (const auto& [answers, given] : cases) {
-        EXPECT_EQ(Given(&Desktop::SaveFile, answers), given) << answers;
+TEST_F(FileDialogs, GiveTheFileThatIsMeantAndAskAboutItsWholeName) {
+    const QString replaceOld = QStringLiteral("|old 1.2.set already exists. Do you want to replace it?");
+    // which dialog, what is typed and answered, what comes of it
+    const std::tuple<QString (Desktop::*)(const FileRequest&), const char*, QString> cases[] = {
+        {&Desktop::SaveFile, "=", QStringLiteral("last.set")},
+        {&Desktop::SaveFile, "take 1.2", QStringLiteral("take 1.2.set")},
+        {&Desktop::SaveFile, "plain", QStringLiteral("plain.set")},
+        {&Desktop::SaveFile, "Take 2.Set", QStringLiteral("Take 2.Set")},
+        {&Desktop::SaveFile, "sub|in 2", QStringLiteral("sub/in 2.set")},
+        {&Desktop::SaveFile, "old 1.2|!y", u"old 1.2.set" + replaceOld},
+        {&Desktop::SaveFile, "TAKE.SET|!y",
+         QStringLiteral("TAKE.SET|TAKE.SET already exists. Do you want to replace it?")},
+        {&Desktop::SaveFile, "old 1.2|!n|bare|!n|new",
+         u"new.set" + replaceOld + u"|bare.set already exists. Do you want to replace it?"},
+        {&Desktop::SaveFile, "old 1.2.settings", QStringLiteral("old 1.2.setti")},
+        {&Desktop::SaveFile, "old 1.2|!n|", replaceOld},
+        {&Desktop::OpenFile, "bare", QStringLiteral("bare")},
+        {&Desktop::OpenFile, "bare.set", QStringLiteral("bare.set")},
+        {&Desktop::OpenFile, "old 1.2", QStringLiteral("old 1.2.set")},
+        {&Desktop::OpenFile, "sub|inner", QStringLiteral("sub/inner.set")},
+        {&Desktop::OpenFile, "none 1.2|!|", QStringLiteral("|none 1.2 File not found.")}};
+    for (const auto& [show, answers, given] : cases) {
+        EXPECT_EQ(Given(show, answers), given) << answers;
     }
-}
-
-// In a dialog of the desktop there is no field in which the name could be completed.
-TEST_F(FileDialogs, ADialogOfTheDesktopIsFollowedByTheQuestionAboutTheWholeName) {
-    EXPECT_EQ(Given(&Desktop::SaveFile, "old 1.2|!n|old 1.2|!y", true),
-              "old 1.2.set|old 1.2.set already exists. Do you want to replace it?|"
-              "old 1.2.set already exists. Do you want to replace it?");
-    EXPECT_EQ(Given(&Desktop::SaveFile, "take 1.2", true), "take 1.2.set|");
-    EXPECT_EQ(Given(&Desktop::OpenFile, "none 1.2|!|old 1.2", true), "old 1.2.set|none 1.2 File not found.");
-}
-
-TEST_F(FileDialogs, AnOpenedNameIsTheFileAsTypedElseThatWithTheExtension) {
-    const std::pair<const char*, const char*> cases[] = {{"bare", "bare|"},
-                                                         {"bare.set", "bare.set|"},
-                                                         {"old 1.2", "old 1.2.set|"},
-                                                         {"sub|inner", "sub/inner.set|"},
-                                                         {"", "|"},
-                                                         {"none 1.2|!|", "|none 1.2 File not found."}};
-    for (const auto& [answers, given] : cases) {
-        EXPECT_EQ(Given(&Desktop::OpenFile, answers), given) << answers;
-    }
+    // In a dialog of the desktop there is no field in which the name could be completed.
+    EXPECT_EQ(Given(&Desktop::SaveFile, "old 1.2|!n|old 1.2|!y", true), u"old 1.2.set" + replaceOld + replaceOld);
+    EXPECT_EQ(Given(&Desktop::SaveFile, "take 1.2", true), u"take 1.2.set");
+    EXPECT_EQ(Given(&Desktop::OpenFile, "none 1.2|!|old 1.2", true), u"old 1.2.set|none 1.2 File not found.");
 }
 
 }  // namespace
