@@ -38,6 +38,7 @@ class NoFront : public LinkFront {
     void ShowTransfer(const QString&, int) override {}
     void ShowProgress(int) override {}
     void HideTransfer() override {}
+    void HoldInput(bool) override {}
 };
 
 void WaitOf5Ms(benchmark::State& state) {

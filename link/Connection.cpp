@@ -70,6 +70,10 @@ void Connection::ConnectUnit() {
 // True as soon as a rate brings an answer that passes as the unit's; else the fault has been shown.
 bool Connection::SearchRates() {
     for (const qint32 baud : kBaudRates) {
+        if (gate_.Abandoned()) {
+            link_.LinkUp = 0;  // nobody was found by then, so there is nothing to give back
+            return false;
+        }
         transport_.ClosePort();
         if (!transport_.OpenPort(preferences_.ComPortNumber, LineSettings(baud))) {
             transport_.ShowSerialError();
@@ -93,8 +97,7 @@ void Connection::DisconnectUnit() {
     link_.SerialFault = 0;
     link_.CommandText = QStringLiteral("RM0");
     transport_.SendCommand();
-    if (link_.SerialFault != 1) {
-        transport_.ClosePort();
+    if (link_.SerialFault != 1 && transport_.ClosePort()) {
         link_.LinkUp = 0;
         front_.CheckRemote(false);
         front_.ShowCaption(OfflineCaption());

@@ -16,6 +16,10 @@ class LinkFront {
     virtual void ShowTransfer(const QString& text, int last) = 0;
     virtual void ShowProgress(int value) = 0;
     virtual void HideTransfer() = 0;
+
+    // While a memory goes out, or the line is still busy at the end of the link: keys and clicks do nothing but beep,
+    // so that nobody changes what is on its way. Closing, Escape and boxes still act.
+    virtual void HoldInput(bool hold) = 0;
 };
 
 // The captions of Main without and with a link.

@@ -67,6 +67,7 @@ void MemoryTransfer::ReadPoint(const MemorySize& size, int address) {
 
 void MemoryTransfer::SendArb(const MemorySize& size) {
     Begin(size, size.sendCaption);
+    front_.HoldInput(true);
     servedMs_ = clock_.NowMs();
     link_.CommandText = QString::fromLatin1(size.startCommand);
     transport_.SendCommand();
@@ -87,6 +88,7 @@ void MemoryTransfer::SendArb(const MemorySize& size) {
     if (link_.LinkUp == 1) {
         transport_.AwaitIdleLine();
     }
+    front_.HoldInput(false);
     End();
 }
 

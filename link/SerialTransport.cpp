@@ -79,6 +79,10 @@ void SerialTransport::QueryUnit() {
     if (state_.LinkUp == 0) {
         return;
     }
+    if (gate_.Abandoned()) {
+        EndCutQuery();
+        return;
+    }
     SendQuery();
     if (state_.SerialFault == 1) {
         return;
@@ -130,7 +134,13 @@ void SerialTransport::EndCutQuery() {
     }
 }
 
-bool SerialTransport::AwaitIdleLine() { return Flush() && AwaitLine(false); }
+bool SerialTransport::AwaitIdleLine() {
+    const bool idle = Flush() && AwaitLine(false);
+    if (!idle && !gate_.Abandoned() && state_.LinkUp == 1) {
+        ShowSerialError();
+    }
+    return idle;
+}
 
 bool SerialTransport::OpenPort(int number, const QString& settings) {
     com_.SetCommPort(number);
@@ -138,14 +148,22 @@ bool SerialTransport::OpenPort(int number, const QString& settings) {
     return com_.SetPortOpen(true) && settingsTaken;
 }
 
-void SerialTransport::ClosePort() {
+bool SerialTransport::ClosePort() {
     if (!com_.PortOpen()) {
-        return;
+        return true;
     }
-    AwaitIdleLine();
-    if (!gate_.Abandoned()) {
-        com_.SetPortOpen(false);
+    const bool linked = state_.LinkUp == 1;
+    front_.HoldInput(true);
+    const bool idle = AwaitIdleLine();
+    front_.HoldInput(false);
+    if (gate_.Abandoned()) {
+        return true;
     }
+    if (!idle && linked) {
+        return false;
+    }
+    com_.SetPortOpen(false);
+    return true;
 }
 
 void SerialTransport::CutLine() {

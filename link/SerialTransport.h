@@ -25,8 +25,8 @@ class SerialTransport {
     void SendQuery();        // as SendCommand, but no CR is added to a text that holds one
 
     // Sends CommandText and collects one line into ReplyText; at most 3.0 s for each of its bytes, from when the line
-    // has carried the query. Does nothing, and leaves ReplyText, while LinkUp is 0. If the operation is abandoned
-    // before the line has carried the query, SerialFault is 1 without a message.
+    // has carried the query. Does nothing, and leaves ReplyText, while LinkUp is 0. In an abandoned operation, and if
+    // it is abandoned before the line has carried the query, SerialFault is 1 without a message.
     void QueryUnit();
     // The form for the thousands of queries of a memory read.
     void QueryUnitBlock() { QueryUnit(); }
@@ -34,8 +34,8 @@ class SerialTransport {
     // One message for a fault, and the link is down.
     void ShowSerialError();
 
-    // Serves the user's events until the line has carried all that was sent. False if it has stalled, or if the
-    // operation is abandoned.
+    // Serves the user's events until the line has carried all that was sent. False if it has stalled, which is a fault
+    // while there is a link, or if the operation is abandoned.
     bool AwaitIdleLine();
     bool PortOpen() const { return com_.PortOpen(); }
     // Opens the port of this number, 1 to 4, with a settings text as "19200,N,8,2". False if it can't be opened, or
@@ -44,8 +44,9 @@ class SerialTransport {
     // The settings text that is in force.
     QString Settings() const { return com_.Settings(); }
     // Closes the port as soon as the line has carried all that was sent; until then the user's events are served.
-    // In an abandoned operation the port stays open, for AbandonPort.
-    void ClosePort();
+    // In an abandoned operation the port stays open, for AbandonPort. False, with the port open, if the line stalled
+    // while there was a link.
+    bool ClosePort();
     // The same at the end of the program, when no window is left to serve.
     void AbandonPort() { com_.SetPortOpen(false); }
     // Drops the lines that are still on their way here, and ends the one that is cut by that.

@@ -33,7 +33,8 @@ Main::Main(const MainServices& services)
       desktop_(services.desktop),
       link_(services.program, services.com, services.clock, services.desktop, *this),
       boxfile(services.desktop),
-      settingFiles_(services.program, boxfile, services.desktop) {
+      settingFiles_(services.program, boxfile, services.desktop),
+      inputHold_(services.desktop) {
     setObjectName(QStringLiteral("Main"));
     MakeControls();
     MakeGroups();
@@ -97,7 +98,10 @@ void Main::ConnectControls() {
 void Main::ConnectMenu() {
     const auto onTrigger = [this](QAction* item, auto act) {
         connect(item, &QAction::triggered, this, [this, act] {
-            CommitFocusedField(this);
+            // A command that will be refused leaves a half-typed entry alone.
+            if (!link_.gate.Running()) {
+                CommitFocusedField(this);
+            }
             act();
         });
     };
@@ -297,6 +301,8 @@ void Main::HideTransfer() {
     status->setVisible(false);
     hint_->ShowText(QString());
 }
+
+void Main::HoldInput(bool hold) { inputHold_.Set(hold); }
 
 void Main::CheckRemote(bool checked) { cRM->setChecked(checked); }
 

@@ -9,6 +9,7 @@
 #include "link/Link.h"
 #include "panel/PortDescriber.h"
 #include "panel/SettingFileMenu.h"
+#include "widgets/InputHold.h"
 
 class Comset;
 class DdeLink;
@@ -70,6 +71,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     void ShowTransfer(const QString& text, int last) override;
     void ShowProgress(int value) override;
     void HideTransfer() override;
+    void HoldInput(bool hold) override;
 
     // EditorHost
     void LoadSettingFile() override;
@@ -113,6 +115,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     Link link_;
     FileBox boxfile;
     SettingFileMenu settingFiles_;
+    InputHold inputHold_;
     bool rebuilding_ = false;     // RefreshPanel runs
     bool closeWhenFree_ = false;  // the user closed the window in the middle of a link operation
     bool unloaded_ = false;       // Main_Form_Unload has run

@@ -6,8 +6,9 @@
 namespace {
 
 constexpr qint64 kStalledLineUs = 3'000'000;
-constexpr qint64 kBitsPerCharacter = 11;  // start, 8 data, 2 stop
-constexpr qint64 kAdapterHolds = 1024;    // characters that an adapter may still hold when its driver has none left
+constexpr qint64 kBitsPerCharacter = 11;       // start, 8 data, 2 stop
+constexpr qint64 kPseudoTerminalKeeps = 4096;  // characters that are with the far end already, whatever is dropped
+constexpr qint64 kAdapterHolds = 1024;  // characters that an adapter may still hold when its driver has none left
 
 // More than any driver holds that does not tell. A pseudo-terminal, which does not, holds 20 KiB (measured on Linux
 // 6.18). The drivers of built-in ports and USB adapters hold a page of memory, 4 KiB on most systems and 64 KiB at the
@@ -59,4 +60,7 @@ void LineLoad::NoteMove(qint64 nowUs) {
 
 void LineLoad::LookForStall(qint64 nowUs) { stalled_ = stalled_ || nowUs - movedUs_ >= kStalledLineUs; }
 
-void LineLoad::Dropped(qint64 nowUs) { freeUs_ = std::min(freeUs_, nowUs + LineTimeUs(kAdapterHolds)); }
+void LineLoad::Dropped(qint64 nowUs) {
+    const qint64 kept = driverTells_ ? kAdapterHolds : kPseudoTerminalKeeps;
+    freeUs_ = std::min(freeUs_, nowUs + LineTimeUs(kept));
+}

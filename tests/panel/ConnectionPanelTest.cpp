@@ -60,7 +60,7 @@ TEST_F(ConnectionPanel, ClosingDuringAnOperationWaitsForItsEnd) {
     QCoreApplication::processEvents();
     EXPECT_FALSE(seen || form->isVisible());  // the last word has left from a program that is out of sight
     EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Exit Program|Save default settings?")));
-    EXPECT_TRUE(line.wire.endsWith("frq?\rRM0\r"));
+    EXPECT_TRUE(line.wire.endsWith("OT0\rRM0\r"));
     EXPECT_FALSE(line.PortOpen());
 }
 
@@ -105,7 +105,7 @@ TEST_F(ComsetDialog, ClosingTheWindowEndsAnAutosearchAndSendsNothingMore) {
     line.reply = nullptr;
     clock.onWait = [this] { form->close(); };
     Click("Command1");
-    EXPECT_EQ(desktop.boxes.size(), 2);  // of the first port
+    EXPECT_EQ(desktop.boxes.size(), 1);  // of the wait for a reply in which the close came
     line.wire.clear();
     QCoreApplication::processEvents();
     EXPECT_TRUE(!form->isVisible() && line.wire.isEmpty());  // there is nothing to give back

@@ -48,6 +48,7 @@ struct FakeFront : LinkFront {
     QString transfer;  // "text|last" of the last transfer
     QList<int> progress;
     bool hidden = false;
+    bool held = false;
 
     void CheckRemote(bool checked) override { remoteChecked = checked; }
     void ShowCaption(const QString&) override {}
@@ -56,4 +57,5 @@ struct FakeFront : LinkFront {
     }
     void ShowProgress(int value) override { progress += value; }
     void HideTransfer() override { hidden = true; }
+    void HoldInput(bool hold) override { held = hold; }
 };

@@ -1,0 +1,43 @@
+#include "widgets/InputHold.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+namespace {
+
+bool IsEscape(const QEvent& event) { return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape; }
+
+}  // namespace
+
+void InputHold::Set(bool hold) {
+    if (hold) {
+        QCoreApplication::instance()->installEventFilter(this);
+    } else {
+        QCoreApplication::instance()->removeEventFilter(this);
+    }
+}
+
+bool InputHold::eventFilter(QObject* /*watched*/, QEvent* event) {
+    if (QApplication::activeModalWidget() != nullptr) {
+        return false;
+    }
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            if (IsEscape(*event)) {
+                return false;
+            }
+            [[fallthrough]];
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            desktop_.Beep();
+            return true;
+        case QEvent::ShortcutOverride:
+            return !IsEscape(*event);
+        case QEvent::Shortcut:
+        case QEvent::Wheel:
+        case QEvent::ContextMenu:
+            return true;
+        default:
+            return false;
+    }
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QObject>
+
+#include "platform/Desktop.h"
+
+// While it is set, keys and clicks in all windows of the program do nothing but beep. Escape, closing, repainting and
+// modal boxes still act.
+class InputHold : public QObject {
+  public:
+    explicit InputHold(Desktop& desktop) : desktop_(desktop) {}
+
+    void Set(bool hold);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    Desktop& desktop_;
+};
