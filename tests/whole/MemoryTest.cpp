@@ -2,6 +2,7 @@
 #include <random>
 
 #include "WholeBench.h"
+#include "core/Enumerations.h"
 
 namespace {
 
@@ -73,12 +74,15 @@ TEST_F(WholeMemory, ClosedInTheMiddleOfASlowTransferItEndsInOrder) {
     Fill(program.memories.ArbMemory16);
     bool closed = false;
     QObject::connect(panel.Get<QProgressBar>("status"), &QProgressBar::valueChanged, [&](int value) {
-        if (value == 1900) {  // more than fits between, so that some have arrived
+        if (value == 1900) {            // more than fits between, so that some have arrived
+            panel.Click("opsignal_1");  // nobody changes what is on its way
             closed = !panel.form->close();
         }
     });
     panel.Get<QAction>("mnuStArb16")->trigger();
     EXPECT_TRUE(closed);
+    EXPECT_EQ(desktop.beeps, 1);
+    EXPECT_EQ(program.panel.bmSignal, kSignalSine);
     QCoreApplication::processEvents();
     EXPECT_FALSE(panel.form->isVisible() || com.PortOpen());
     ASSERT_TRUE(GivenBack(instrument));
