@@ -71,6 +71,7 @@ void Connection::ConnectUnit() {
 bool Connection::SearchRates() {
     for (const qint32 baud : kBaudRates) {
         if (gate_.Abandoned()) {
+            desktop_.BusyOff();
             link_.LinkUp = 0;  // nobody was found by then, so there is nothing to give back
             return false;
         }
@@ -115,6 +116,7 @@ void Connection::AutoSearchUnit() {
         ConnectUnit();
     }
     if (gate_.Abandoned()) {
+        desktop_.BusyOff();
         return;
     }
     if (link_.LinkUp == 1) {

@@ -128,6 +128,7 @@ bool SerialTransport::AwaitLine(bool orReply) {
 // Who abandons an operation is told of no fault.
 void SerialTransport::EndCutQuery() {
     if (gate_.Abandoned()) {
+        desktop_.BusyOff();
         state_.SerialFault = 1;
     } else {
         ShowSerialError();

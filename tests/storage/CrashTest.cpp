@@ -70,10 +70,14 @@ int open64(const char* path, int flags, ...) {
     }
     return file;
 }
-int usleep(useconds_t microseconds) {
+// The engine waits by the one or the other, as its version has it.
+int nanosleep(const timespec* time, timespec* left) {
     if (operations.waits) {
         std::exchange(operations.waits, nullptr)();
     }
+    return static_cast<int>(::syscall(SYS_nanosleep, time, left));
+}
+int usleep(useconds_t microseconds) {
     const timespec time{microseconds / 1000000, static_cast<long>(microseconds % 1000000) * 1000};
     return ::nanosleep(&time, nullptr);
 }
