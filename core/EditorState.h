@@ -44,10 +44,14 @@ struct EditorState {
     float LineY2 = 0.0F;
 
     bool CopyDragging = false;
-    qint16 CopyStart = 0;  // where the last Copy drag began and ended; no distance counts as an empty buffer
-    qint16 CopyEnd = 0;    // -1 during the first move of a drag
+    qint16 CopyStart = 0;        // where the last Copy drag began and ended; no distance counts as an empty buffer
+    qint16 CopyEnd = 0;          // -1 during the first move of a drag
+    qint16 FormerCopyStart = 0;  // both as they were before the drag under way, for when it is abandoned
+    qint16 FormerCopyEnd = 0;
     bool PasteDragging = false;
     qint16 PasteAt = 0;  // lowest address of the paste
+
+    bool DragsHeld = false;  // a drag was abandoned, and its button is still down: no other one begins
 
     bool EditorRedrawPending = false;  // Timer1 redraws at its next tick
     bool EditorOpen = false;           // the form is loaded

@@ -29,7 +29,7 @@ bool EnsureConstructionFile(const ConstructionChoice& choice) {
         return true;
     }
     const bool makeNew = choice.desktop.Question(QStringLiteral("Do you want to create a new Signal?"),
-                                                 QStringLiteral("Arbitrary Editor"));
+                                                 QStringLiteral("Arbitrary Editor"), Desktop::Default::Yes);
     return makeNew ? ChooseNewConstructionFile(choice) : ChooseConstructionFile(choice);
 }
 

@@ -1,9 +1,11 @@
 #include "editor/Editor.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
 
 #include "editor/PenLook.h"
 #include "waveform/Choices.h"
+#include "waveform/ViewRules.h"
 #include "widgets/Controls.h"
 #include "widgets/FormPlace.h"
 #include "widgets/PictureKeys.h"
@@ -18,7 +20,8 @@ Editor::Editor(const EditorServices& services)
     : program_(services.program),
       desktop_(services.desktop),
       host_(services.host),
-      tables_(services.program.SettingFileName, services.program.ConstructionFileName),
+      boxfile_(services.boxfile),
+      tables_(services.program.SettingFileName, services.program.ConstructionFileName, services.program.memories),
       faults_(services.desktop) {
     setObjectName(QStringLiteral("Editor"));
     MakeControls();
@@ -27,6 +30,8 @@ Editor::Editor(const EditorServices& services)
     ConnectControls();
     ConnectPictures();
     ConnectMenu();
+    ConnectSteps();
+    ConnectZoom();
 }
 
 void Editor::MakeTools(const EditorServices& services) {
@@ -51,7 +56,7 @@ void Editor::MakeControls() {
     for (PictureBox* const picture : {Picture1, Picture2}) {
         new PictureKeys(*picture);
     }
-    hint_ = MakeLabel(QStringLiteral("hint"), QString(), paper_);
+    hint_ = new PenHint(paper_);
 
     opEditmode = std::make_unique<OptionGroup>(
         QStringLiteral("opEditmode"), QStringList{QStringLiteral("Edit memory"), QStringLiteral("Edit signal")},
@@ -133,6 +138,7 @@ void Editor::ConnectMenu() {
     }
     onTrigger(menu_->mnuncon, [this] { mode_->mnuncon_Click(); });
     onTrigger(menu_->mnulcon, [this] { mode_->mnulcon_Click(); });
+    connect(menu_->mnusavecsv, &QAction::triggered, this, &Editor::Editor_mnusavecsv_Click);
     connect(menu_->mnudelete, &QAction::triggered, this, &Editor::Editor_mnudelete_Click);
     connect(menu_->mnulinint, &QAction::triggered, this, &Editor::Editor_mnulinint_Click);
     using Channel = Import::Channel;
@@ -142,6 +148,26 @@ void Editor::ConnectMenu() {
     onTrigger(menu_->mnurdbinchb, [this] { import_->ReadAndPaste(Channel::B); });
     onTrigger(menu_->mnuchbmulti, [this] { import_->MultipleToMemory(Channel::B); });
     onTrigger(menu_->mnuchbfit, [this] { import_->FitToSignal(Channel::B); });
+}
+
+void Editor::ConnectSteps() {
+    connect(menu_->mnuundo, &QAction::triggered, this, [this] { TakeStep(Replay::Undo); });
+    connect(menu_->mnuredo, &QAction::triggered, this, [this] { TakeStep(Replay::Redo); });
+}
+
+void Editor::ConnectZoom() {
+    const auto onKeys = [this](const QList<QKeySequence>& keys, const auto& zoom) {
+        auto* const action = new QAction(this);
+        action->setShortcuts(keys);
+        addAction(action);
+        connect(action, &QAction::triggered, this, [this, zoom] {
+            zoom();
+            DrawSoon();
+        });
+    };
+    onKeys({Qt::CTRL | Qt::Key_Plus, Qt::CTRL | Qt::Key_Equal}, [this] { pointer_->Zoom(1.0); });
+    onKeys({Qt::CTRL | Qt::Key_Minus}, [this] { pointer_->Zoom(-1.0); });
+    onKeys({Qt::CTRL | Qt::Key_0}, [this] { SetView(program_.editor, {0, program_.editor.Size->LastAdr}); });
 }
 
 void Editor::Editor_Form_Load() {
@@ -201,6 +227,7 @@ void Editor::ShowChoices() {
     Opintmode->Show(static_cast<int>(editor.SelectedInterpolation));
     Marker->setChecked(editor.Markers);
     (editor.Size == &kMemory4k ? menu_->mnu4ksig : menu_->mnu16ksig)->setChecked(true);
+    ShowSteps();
 }
 
 void Editor::ShowMode(EditTarget target) {
@@ -223,7 +250,25 @@ void Editor::ShowPen() {
     for (std::size_t i = 0; i < kPenLooks.size(); ++i) {
         opPenmode->Option(static_cast<int>(i))->setToolTip(QString::fromLatin1(kPenLooks[i].Hint(editor.Target)));
     }
-    ShowHint();
+    hint_->ShowPen(editor.SelectedPen, editor.Target);
+}
+
+void Editor::ShowSteps() {
+    tables_.EndStepsOfOtherFiles(program_.editor.Target);
+    const auto show = [this](QAction* item, const QString& caption, Replay way) {
+        const EditStep* const step = tables_.History.Next(way);
+        item->setText(step != nullptr ? caption + u' ' + QString::fromLatin1(step->name) : caption);
+        item->setEnabled(step != nullptr);
+    };
+    show(menu_->mnuundo, QStringLiteral("&Undo"), Replay::Undo);
+    show(menu_->mnuredo, QStringLiteral("&Redo"), Replay::Redo);
+    if (const auto ending = tables_.History.TakeEnding()) {
+        const QString why = ending->reason == EditHistory::Reason::AnotherFile
+                                ? QStringLiteral(": the editor works on another file now.")
+                                : QStringLiteral(": something else has changed or replaced the file.");
+        const QString what = QStringLiteral("Nothing more to undo in ");
+        hint_->Tell(what + QFileInfo(ending->fileName).fileName() + why, what + ending->fileName + why);
+    }
 }
 
 bool Editor::eventFilter(QObject* watched, QEvent* event) {

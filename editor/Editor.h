@@ -13,6 +13,7 @@
 #include "editor/EditorMenu.h"
 #include "editor/EditorView.h"
 #include "editor/Import.h"
+#include "editor/PenHint.h"
 #include "editor/PointEntry.h"
 #include "editor/StoreFaults.h"
 #include "editor/ViewPointer.h"
@@ -46,6 +47,8 @@ class Editor : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
   private:
     void Editor_Form_Unload();
@@ -56,6 +59,8 @@ class Editor : public QMainWindow {
     void ConnectControls();
     void ConnectPictures();
     void ConnectMenu();
+    void ConnectSteps();
+    void ConnectZoom();
 
     // Shows what is chosen in the state.
     void ShowChoices();
@@ -63,6 +68,7 @@ class Editor : public QMainWindow {
     void SetEditorCaptionSignal() { ShowMode(EditTarget::Signal); }
     void ShowMode(EditTarget target);
     void ShowPen();
+    void ShowSteps();
 
     // What runs an operation and shows what came of it (EditorEvents.cpp)
     void Editor_Timer1_Timer();
@@ -71,25 +77,30 @@ class Editor : public QMainWindow {
     void Editor_Picture2_MouseMove(int buttons, float x, float y);
     void Editor_mnudelete_Click();
     void Editor_mnulinint_Click();
+    void Editor_mnusavecsv_Click();
+    void DropPen();
+    void TakeStep(Replay way);
+    bool GoTo(EditTarget target, const MemorySize& size);
     void DragPen(int buttons, float x);
     void EnterNumbers(double address, double value);
     void DrawEditor();
+    void DrawSoon();
 
     // Layout (EditorLayout.cpp)
     void Arrange();
     void FillControlStrip();
     void OrderTabs();
-    void ShowHint();
 
     ProgramState& program_;
     Desktop& desktop_;
     EditorHost& host_;
+    FileBox& boxfile_;
 
     QWidget* paper_ = nullptr;       // all below the menu
     PictureBox* Picture1 = nullptr;  // the whole address axis
     PictureBox* Picture2 = nullptr;  // the view, and the drawing surface of the pens
     ControlStrip* strip_ = nullptr;
-    QLabel* hint_ = nullptr;  // what the pen does
+    PenHint* hint_ = nullptr;
     std::unique_ptr<OptionGroup> opEditmode;
     std::unique_ptr<OptionGroup> opPenmode;
     std::unique_ptr<OptionGroup> Opintmode;

@@ -1,9 +1,13 @@
 // What an event of the form runs: an operation on the state and the tables, and then what shows its result.
 
 #include <QCoreApplication>
+#include <QKeyEvent>
+#include <QWheelEvent>
 #include <utility>
 
 #include "editor/Editor.h"
+#include "editor/HeldFiles.h"
+#include "storage/TableText.h"
 #include "waveform/Choices.h"
 #include "waveform/Entry.h"
 #include "waveform/Generation.h"
@@ -11,17 +15,31 @@
 #include "waveform/Redraw.h"
 #include "waveform/ViewRules.h"
 
+namespace {
+
+constexpr double kWheelStep = 120.0;  // of a notch of the wheel, in eighths of a degree
+
+}  // namespace
+
 void Editor::DrawEditor() {
     EditorState& editor = program_.editor;
     desktop_.BusyOn();
     BeginRedraw(editor);
+    hint_->ShowView(editor);
     view_->Clear();
     std::vector<Record> records;
     if (faults_.Tell(tables_.Read(tables_.FileOf(editor.Target), *editor.Size, records), Telling::Once)) {
         TakeRecords(records, editor, program_.memories);
         view_->Draw(records);
     }
+    ShowSteps();
     desktop_.BusyOff();
+}
+
+// Any number of calls in one turn of the event loop make one redraw.
+void Editor::DrawSoon() {
+    program_.editor.EditorRedrawPending = true;
+    QMetaObject::invokeMethod(this, &Editor::Editor_Timer1_Timer, Qt::QueuedConnection);
 }
 
 // Any number of requests make one redraw. It may come in the middle of a transfer or an import, whose hourglass stays.
@@ -91,6 +109,7 @@ void Editor::DragPen(int buttons, float x) {
             desktop_.BusyOn();
             faults_.Tell(EndPaste(editor, tables_), Telling::Box);
             desktop_.BusyOff();
+            ShowSteps();
             editor.EditorRedrawPending = true;
             break;
     }
@@ -103,7 +122,7 @@ void Editor::EnterNumbers(double address, double value) {
 
 void Editor::Editor_mnudelete_Click() {
     if (!desktop_.Question(QStringLiteral("Are you sure to set all Values to zero?"),
-                           QStringLiteral("Arbitrary Editor"))) {
+                           QStringLiteral("Arbitrary Editor"), Desktop::Default::No)) {
         return;
     }
     desktop_.BusyOn();
@@ -123,4 +142,71 @@ void Editor::Editor_mnulinint_Click() {
         QCoreApplication::processEvents();
     }
     desktop_.BusyOff();
+}
+
+void Editor::Editor_mnusavecsv_Click() {
+    const QString title = QStringLiteral("Save as CSV");
+    boxfile_.FileName = QStringLiteral("*.csv");
+    const QString chosen = boxfile_.ShowSave(
+        {.title = title, .filter = QStringLiteral("CSV (*.csv) |*.csv"), .extension = QStringLiteral("csv")});
+    if (chosen.isEmpty() || RefuseHeld(chosen, mode_->HeldFiles(), desktop_, title)) {
+        return;
+    }
+    const EditorState& editor = program_.editor;
+    std::vector<Record> records;
+    if (faults_.Tell(tables_.Read(tables_.FileOf(editor.Target), *editor.Size, records), Telling::Box) &&
+        !SaveTableText(chosen, records)) {
+        desktop_.MessageBox(u"The file can't be written:\n" + chosen, title);
+    }
+}
+
+void Editor::DropPen() {
+    if (DropUnderWay(program_.editor)) {
+        DrawEditor();
+    }
+}
+
+void Editor::TakeStep(Replay way) {
+    if (host_.RefuseWhileRunning()) {
+        return;
+    }
+    DropUnderWay(program_.editor);
+    ShowSteps();
+    const EditStep* const step = tables_.History.Next(way);
+    if (step != nullptr && GoTo(step->target, *step->size)) {
+        desktop_.BusyOn();
+        const TableResult result = tables_.Step(way);
+        faults_.Tell(result, result.outcome == StoreOutcome::ChangedSince ? Telling::Silent : Telling::Box);
+        desktop_.BusyOff();
+    }
+    ShowChoices();
+    DrawEditor();
+}
+
+// As a user would go there. False if the file for it is no good; it was told why.
+bool Editor::GoTo(EditTarget target, const MemorySize& size) {
+    EditorState& editor = program_.editor;
+    if (editor.Target != target) {
+        mode_->opEditmode_Click(static_cast<int>(target));
+    }
+    editor.Size = editor.Target == target ? &size : editor.Size;
+    return editor.Target == target;
+}
+
+// In the editor Escape belongs to the pens alone.
+void Editor::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        DropPen();
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
+void Editor::wheelEvent(QWheelEvent* event) {
+    if ((event->modifiers() & Qt::ControlModifier) == 0) {
+        QMainWindow::wheelEvent(event);
+        return;
+    }
+    pointer_->Zoom(event->angleDelta().y() / kWheelStep);
+    DrawSoon();
 }

@@ -5,7 +5,6 @@
 #include <array>
 
 #include "editor/Editor.h"
-#include "editor/PenLook.h"
 #include "widgets/Controls.h"
 
 namespace {
@@ -106,17 +105,5 @@ void Editor::Editor_Form_Resize() {
     strip_->setGeometry(kEdge, stripTop, pictureWidth, stripHeight);
     Picture2->setGeometry(kEdge, detailTop, pictureWidth, std::max(detailHeight, 1));
     hint_->setGeometry(kEdge, detailTop + detailHeight + kGap, pictureWidth, hintHeight);
-    ShowHint();
     program_.editor.EditorRedrawPending = true;
-}
-
-// What is the same for every pen gives way first where the form is narrow.
-void Editor::ShowHint() {
-    const EditorState& editor = program_.editor;
-    const QString hint = QString::fromLatin1(LookOf(editor.SelectedPen).Hint(editor.Target));
-    const QString paging = hint + u"  Right click in a shaded strip: next page.";
-    const QFontMetrics metrics = hint_->fontMetrics();
-    const bool fits = metrics.horizontalAdvance(paging) <= hint_->width();
-    hint_->setText(metrics.elidedText(fits ? paging : hint, Qt::ElideRight, hint_->width()));
-    hint_->setToolTip(paging);
 }

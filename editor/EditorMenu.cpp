@@ -13,6 +13,8 @@ EditorMenu::EditorMenu(QMenuBar* bar) {
         size->setCheckable(true);
         sizes->addAction(size);
     }
+    mnumode->addSeparator();
+    mnusavecsv = AddItem(mnumode, "mnusavecsv", "Save as &CSV...");
     QMenu* const mnusignal = AddMenu(bar, "mnusignal", "&Signal");
     mnuncon = AddItem(mnusignal, "mnuncon", "&New construction data");
     mnulcon = AddItem(mnusignal, "mnulcon", "&Load construction data");
@@ -28,4 +30,9 @@ EditorMenu::EditorMenu(QMenuBar* bar) {
     mnurdbinchb = AddItem(mnuimport, "mnurdbinchb", "Read Ch&B and paste(over DDE)");
     mnuchbmulti = AddItem(mnuimport, "mnuchbmulti", "Read ChB  m&ultiple to the memory(over DDE)");
     mnuchbfit = AddItem(mnuimport, "mnuchbfit", "Read ChB  f&it to signal (over DDE)");
+    QMenu* const mnuedit = AddMenu(bar, "mnuedit", "&Edit");
+    mnuundo = AddItem(mnuedit, "mnuundo", "&Undo");
+    mnuundo->setShortcut(Qt::CTRL | Qt::Key_Z);
+    mnuredo = AddItem(mnuedit, "mnuredo", "&Redo");
+    mnuredo->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
 }

@@ -21,6 +21,9 @@ class EditorView {
     // cleared.
     void Draw(std::span<const Record> records);
 
+    // The pointer, that of the mouse or that of the keys, is in Picture2.
+    bool HasPointer() const { return Picture2.underMouse() || Picture2.hasFocus(); }
+
     // Takes all inverted strokes off, before the pictures change their size. No crosshair stands any more: CrossFresh.
     void TakeOffStrokes();
     // The pictures were cleared: nothing stands in them any more.

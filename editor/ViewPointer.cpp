@@ -1,10 +1,17 @@
 #include "editor/ViewPointer.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "waveform/Samples.h"
 #include "waveform/ViewRules.h"
 #include "widgets/Controls.h"
+
+namespace {
+
+constexpr double kZoomStep = 1.5;
+
+}  // namespace
 
 ViewPointer::ViewPointer(ProgramState& program, EditorView& view, QWidget* parent) : program_(program), view_(view) {
     corint = {MakeLabel(QStringLiteral("corint_0"), QStringLiteral("X:"), parent),
@@ -57,6 +64,14 @@ void ViewPointer::Page(float x) {
     } else {
         editor.LineActive = false;
     }
+}
+
+void ViewPointer::Zoom(double steps) {
+    EditorState& editor = program_.editor;
+    const View view{editor.ViewLeft, editor.ViewRight};
+    const bool pointed = view_.HasPointer() && editor.CrossX == ClampX(editor.CrossX, view);
+    const double x = pointed ? editor.CrossX : (view.left + view.right) / 2.0;
+    SetView(editor, ScaleView(view, x, std::pow(kZoomStep, -steps), editor.Size->LastAdr));
 }
 
 void ViewPointer::ShowPosition(float x, float y) {

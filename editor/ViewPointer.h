@@ -21,6 +21,9 @@ class ViewPointer {
     // A right press in Picture2. In a shaded strip it pages by half a view; elsewhere it abandons a line under way. A
     // redraw is to follow.
     void Page(float x);
+    // The view closes in for steps above 0, and opens for others: around the pointer in Picture2, or else around its
+    // middle. A redraw is to follow.
+    void Zoom(double steps);
     // A move in Picture2, with the position held to the view.
     void ShowPosition(float x, float y);
 

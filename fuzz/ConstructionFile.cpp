@@ -83,14 +83,14 @@ Records PointsOf(const QString& name, const MemorySize& size) {
     return points;
 }
 
-// Moves the first point, removes the last and adds one; gives what the table should hold then.
+// Changes the first point, removes the last and adds one; gives what the table should hold then.
 StoreOutcome ChangePoints(const QString& name, const MemorySize& size, Records& expected) {
     return ChangeTable(name, size.table, [&expected](RecordTable& table) {
         table.Read(RecordOrder::Insertion, expected);
         if (!expected.empty()) {
-            expected.front().Adr = 11;
-            table.Change(expected.front());
-            table.Remove(expected.back().id);
+            table.Change(expected.front(), 11);
+            expected.front().Value = 11;
+            table.Remove(expected.back());
             expected.pop_back();
         }
         table.Add(13, 14);

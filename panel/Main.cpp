@@ -189,7 +189,8 @@ void Main::GiveUnitBack() {
 }
 
 void Main::SaveOnExit() {
-    if (!desktop_.Question(QStringLiteral("Save default settings?"), QStringLiteral("Exit Program"))) {
+    if (!desktop_.Question(QStringLiteral("Save default settings?"), QStringLiteral("Exit Program"),
+                           Desktop::Default::Yes)) {
         return;
     }
     Preferences& preferences = program_.preferences;

@@ -19,8 +19,9 @@ class Desktop {
 
     // One OK button; returns when the user has pressed it.
     virtual void MessageBox(const QString& text, const QString& title) = 0;
-    // Yes and No; true for Yes. Closing the box counts as No.
-    virtual bool Question(const QString& text, const QString& title) = 0;
+    // Yes and No; true for Yes. Enter gives the default; closing the box counts as No.
+    enum class Default { Yes, No };
+    virtual bool Question(const QString& text, const QString& title, Default answer) = 0;
 
     // The chosen file's path, empty on Cancel. Opening takes existing files only, by the name as it was typed or with
     // the extension; saving asks before it overwrites.

@@ -39,9 +39,9 @@ class SoakDesktop : public QtDesktop {
         ++shown[u"box " + title + u": " + text.left(20)];
         QtDesktop::MessageBox(text, title);
     }
-    bool Question(const QString& text, const QString& title) override {
+    bool Question(const QString& text, const QString& title, Default answer) override {
         ++shown[u"question " + text.left(30)];
-        return QtDesktop::Question(text, title);
+        return QtDesktop::Question(text, title, answer);
     }
     QString OpenFile(const FileRequest& request) override { return Choose(request, true); }
     QString SaveFile(const FileRequest& request) override { return Choose(request, false); }
@@ -50,7 +50,7 @@ class SoakDesktop : public QtDesktop {
 
   private:
     QString Choose(const FileRequest& request, bool open) {
-        return Question(request.title, QStringLiteral("File")) ? file(request, open) : QString();
+        return Question(request.title, QStringLiteral("File"), Default::Yes) ? file(request, open) : QString();
     }
 };
 

@@ -110,9 +110,10 @@ RecordTable::~RecordTable() = default;
 
 SQLite::Statement& RecordTable::Prepared(Text text) {
     static constexpr std::array<std::pair<const char*, const char*>, kTexts> kAroundTable{{
-        {"UPDATE ", " SET Adr = ?, Value = ? WHERE rowid = ?"},
-        {"DELETE FROM ", " WHERE rowid = ?"},
+        {"UPDATE ", " SET Value = ? WHERE rowid = ? AND Adr = ? AND Value = ?"},
+        {"DELETE FROM ", " WHERE rowid = ? AND Adr = ? AND Value = ?"},
         {"INSERT INTO ", " (Adr, Value) VALUES (?, ?)"},
+        {"INSERT OR IGNORE INTO ", " (rowid, Adr, Value) VALUES (?, ?, ?)"},
     }};
     std::unique_ptr<SQLite::Statement>& statement = statements_[text];
     if (!statement) {
@@ -160,34 +161,63 @@ std::optional<Record> RecordTable::FindFirst(int adr) {
     return found;
 }
 
-template <typename Bind>
-bool RecordTable::ChangeRow(Text text, const Bind& bind) {
+bool RecordTable::ChangeRow(Text text, std::initializer_list<qint64> values) {
     bool changed = false;
     return !store_.RefusesChanges() && store_.Attempt([&] {
         SQLite::Statement& change = Prepared(text);
         const InUse inUse(change);
-        bind(change);
+        int place = 0;
+        for (const qint64 value : values) {
+            change.bind(++place, int64_t{value});
+        }
         changed = change.exec() == 1;
     }) && changed;
 }
 
-bool RecordTable::Change(const Record& record) {
-    return ChangeRow(kChange, [&](SQLite::Statement& change) {
-        change.bind(1, int32_t{record.Adr});
-        change.bind(2, int32_t{record.Value});
-        change.bind(3, int64_t{record.id});
-    });
+bool RecordTable::Change(const Record& former, qint16 Value) {
+    const bool changed = SetValue(former, Value);
+    if (changed && Value != former.Value) {
+        changes_.push_back({former.id, former.Adr, former.Value, Value, RowChange::Kind::Set});
+    }
+    return changed;
 }
 
-bool RecordTable::Remove(qint64 id) {
-    return ChangeRow(kRemove, [&](SQLite::Statement& change) { change.bind(1, int64_t{id}); });
+bool RecordTable::Remove(const Record& former) {
+    const bool removed = Delete(former);
+    if (removed) {
+        changes_.push_back({former.id, former.Adr, former.Value, 0, RowChange::Kind::Removed});
+    }
+    return removed;
 }
 
 bool RecordTable::Add(qint16 adr, qint16 value) {
-    return ChangeRow(kAdd, [&](SQLite::Statement& change) {
-        change.bind(1, int32_t{adr});
-        change.bind(2, int32_t{value});
-    });
+    const bool added = ChangeRow(kAdd, {adr, value});
+    if (added) {
+        changes_.push_back({database_->getLastInsertRowid(), adr, 0, value, RowChange::Kind::Added});
+    }
+    return added;
+}
+
+bool RecordTable::TakeBack(const RowChange& change) {
+    switch (change.kind) {
+        case RowChange::Kind::Set:
+            return SetValue({change.id, change.Adr, change.after}, change.before);
+        case RowChange::Kind::Removed:
+            return AddAgain({change.id, change.Adr, change.before});
+        default:
+            return Delete({change.id, change.Adr, change.after});
+    }
+}
+
+bool RecordTable::Repeat(const RowChange& change) {
+    switch (change.kind) {
+        case RowChange::Kind::Set:
+            return SetValue({change.id, change.Adr, change.before}, change.after);
+        case RowChange::Kind::Removed:
+            return Delete({change.id, change.Adr, change.before});
+        default:
+            return AddAgain({change.id, change.Adr, change.after});
+    }
 }
 
 StoreTransaction::StoreTransaction(RecordStore& store, Kind kind) : store_(store), database_(store.database_) {

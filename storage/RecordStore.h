@@ -4,6 +4,7 @@
 #include <QtGlobal>
 #include <array>
 #include <functional>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -21,6 +22,17 @@ struct Record {
     qint64 id = 0;  // names the row inside its table; grows in the order in which rows are added
     qint16 Adr = 0;
     qint16 Value = 0;
+};
+
+// What one change did to one row: it got another value, it was removed, or it was added.
+struct RowChange {
+    enum class Kind : quint8 { Set, Removed, Added };
+
+    qint64 id = 0;
+    qint16 Adr = 0;
+    qint16 before = 0;  // Value; means nothing for a row that was added
+    qint16 after = 0;   // Value; means nothing for a row that was removed
+    Kind kind = Kind::Set;
 };
 
 enum class RecordOrder { Insertion, Address };  // equal addresses stand in the order of insertion
@@ -100,21 +112,33 @@ class RecordTable {
     // addresses are wanted, Read once.
     std::optional<Record> FindFirst(int adr);
 
-    // Each is false on a failure, or if no row has that id.
-    bool Change(const Record& record);
-    bool Remove(qint64 id);
+    // Each is false on a failure, or if no row stands in the table as the record says.
+    bool Change(const Record& former, qint16 Value);
+    bool Remove(const Record& former);
     bool Add(qint16 adr, qint16 value);
 
+    // What these three did so far, in order. A row that got the value it had is not among them.
+    const std::vector<RowChange>& Changes() const { return changes_; }
+    // The same changes backwards, and once more. False on a failure, or if the row is not as the change found or left
+    // it.
+    bool TakeBack(const RowChange& change);
+    bool Repeat(const RowChange& change);
+
   private:
-    enum Text : std::size_t { kChange, kRemove, kAdd, kTexts };
+    enum Text : std::size_t { kChange, kRemove, kAdd, kAddAgain, kTexts };
     SQLite::Statement& Prepared(Text text);
-    template <typename Bind>
-    bool ChangeRow(Text text, const Bind& bind);
+    bool ChangeRow(Text text, std::initializer_list<qint64> values);
+    bool SetValue(const Record& former, qint16 Value) {
+        return ChangeRow(kChange, {Value, former.id, former.Adr, former.Value});
+    }
+    bool Delete(const Record& former) { return ChangeRow(kRemove, {former.id, former.Adr, former.Value}); }
+    bool AddAgain(const Record& record) { return ChangeRow(kAddAgain, {record.id, record.Adr, record.Value}); }
 
     RecordStore& store_;
     std::shared_ptr<SQLite::Database> database_;  // outlives the statements
     const char* table_;
     std::array<std::unique_ptr<SQLite::Statement>, kTexts> statements_;
+    std::vector<RowChange> changes_;
 };
 
 // All that is read or changed between begin and commit belongs together. Not nested.

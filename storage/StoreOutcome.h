@@ -10,6 +10,7 @@ enum class StoreOutcome {
     Missing,       // no file of that name, or a folder or a device
     NotADatabase,  // a file of another kind, or a damaged one
     Locked,        // another connection kept its lock for longer than kLockWaitMs
+    ChangedSince,  // another connection has changed what was to be taken back or made again
     Failed,        // no permission, no such table, full disk, fault of the disk
 };
 

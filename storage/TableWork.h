@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <vector>
 
+#include "storage/FileStamp.h"
 #include "storage/RecordStore.h"
 
 // One operation on one table of a file, which is opened for it and closed again: so a file that was deleted, replaced
@@ -13,5 +15,21 @@ StoreOutcome ReadTable(const QString& fileName, const char* table, RecordOrder o
 
 using TableChange = std::function<void(RecordTable& table)>;
 
-// All that change does, or nothing of it.
-StoreOutcome ChangeTable(const QString& fileName, const char* table, const TableChange& change);
+// What a change did, and how the file is recognised before and after it.
+struct TableTrace {
+    FileStamp before;
+    FileStamp after;
+    std::vector<RowChange> rows;
+};
+
+// All that change does, or nothing of it. The trace is that of a change that was made.
+StoreOutcome ChangeTable(const QString& fileName, const char* table, const TableChange& change,
+                         TableTrace* trace = nullptr);
+
+enum class Replay { Undo, Redo };
+
+// Takes the changes back, the last one first, or makes them once more: all of them or none. ChangedSince, and nothing
+// is touched, if the file is not the one of the stamp or if a row is not as the changes left it. Done gives the new
+// stamp.
+StoreOutcome ReplayChanges(const QString& fileName, const char* table, Replay way, std::span<const RowChange> rows,
+                           FileStamp& stamp);

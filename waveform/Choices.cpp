@@ -15,6 +15,7 @@ void BeginEditing(EditorState& editor) {
     editor.LineActive = false;
     editor.CopyDragging = false;
     editor.PasteDragging = false;
+    editor.DragsHeld = false;
 }
 
 void WorkOn(EditTarget target, EditorState& editor, EditorTables& tables) {

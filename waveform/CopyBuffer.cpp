@@ -20,11 +20,11 @@ TableResult RepeatTrace(const EditorState& editor, EditorTables& tables) {
         table.Read(RecordOrder::Insertion, records);
         for (std::size_t counter = 0; counter < records.size(); ++counter) {
             const qint16 sample = editor.CopyBuffer[counter % kTraceSamples + 1];
-            table.Change({records[counter].id, records[counter].Adr, sample});
+            table.Change(records[counter], sample);
         }
         return true;
     };
-    return tables.Change(tables.FileOf(EditTarget::Memory), *editor.Size, repeat);
+    return tables.Change(tables.OnFileOf(EditTarget::Memory, "import"), *editor.Size, repeat);
 }
 
 TableResult FitTrace(const EditorState& editor, EditorTables& tables) {
@@ -35,7 +35,7 @@ TableResult FitTrace(const EditorState& editor, EditorTables& tables) {
         points.push_back({0, static_cast<qint16>((i - 1) * step), editor.CopyBuffer[static_cast<std::size_t>(i)]});
     }
     points.push_back({0, static_cast<qint16>(last), editor.CopyBuffer[kTraceSamples]});
-    return tables.Replace(tables.FileOf(EditTarget::Signal), *editor.Size, points);
+    return tables.Replace(tables.OnFileOf(EditTarget::Signal, "import"), *editor.Size, points);
 }
 
 TableResult FitCopied(const EditorState& editor, EditorTables& tables) {
@@ -48,5 +48,5 @@ TableResult FitCopied(const EditorState& editor, EditorTables& tables) {
     for (int i = 0; i <= span; ++i) {
         points.push_back({0, Nearest(top / span * i), editor.CopyBuffer[static_cast<std::size_t>(i)]});
     }
-    return tables.Replace(tables.FileOf(EditTarget::Signal), *editor.Size, points);
+    return tables.Replace(tables.OnFileOf(EditTarget::Signal, "fit"), *editor.Size, points);
 }

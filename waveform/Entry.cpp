@@ -11,11 +11,11 @@ TableResult EnterPoint(const EditorState& editor, EditorTables& tables, double a
     }
     const Record entered{0, Nearest(address), Nearest(value)};
     const bool memory = editor.Target == EditTarget::Memory;
-    return tables.Change(tables.DatabaseName, *editor.Size, [&entered, memory](RecordTable& table) {
+    return tables.Change(tables.OnData1("entry", editor.Target), *editor.Size, [&entered, memory](RecordTable& table) {
         const auto found = table.FindFirst(entered.Adr);
         if (!found) {
             return table.Add(entered.Adr, entered.Value);
         }
-        return memory ? table.Change({found->id, entered.Adr, entered.Value}) : table.Remove(found->id);
+        return memory ? table.Change(*found, entered.Value) : table.Remove(*found);
     });
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "waveform/LinearMemory.h"
 
@@ -20,27 +21,32 @@ TableResult Interpolate(const EditorState& editor, const EditorTables& tables, s
     return result;
 }
 
-TableResult WriteMemoryTable(const EditorState& editor, EditorTables& tables, std::span<const qint16> samples) {
+TableResult WriteMemoryTable(const EditorState& editor, EditorTables& tables, std::span<const qint16> samples,
+                             std::span<const qint16> former) {
     std::vector<Record> records;
     for (int a = 0; a <= editor.Size->lastTableAddress; ++a) {
         records.push_back({0, static_cast<qint16>(a), samples[static_cast<std::size_t>(a)]});
     }
-    return tables.Replace(tables.FileOf(EditTarget::Memory), *editor.Size, records);
+    Edit edit = tables.OnFileOf(EditTarget::Memory, "generate memory data");
+    if (const int last = editor.Size->LastAdr; last > editor.Size->lastTableAddress) {
+        const auto at = static_cast<std::size_t>(last);
+        edit.elements.push_back({last, former[at], samples[at]});
+    }
+    return tables.Replace(std::move(edit), *editor.Size, records);
 }
 
 }  // namespace
 
 TableResult ClearTable(const EditorState& editor, EditorTables& tables) {
-    const QString fileName = tables.FileOf(editor.Target);
     if (editor.Target == EditTarget::Signal) {
         const std::array<Record, 2> flat{Record{0, 0, 0}, Record{0, static_cast<qint16>(editor.Size->LastAdr), 0}};
-        return tables.Replace(fileName, *editor.Size, flat);
+        return tables.Replace(tables.OnFileOf(editor.Target, "delete signal"), *editor.Size, flat);
     }
-    return tables.Change(fileName, *editor.Size, [](RecordTable& table) {
+    return tables.Change(tables.OnFileOf(editor.Target, "delete memory"), *editor.Size, [](RecordTable& table) {
         std::vector<Record> records;
         table.Read(RecordOrder::Insertion, records);
         for (const Record& record : records) {
-            table.Change({record.id, record.Adr, 0});
+            table.Change(record, 0);
         }
         return true;
     });
@@ -52,7 +58,7 @@ TableResult GenerateMemory(const EditorState& editor, EditorTables& tables, ArbM
     const std::span<qint16> axis = std::span(samples).first(static_cast<std::size_t>(editor.Size->LastAdr) + 1);
     TableResult result = Interpolate(editor, tables, axis);
     if (result.changed) {
-        result = WriteMemoryTable(editor, tables, samples);
+        result = WriteMemoryTable(editor, tables, samples, memory);
     }
     if (result.changed) {  // the array takes the new samples only if the file does
         std::copy(samples.begin(), samples.end(), memory.begin());

@@ -34,7 +34,25 @@ std::vector<QLineF> LineBand(const EditorState& editor, std::span<const qint16> 
     return band;
 }
 
-DragStep NextDragStep(const EditorState& editor, int buttons) {
+bool DropUnderWay(EditorState& editor) {
+    const bool dragging = editor.CopyDragging || editor.PasteDragging;
+    const bool dropped = editor.LineActive || dragging;
+    if (editor.CopyDragging) {
+        editor.CopyStart = editor.FormerCopyStart;
+        editor.CopyEnd = editor.FormerCopyEnd;
+    }
+    editor.LineActive = false;
+    editor.CopyDragging = false;
+    editor.PasteDragging = false;
+    editor.DragsHeld = editor.DragsHeld || dragging;
+    return dropped;
+}
+
+DragStep NextDragStep(EditorState& editor, int buttons) {
+    editor.DragsHeld = editor.DragsHeld && (buttons & 1) != 0;
+    if (editor.DragsHeld) {
+        return DragStep::None;
+    }
     const bool leftDown = buttons == 1;
     if (leftDown && editor.SelectedPen == Pen::Copy && editor.Target == EditTarget::Memory) {
         return DragStep::Copy;
@@ -51,6 +69,8 @@ DragStep NextDragStep(const EditorState& editor, int buttons) {
 std::optional<DragBox> CopyStep(EditorState& editor, float x) {
     if (!editor.CopyDragging) {
         editor.CopyDragging = true;
+        editor.FormerCopyStart = editor.CopyStart;
+        editor.FormerCopyEnd = editor.CopyEnd;
         editor.CopyStart = Nearest(x);
         editor.CopyEnd = -1;
         return std::nullopt;
@@ -84,18 +104,18 @@ DragBox PasteStep(EditorState& editor, float x) {
 TableResult EndPaste(EditorState& editor, EditorTables& tables) {
     editor.PasteDragging = false;
     const int last = std::min(editor.PasteAt + CopiedDistance(editor), editor.Size->LastAdr);
-    return tables.Change(tables.DatabaseName, *editor.Size, [&editor, last](RecordTable& table) {
+    return tables.Change(tables.OnData1("paste", editor.Target), *editor.Size, [&editor, last](RecordTable& table) {
         std::vector<Record> records;
         table.Read(RecordOrder::Insertion, records);
-        std::map<int, qint64> idOf;
+        std::map<int, Record> recordAt;
         for (const Record& record : records) {
-            idOf.emplace(record.Adr, record.id);  // the first of those that share an address
+            recordAt.emplace(record.Adr, record);  // the first of those that share an address
         }
         for (int a = editor.PasteAt; a <= last; ++a) {
             const auto adr = static_cast<qint16>(a);
             const qint16 value = editor.CopyBuffer[static_cast<std::size_t>(a - editor.PasteAt)];
-            const auto found = idOf.find(a);
-            found != idOf.end() ? table.Change({found->second, adr, value}) : table.Add(adr, value);
+            const auto found = recordAt.find(a);
+            found != recordAt.end() ? table.Change(found->second, value) : table.Add(adr, value);
         }
         return true;
     });

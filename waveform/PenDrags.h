@@ -15,9 +15,13 @@ void StretchLine(EditorState& editor, float x, float y);
 // The line under way, and the risers where it will leave and rejoin the present curve.
 std::vector<QLineF> LineBand(const EditorState& editor, std::span<const qint16> memory);
 
+// Abandons what is under way: the line begun, a copy, a paste. What was copied before stays. True if there was
+// anything; a redraw is to follow. No drag begins then until the left button is up.
+bool DropUnderWay(EditorState& editor);
+
 // What a move comes to. A drag ends with the first move without the left button.
 enum class DragStep { None, Copy, EndCopy, Paste, EndPaste };
-DragStep NextDragStep(const EditorState& editor, int buttons);  // buttons is 1 for the left one alone
+DragStep NextDragStep(EditorState& editor, int buttons);  // buttons is 1 for the left one alone
 
 // The stretch that a drag covers, in addresses.
 struct DragBox {

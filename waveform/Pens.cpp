@@ -30,11 +30,11 @@ bool WriteLine(RecordTable& table, const LineEnds& line) {
         return false;
     }
     if (a2 - a1 < 1) {
-        table.Change({at->id, at->Adr, Nearest(line.y1)});
+        table.Change(*at, Nearest(line.y1));
         return true;
     }
     for (; at != records.end() && at->Adr <= a2; ++at) {
-        table.Change({at->id, at->Adr, LineValue(line, at->Adr)});
+        table.Change(*at, LineValue(line, at->Adr));
     }
     return true;
 }
@@ -60,29 +60,30 @@ TableResult DrawLine(EditorState& editor, EditorTables& tables, float x, float y
     editor.LineY1 = line.y1;
     editor.LineX2 = line.x2;
     editor.LineY2 = line.y2;
-    return tables.Change(tables.DatabaseName, *editor.Size,
+    const char* const name = Nearest(line.x1) == Nearest(line.x2) ? "sample" : "line";
+    return tables.Change(tables.OnData1(name, editor.Target), *editor.Size,
                          [&line](RecordTable& table) { return WriteLine(table, line); });
 }
 
 // A point of the signal moves up or down, never sideways.
 TableResult SetPoint(const EditorState& editor, EditorTables& tables, float x, float y) {
-    return tables.Change(tables.DatabaseName, *editor.Size, [x, y](RecordTable& table) {
+    return tables.Change(tables.OnData1("point", editor.Target), *editor.Size, [x, y](RecordTable& table) {
         const auto found = FindAt(table, {x});
-        return found ? table.Change({found->id, found->Adr, Nearest(y)}) : table.Add(Nearest(x), Nearest(y));
+        return found ? table.Change(*found, Nearest(y)) : table.Add(Nearest(x), Nearest(y));
     });
 }
 
 TableResult RemovePoint(const EditorState& editor, EditorTables& tables, float x) {
-    return tables.Change(tables.DatabaseName, *editor.Size, [x](RecordTable& table) {
+    return tables.Change(tables.OnData1("delete", editor.Target), *editor.Size, [x](RecordTable& table) {
         const auto found = FindAt(table, {x, x - 1.0F, x + 1.0F});
-        return found && table.Remove(found->id);
+        return found && table.Remove(*found);
     });
 }
 
 TableResult ZeroSample(const EditorState& editor, EditorTables& tables, float x) {
-    return tables.Change(tables.DatabaseName, *editor.Size, [x](RecordTable& table) {
+    return tables.Change(tables.OnData1("delete", editor.Target), *editor.Size, [x](RecordTable& table) {
         const auto found = FindAt(table, {x});
-        return found && table.Change({found->id, found->Adr, 0});
+        return found && table.Change(*found, 0);
     });
 }
 

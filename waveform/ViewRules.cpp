@@ -1,6 +1,7 @@
 #include "waveform/ViewRules.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "waveform/Samples.h"
 
@@ -40,6 +41,14 @@ std::optional<View> PageView(View view, float x, int LastAdr) {
         return HoldView({view.left + step, view.right + step}, LastAdr);
     }
     return std::nullopt;
+}
+
+View ScaleView(View view, double x, double factor, int LastAdr) {
+    const int span = view.right - view.left;
+    const int scaled = std::clamp(static_cast<int>(std::lround(span * factor)), kNarrowestView, LastAdr);
+    const double before = (x - view.left) / span;  // the part of the view that lies before x
+    const int left = static_cast<int>(std::lround(x - before * scaled));
+    return HoldView({left, left + scaled}, LastAdr);
 }
 
 View FitView(View view, int LastAdr) { return view.left >= LastAdr ? kFirstView : HoldView(view, LastAdr); }

@@ -26,6 +26,10 @@ View ZoomView(int from, int to, int LastAdr);
 // to a quarter of the strip counts as view), or if the axis ends there.
 std::optional<View> PageView(View view, float x, int LastAdr);
 
+// The view `factor` times as wide, at least 40 addresses, with what stands at x left at its place as far as the axis
+// allows.
+View ScaleView(View view, double x, double factor, int LastAdr);
+
 // The view after a change of the axis: kFirstView if it lies past the end, else shifted onto the axis as a whole.
 View FitView(View view, int LastAdr);
 

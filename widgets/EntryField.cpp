@@ -35,6 +35,19 @@ void EntryField::Paste(bool selection) {
     insert(Filtered(QGuiApplication::clipboard()->text(mode)));
 }
 
+// A line edit claims the keys of Undo and Redo even where it has nothing to undo: then they are the window's.
+bool EntryField::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* const key = static_cast<QKeyEvent*>(event);
+        if ((key->matches(QKeySequence::Undo) && !isUndoAvailable()) ||
+            (key->matches(QKeySequence::Redo) && !isRedoAvailable())) {
+            event->ignore();
+            return false;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
 void EntryField::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Commit();

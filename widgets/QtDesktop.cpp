@@ -57,10 +57,10 @@ void QtDesktop::MessageBox(const QString& text, const QString& title) {
     box.exec();
 }
 
-bool QtDesktop::Question(const QString& text, const QString& title) {
+bool QtDesktop::Question(const QString& text, const QString& title, Default answer) {
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, Parent());
     box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(QMessageBox::Yes);
+    box.setDefaultButton(answer == Default::Yes ? QMessageBox::Yes : QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
 }

@@ -161,7 +161,7 @@ struct Windows : PanelBench {
         });
         whenShown.start();
         QtDesktop().MessageBox(QStringLiteral("a"), QStringLiteral("b"));
-        EXPECT_FALSE(QtDesktop().Question(QStringLiteral("a"), QStringLiteral("b")));
+        EXPECT_FALSE(QtDesktop().Question(QStringLiteral("a"), QStringLiteral("b"), Desktop::Default::Yes));
     }
 };
 

@@ -46,7 +46,7 @@ struct Operations : ::testing::Test {
     QTemporaryDir folder;
     const QString set = folder.filePath(QStringLiteral("a.set"));
     const QString con = folder.filePath(QStringLiteral("a.con"));
-    EditorTables tables{program.SettingFileName, program.ConstructionFileName};
+    EditorTables tables{program.SettingFileName, program.ConstructionFileName, program.memories};
 
     // Each that works on the address 1503, and whether it does so in the construction file.
     const std::vector<std::pair<std::function<TableResult()>, bool>> all{
