@@ -11,11 +11,11 @@
 #include "core/EditorState.h"
 #include "storage/TableWork.h"
 
-// An element of a memory array that may stand without a record: what it held before a step and after it.
+// An element of a memory array that may stand without a record.
 struct ArrayElement {
     int Adr;
-    qint16 before;
-    qint16 after;
+    qint16 before;                // what it held before the step
+    std::optional<qint16> after;  // what the step left in it; none if a redraw takes that from a record
 };
 
 // One operation on a table, with what it takes to undo it and to make it again.
@@ -25,7 +25,7 @@ struct EditStep {
     const MemorySize* size;
     QString fileName;
     std::vector<RowChange> rows;
-    std::vector<ArrayElement> elements;  // each address once
+    std::vector<ArrayElement> elements;
 };
 
 // The steps of the editor that can be undone, and those that can be made again. At most kMostSteps and kMostBytes are

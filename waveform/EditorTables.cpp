@@ -1,6 +1,5 @@
 #include "waveform/EditorTables.h"
 
-#include <algorithm>
 #include <utility>
 
 TableResult EditorTables::Read(const QString& fileName, const MemorySize& size, std::vector<Record>& records) {
@@ -40,32 +39,18 @@ TableResult EditorTables::Replace(Edit edit, const MemorySize& size, std::span<c
 void EditorTables::KeepElements(EditStep& step) const {
     const std::span<const qint16> memory = step.size->samples(memories_);
     const int first = step.target == EditTarget::Memory ? 0 : step.size->lastTableAddress + 1;
-    const int last = step.size->LastAdr;
-    std::vector<ArrayElement> added;
     for (const RowChange& row : step.rows) {
-        if (row.kind == RowChange::Kind::Added && row.Adr >= first && row.Adr <= last) {
-            added.push_back({row.Adr, memory[static_cast<std::size_t>(row.Adr)], row.after});
-        }
-    }
-    std::ranges::stable_sort(added, {}, &ArrayElement::Adr);
-    for (const ArrayElement& element : added) {
-        if (!step.elements.empty() && step.elements.back().Adr == element.Adr) {
-            step.elements.back().after = element.after;
-        } else {
-            step.elements.push_back(element);
+        if (row.kind == RowChange::Kind::Added && row.Adr >= first && row.Adr <= step.size->LastAdr) {
+            step.elements.push_back({row.Adr, memory[static_cast<std::size_t>(row.Adr)], std::nullopt});
         }
     }
 }
 
-// Only where an element holds what the step left there: something else may have come in meanwhile, from the instrument
-// or from a file.
 void EditorTables::PutElements(const EditStep& step, Replay way) {
     const std::span<qint16> memory = step.size->samples(memories_);
     for (const ArrayElement& element : step.elements) {
         qint16& held = memory[static_cast<std::size_t>(element.Adr)];
-        const auto [from, to] =
-            way == Replay::Undo ? std::pair(element.after, element.before) : std::pair(element.before, element.after);
-        held = held == from ? to : held;
+        held = way == Replay::Undo ? element.before : element.after.value_or(held);
     }
 }
 
