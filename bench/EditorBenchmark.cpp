@@ -17,6 +17,8 @@
 #include "editor/Editor.h"
 #include "platform/SocketDdeLink.h"
 #include "storage/SettingFile.h"
+#include "waveform/Choices.h"
+#include "waveform/PenDrags.h"
 #include "waveform/Spline.h"
 #include "widgets/QtDesktop.h"
 
@@ -183,6 +185,32 @@ void PasteOf16385Samples(benchmark::State& state) {
     Put(state, row, good && bench.desktop.boxes == 0);
 }
 BENCHMARK(PasteOf16385Samples)->Name("Paste of 16385 samples")->Iterations(kRuns);
+
+// Its floor is the paste that it undoes.
+void UndoOf16385Samples(benchmark::State& state) {
+    QTemporaryDir folder;
+    const QString fileName = folder.filePath(QStringLiteral("bench.set"));
+    auto program = std::make_unique<ProgramState>();
+    SaveSettingFile(CreateSettingFile(fileName), program->panel, program->memories);
+    program->SettingFileName.Set(fileName);
+    EditorState& editor = program->editor;
+    EditorTables tables(program->SettingFileName, program->ConstructionFileName, program->memories);
+    WorkOn(EditTarget::Memory, editor, tables);
+    editor.Size = &kMemory16k;
+    editor.CopyEnd = 16384;
+    bool good = true;
+    const Figure row = Compare(
+        state, [&] { good = tables.Step(Replay::Undo).changed && good; },
+        [&] {
+            editor.CopyBuffer.fill(static_cast<qint16>(editor.CopyBuffer.front() + 1));
+            editor.PasteAt = 0;
+            good = EndPaste(editor, tables).changed && good;
+        });
+    const std::vector<BareRow> rows = BarePictures::ReadFile(fileName.toStdString(), kMemory16k);
+    const bool undone = std::ranges::all_of(rows, [](const BareRow& record) { return record.value == 0; });
+    Put(state, row, good && undone && rows.size() == 16384);
+}
+BENCHMARK(UndoOf16385Samples)->Name("Undo of a paste of 16385 samples")->Iterations(kRuns);
 
 // With the crosshair and a line under way, until the window shows it. The file is gone meanwhile: a call to the
 // database would make the editor complain.

@@ -21,8 +21,9 @@ PenHint::PenHint(QWidget* parent)
 
 void PenHint::ShowPen(Pen pen, EditTarget target) {
     hints_ = QStringList{QString::fromLatin1(LookOf(pen).Hint(target)),
-                         QStringLiteral("Right click in a shaded strip: next page."),
-                         QStringLiteral("Ctrl with plus, minus, 0 or the wheel: zoom.")};
+                         QStringLiteral("Escape drops what is begun."),
+                         QStringLiteral("Ctrl with +, -, 0 or the wheel: zoom."),
+                         QStringLiteral("Right click in a shaded strip: next page.")};
     hint_->setToolTip(hints_.join(u"  "));
     Fit();
 }

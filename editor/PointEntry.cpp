@@ -42,5 +42,8 @@ void PointEntry::EnterAddress() { HoldField(Text1[0], 0, editor_.Size->LastAdr);
 
 void PointEntry::EnterPoint() {
     HoldField(Text1[1], -kHighestSample, kHighestSample);
+    for (EntryField* const field : Text1) {
+        field->setText(field->text());  // what is stored is undone as a step of the editor, no longer as typing
+    }
     enter_(ReadHeadNumber(Text1[0]->text()), ReadHeadNumber(Text1[1]->text()));
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double kZoomStep = 1.5;
+constexpr double kZoomStep = 2.0;
 
 }  // namespace
 
