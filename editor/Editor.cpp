@@ -131,6 +131,7 @@ void Editor::ConnectMenu() {
             DrawEditor();
         });
     }
+    connect(menu_->mnuformula, &QAction::triggered, this, &Editor::Editor_mnuformula_Click);
     onTrigger(menu_->mnuncon, [this] { mode_->mnuncon_Click(); });
     onTrigger(menu_->mnulcon, [this] { mode_->mnulcon_Click(); });
     connect(menu_->mnudelete, &QAction::triggered, this, &Editor::Editor_mnudelete_Click);
@@ -187,6 +188,7 @@ void Editor::Editor_Form_Unload() {
     host_.DrawOverviewSignal();
     desktop_.BusyOff();
     program_.editor.EditorOpen = false;
+    FollowByFormula();
 }
 
 void Editor::FollowSettingFile() {
@@ -201,6 +203,7 @@ void Editor::ShowChoices() {
     Opintmode->Show(static_cast<int>(editor.SelectedInterpolation));
     Marker->setChecked(editor.Markers);
     (editor.Size == &kMemory4k ? menu_->mnu4ksig : menu_->mnu16ksig)->setChecked(true);
+    FollowByFormula();
 }
 
 void Editor::ShowMode(EditTarget target) {
@@ -213,6 +216,7 @@ void Editor::ShowMode(EditTarget target) {
     for (QAbstractButton* const option : Opintmode->Options()) {
         option->setEnabled(signal);
     }
+    menu_->mnuformula->setEnabled(!signal);
     ShowPen();
 }
 

@@ -26,6 +26,7 @@ void Editor::DrawEditor() {
 
 // Any number of requests make one redraw. It may come in the middle of a transfer or an import, whose hourglass stays.
 void Editor::Editor_Timer1_Timer() {
+    FollowByFormula();
     if (program_.editor.EditorOpen && std::exchange(program_.editor.EditorRedrawPending, false)) {
         const bool busy = desktop_.Busy();
         DrawEditor();
@@ -123,4 +124,17 @@ void Editor::Editor_mnulinint_Click() {
         QCoreApplication::processEvents();
     }
     desktop_.BusyOff();
+}
+
+void Editor::Editor_mnuformula_Click() {
+    formula_ = new FormulaWindow({program_, desktop_, tables_}, faults_, this);
+    connect(formula_, &QDialog::accepted, this, &Editor::DrawEditor);
+    formula_->open();
+}
+
+// The panel stays in use beside the window: it may load another file, or save to one.
+void Editor::FollowByFormula() {
+    if (formula_ != nullptr) {
+        formula_->FollowEditor();
+    }
 }

@@ -13,6 +13,8 @@ EditorMenu::EditorMenu(QMenuBar* bar) {
         size->setCheckable(true);
         sizes->addAction(size);
     }
+    mnumode->addSeparator();
+    mnuformula = AddItem(mnumode, "mnuformula", "Fill by &formula...");
     QMenu* const mnusignal = AddMenu(bar, "mnusignal", "&Signal");
     mnuncon = AddItem(mnusignal, "mnuncon", "&New construction data");
     mnulcon = AddItem(mnusignal, "mnulcon", "&Load construction data");

@@ -8,6 +8,7 @@ struct EditorMenu {
     explicit EditorMenu(QMenuBar* bar);
 
     QAction *mnu4ksig, *mnu16ksig;  // one of them is checked: the current size
+    QAction* mnuformula;
     QAction *mnuncon, *mnulcon, *mnudelete, *mnulinint;
     QAction *mnurdbincha, *mnuchamulti, *mnuchafit, *mnurdbinchb, *mnuchbmulti, *mnuchbfit;
 };

@@ -18,7 +18,8 @@ void InputHold::Set(bool hold) {
 }
 
 bool InputHold::eventFilter(QObject* /*watched*/, QEvent* event) {
-    if (QApplication::activeModalWidget() != nullptr) {
+    const QWidget* const modal = QApplication::activeModalWidget();
+    if (modal != nullptr && modal->windowModality() == Qt::ApplicationModal) {
         return false;
     }
     switch (event->type()) {
