@@ -7,6 +7,7 @@
 namespace {
 
 constexpr double kFullScale = 1.0;
+constexpr double kCurveWidth = 2.0;
 constexpr double kTop = 1.25;  // room above full scale for what would be cut
 
 }  // namespace
@@ -38,6 +39,7 @@ void FormulaPreview::Draw() {
     for (const double level : {-kFullScale, 0.0, kFullScale}) {
         drawing.Line(0.0, level, static_cast<double>(last), level);
     }
+    drawing.DrawWidth = kCurveWidth;
     drawing.ForeColor = Ink(0.4);
     DrawCurve(drawing, kTop);
     drawing.ForeColor = Ink(1.0);
