@@ -27,7 +27,7 @@ void FormulaField::Mark(qsizetype at, qsizetype length) {
     place.cursor.setPosition(std::clamp(first + static_cast<int>(length), first + 1, size), QTextCursor::KeepAnchor);
     place.format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
     place.format.setUnderlineColor(Qt::red);
-    place.format.setBackground(QColor(255, 0, 0, 60));  // shows on a light and on a dark ground
+    place.format.setBackground(QColor(255, 0, 0, 90));  // shows on a light and on a dark ground
     setExtraSelections({place});
 }
 

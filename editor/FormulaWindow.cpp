@@ -2,6 +2,7 @@
 
 #include <QDialogButtonBox>
 #include <QGroupBox>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -14,7 +15,7 @@ namespace {
 constexpr QSize kOpeningSize(720, 480);
 constexpr char kHelp[] =
     "x goes from 0 to 1 over the stretch, 1 is full scale. Also i, n, pi, e; sin, exp and so on; sinc(x), square(x), "
-    "pulse(x; duty), tri(x), saw(x), gauss(x; mid; width), step(x), noise(seed).";
+    "pulse(x;duty), tri(x), saw(x), gauss(x;mid;width), step(x), noise(seed).";
 
 // A label that takes the width it gets, with room for two lines from the start.
 void LetWrap(QLabel* label) {
@@ -39,6 +40,7 @@ FormulaWindow::FormulaWindow(const EditorContext& context, StoreFaults& faults, 
     setWindowTitle(QStringLiteral("Fill by formula"));
     setAttribute(Qt::WA_DeleteOnClose);
     MakeControls();
+    MakeStretch();
     Arrange();
     ConnectControls();
     expression->selectAll();
@@ -47,9 +49,6 @@ FormulaWindow::FormulaWindow(const EditorContext& context, StoreFaults& faults, 
 }
 
 void FormulaWindow::MakeControls() {
-    if (!stretches_[static_cast<std::size_t>(state_.FormulaStretch)]) {
-        state_.FormulaStretch = FillStretch::Whole;
-    }
     expression = Named(new FormulaField(this), QStringLiteral("expression"), QStringLiteral("Formula"));
     expression->setPlainText(state_.FormulaText);
     expression->setToolTip(QString::fromLatin1(kHelp));
@@ -59,6 +58,17 @@ void FormulaWindow::MakeControls() {
         shapes->addItem(QString::fromLatin1(shape.name));
     }
     preview = Named(new FormulaPreview(this), QStringLiteral("preview"), QStringLiteral("Preview of the samples"));
+    cut = MakeLabel(QStringLiteral("cut"), QString(), this);
+    scale = Named(new QCheckBox(QStringLiteral("Scale to full &range"), this), QStringLiteral("scale"),
+                  QStringLiteral("Scale to full range"));
+    scale->setToolTip(QStringLiteral("The largest magnitude becomes full scale"));
+    scale->setChecked(state_.FormulaScaled);
+    cbok = Named(new QPushButton(QStringLiteral("OK"), this), QStringLiteral("cbok"));
+    cbok->setDefault(true);
+    cbcancel = Named(new QPushButton(QStringLiteral("Cancel"), this), QStringLiteral("cbcancel"));
+}
+
+void FormulaWindow::MakeStretch() {
     const std::array<QString, 3> names{QStringLiteral("Whole memory"), QStringLiteral("View"),
                                        QStringLiteral("Last copied range")};
     QStringList captions;
@@ -71,45 +81,27 @@ void FormulaWindow::MakeControls() {
     for (std::size_t i = 0; i < names.size(); ++i) {
         stretch->Option(static_cast<int>(i))->setEnabled(stretches_[i].has_value());
     }
+    if (!stretches_[static_cast<std::size_t>(state_.FormulaStretch)]) {
+        state_.FormulaStretch = FillStretch::Whole;  // nothing is copied any more
+    }
     stretch->Show(static_cast<int>(state_.FormulaStretch));
-    cut = MakeLabel(QStringLiteral("cut"), QString(), this);
-    scale = Named(new QCheckBox(QStringLiteral("Scale to full &range"), this), QStringLiteral("scale"),
-                  QStringLiteral("Scale to full range"));
-    scale->setToolTip(QStringLiteral("The largest magnitude becomes full scale"));
-    scale->setChecked(state_.FormulaScaled);
-    cbok = Named(new QPushButton(QStringLiteral("OK"), this), QStringLiteral("cbok"));
-    cbok->setDefault(true);
-    cbcancel = Named(new QPushButton(QStringLiteral("Cancel"), this), QStringLiteral("cbcancel"));
 }
 
 void FormulaWindow::Arrange() {
-    LetWrap(fault);
-    LetWrap(cut);
     auto* const left = new QVBoxLayout;
     left->addWidget(MakeLabel(QStringLiteral("shapesTitle"), QStringLiteral("Ready &shapes"), this, shapes));
     left->addWidget(shapes);
     shapes->setMinimumWidth(shapes->sizeHintForColumn(0) + shapes->fontMetrics().height() * 2);
-    auto* const frame = new QGroupBox(QStringLiteral("S&tretch"), this);
-    stretch->AddTo(new QVBoxLayout(frame));
-    auto* const below = new QHBoxLayout;
-    below->addWidget(frame);
-    auto* const result = new QVBoxLayout;
-    result->addWidget(cut);
-    result->addWidget(scale);
-    result->addStretch(1);
-    below->addLayout(result, 1);
-    auto* const right = new QVBoxLayout;
-    right->addWidget(preview, 1);
-    right->addLayout(below);
     auto* const middle = new QHBoxLayout;
     middle->addLayout(left);
-    middle->addLayout(right, 1);
+    middle->addLayout(ArrangeResult(), 1);
     auto* const buttons = new QDialogButtonBox(this);
     buttons->addButton(cbok, QDialogButtonBox::AcceptRole);
     buttons->addButton(cbcancel, QDialogButtonBox::RejectRole);
     auto* const column = new QVBoxLayout(this);
     column->addWidget(MakeLabel(QStringLiteral("expressionTitle"), QStringLiteral("&Formula"), this, expression));
     column->addWidget(expression);
+    LetWrap(fault);
     column->addWidget(fault);
     column->addLayout(middle, 1);
     column->addWidget(buttons);
@@ -119,7 +111,25 @@ void FormulaWindow::Arrange() {
         setTabOrder(former, next);
         former = next;
     }
-    resize(kOpeningSize.expandedTo(minimumSizeHint()));
+    resize(kOpeningSize.boundedTo(screen()->availableSize() * 0.9));  // with its frame on a small screen too
+}
+
+// The preview, and below it what is filled and what comes of it.
+QLayout* FormulaWindow::ArrangeResult() {
+    auto* const frame = new QGroupBox(QStringLiteral("S&tretch"), this);
+    stretch->AddTo(new QVBoxLayout(frame));
+    LetWrap(cut);
+    auto* const result = new QVBoxLayout;
+    result->addWidget(cut);
+    result->addWidget(scale);
+    result->addStretch(1);
+    auto* const below = new QHBoxLayout;
+    below->addWidget(frame);
+    below->addLayout(result, 1);
+    auto* const column = new QVBoxLayout;
+    column->addWidget(preview, 1);
+    column->addLayout(below);
+    return column;
 }
 
 void FormulaWindow::ConnectControls() {

@@ -28,7 +28,9 @@ class FormulaWindow : public QDialog {
 
   private:
     void MakeControls();
+    void MakeStretch();
     void Arrange();
+    QLayout* ArrangeResult();
     void ConnectControls();
     void formula_cbok_Click();
 
