@@ -52,12 +52,13 @@ class FormulaWindow : public QDialog {
     std::array<std::optional<Stretch>, 3> stretches_;  // by FillStretch
     std::vector<qint16> samples_;                      // of the formula; empty with a fault
 
-    FormulaField* expression;
-    QLabel* fault;
-    QListWidget* shapes;
-    FormulaPreview* preview;
+    FormulaField* expression = nullptr;
+    QLabel* fault = nullptr;
+    QListWidget* shapes = nullptr;
+    FormulaPreview* preview = nullptr;
     std::unique_ptr<OptionGroup> stretch;
-    QLabel* cut;
-    QCheckBox* scale;
-    QPushButton *cbok, *cbcancel;
+    QLabel* cut = nullptr;
+    QCheckBox* scale = nullptr;
+    QPushButton* cbok = nullptr;
+    QPushButton* cbcancel = nullptr;
 };
