@@ -1,5 +1,5 @@
 // The heaviest work of the editor's form, with all records: a redraw, a paste over the whole memory, a move of the
-// pointer, the spline of a signal.
+// pointer, the spline of a signal, a formula for the whole memory.
 
 #include <sqlite3.h>
 
@@ -18,6 +18,7 @@
 #include "platform/SocketDdeLink.h"
 #include "storage/SettingFile.h"
 #include "waveform/Choices.h"
+#include "waveform/Formula.h"
 #include "waveform/PenDrags.h"
 #include "waveform/Spline.h"
 #include "widgets/QtDesktop.h"
@@ -287,6 +288,35 @@ void SplineOf2049Points(benchmark::State& state) {
     Put(state, row, same);
 }
 BENCHMARK(SplineOf2049Points)->Name("Spline of 2049 points over 16K")->Iterations(10 * kRuns);
+
+// From the text to the samples, beside a loop that the compiler knows.
+void FormulaOf16384Samples(benchmark::State& state) {
+    constexpr int kSamples = 16384;
+    const QString formula = QStringLiteral("exp(-5*x)*sin(2*pi*10*x) + 0.1*noise(1)*pulse(8*x, 0.25)");
+    const UserNumbers numbers(QLocale::c());
+    std::vector<qint16> samples;
+    std::vector<qint16> bare(kSamples);
+    const Figure row = Compare(
+        state, [&] { samples = SamplesOf(EvaluateFormula(formula, kSamples, numbers).values); },
+        [&] {
+            for (int k = 0; k < kSamples; ++k) {
+                const double x = static_cast<double>(k) / kSamples;
+                const double pulse = 8.0 * x - std::floor(8.0 * x) < 0.25 ? 1.0 : 0.0;
+                auto z = (static_cast<quint64>(k) + 1) * 0x9E3779B97F4A7C15U + 1;
+                z = (z ^ (z >> 30U)) * 0xBF58476D1CE4E5B9U;
+                z = (z ^ (z >> 27U)) * 0x94D049BB133111EBU;
+                const double noise = std::ldexp(static_cast<double>((z ^ (z >> 31U)) >> 11U), -52) - 1.0;
+                const double value = std::exp(-5.0 * x) * std::sin(20.0 * std::numbers::pi * x) + 0.1 * noise * pulse;
+                bare[static_cast<std::size_t>(k)] =
+                    static_cast<qint16>(std::nearbyint(std::clamp(2047.0 * value, -2047.0, 2047.0)));
+            }
+            benchmark::DoNotOptimize(bare.data());
+        });
+    const bool same = std::equal(samples.begin(), samples.end(), bare.begin(), bare.end(),
+                                 [](qint16 a, qint16 b) { return std::abs(a - b) <= 1; });
+    Put(state, row, same);
+}
+BENCHMARK(FormulaOf16384Samples)->Name("Formula of 16384 samples")->Iterations(10 * kRuns);
 
 }  // namespace
 

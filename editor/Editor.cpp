@@ -136,6 +136,7 @@ void Editor::ConnectMenu() {
             DrawEditor();
         });
     }
+    connect(menu_->mnuformula, &QAction::triggered, this, &Editor::Editor_mnuformula_Click);
     onTrigger(menu_->mnuncon, [this] { mode_->mnuncon_Click(); });
     onTrigger(menu_->mnulcon, [this] { mode_->mnulcon_Click(); });
     connect(menu_->mnusavecsv, &QAction::triggered, this, &Editor::Editor_mnusavecsv_Click);
@@ -213,6 +214,7 @@ void Editor::Editor_Form_Unload() {
     host_.DrawOverviewSignal();
     desktop_.BusyOff();
     program_.editor.EditorOpen = false;
+    FollowByFormula();
 }
 
 void Editor::FollowSettingFile() {
@@ -228,6 +230,7 @@ void Editor::ShowChoices() {
     Marker->setChecked(editor.Markers);
     (editor.Size == &kMemory4k ? menu_->mnu4ksig : menu_->mnu16ksig)->setChecked(true);
     ShowSteps();
+    FollowByFormula();
 }
 
 void Editor::ShowMode(EditTarget target) {
@@ -240,6 +243,7 @@ void Editor::ShowMode(EditTarget target) {
     for (QAbstractButton* const option : Opintmode->Options()) {
         option->setEnabled(signal);
     }
+    menu_->mnuformula->setEnabled(!signal);
     ShowPen();
 }
 

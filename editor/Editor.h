@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QMainWindow>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 #include <memory>
@@ -12,6 +13,7 @@
 #include "editor/EditorHost.h"
 #include "editor/EditorMenu.h"
 #include "editor/EditorView.h"
+#include "editor/FormulaWindow.h"
 #include "editor/Import.h"
 #include "editor/PenHint.h"
 #include "editor/PointEntry.h"
@@ -77,6 +79,8 @@ class Editor : public QMainWindow {
     void Editor_Picture2_MouseMove(int buttons, float x, float y);
     void Editor_mnudelete_Click();
     void Editor_mnulinint_Click();
+    void Editor_mnuformula_Click();
+    void FollowByFormula();
     void Editor_mnusavecsv_Click();
     void DropPen();
     void TakeStep(Replay way);
@@ -116,4 +120,5 @@ class Editor : public QMainWindow {
     std::unique_ptr<PointEntry> entry_;
     std::unique_ptr<EditMode> mode_;
     std::unique_ptr<Import> import_;
+    QPointer<FormulaWindow> formula_;  // while it stands
 };

@@ -44,6 +44,7 @@ void Editor::DrawSoon() {
 
 // Any number of requests make one redraw. It may come in the middle of a transfer or an import, whose hourglass stays.
 void Editor::Editor_Timer1_Timer() {
+    FollowByFormula();
     if (program_.editor.EditorOpen && std::exchange(program_.editor.EditorRedrawPending, false)) {
         const bool busy = desktop_.Busy();
         DrawEditor();
@@ -144,6 +145,18 @@ void Editor::Editor_mnulinint_Click() {
     desktop_.BusyOff();
 }
 
+void Editor::Editor_mnuformula_Click() {
+    formula_ = new FormulaWindow({program_, desktop_, tables_}, faults_, this);
+    connect(formula_, &QDialog::accepted, this, &Editor::DrawEditor);
+    formula_->open();
+}
+
+// The panel stays in use beside the window: it may load another file, or save to one.
+void Editor::FollowByFormula() {
+    if (formula_ != nullptr) {
+        formula_->FollowEditor();
+    }
+}
 void Editor::Editor_mnusavecsv_Click() {
     const QString title = QStringLiteral("Save as CSV");
     boxfile_.FileName = QStringLiteral("*.csv");

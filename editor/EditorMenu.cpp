@@ -14,6 +14,7 @@ EditorMenu::EditorMenu(QMenuBar* bar) {
         sizes->addAction(size);
     }
     mnumode->addSeparator();
+    mnuformula = AddItem(mnumode, "mnuformula", "Fill by &formula...");
     mnusavecsv = AddItem(mnumode, "mnusavecsv", "Save as &CSV...");
     QMenu* const mnusignal = AddMenu(bar, "mnusignal", "&Signal");
     mnuncon = AddItem(mnusignal, "mnuncon", "&New construction data");

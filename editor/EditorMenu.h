@@ -8,7 +8,7 @@ struct EditorMenu {
     explicit EditorMenu(QMenuBar* bar);
 
     QAction *mnu4ksig, *mnu16ksig;  // one of them is checked: the current size
-    QAction* mnusavecsv;
+    QAction *mnuformula, *mnusavecsv;
     QAction *mnuncon, *mnulcon, *mnudelete, *mnulinint;
     QAction *mnuundo, *mnuredo;
     QAction *mnurdbincha, *mnuchamulti, *mnuchafit, *mnurdbinchb, *mnuchbmulti, *mnuchbfit;

@@ -20,8 +20,7 @@ PenHint::PenHint(QWidget* parent)
 }
 
 void PenHint::ShowPen(Pen pen, EditTarget target) {
-    hints_ = QStringList{QString::fromLatin1(LookOf(pen).Hint(target)),
-                         QStringLiteral("Escape drops what is begun."),
+    hints_ = QStringList{QString::fromLatin1(LookOf(pen).Hint(target)), QStringLiteral("Escape drops what is begun."),
                          QStringLiteral("Ctrl with +, -, 0 or the wheel: zoom."),
                          QStringLiteral("Right click in a shaded strip: next page.")};
     hint_->setToolTip(hints_.join(u"  "));

@@ -1,7 +1,7 @@
 # Sourced by the commands of this project: installs the Debian packages that are missing, and says which; builds.
 # With TRX_BUILT, the folder of a finished build, the commands use that one and install nothing: so their tests run them.
 
-build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libsqlitecpp-dev libsqlite3-dev libcli11-dev fonts-dejavu-core"
+build_packages="cmake ninja-build g++ qt6-base-dev qt6-serialport-dev libsqlitecpp-dev libsqlite3-dev libcli11-dev libmuparser-dev fonts-dejavu-core"
 
 packaging_packages="dpkg-dev file"
 

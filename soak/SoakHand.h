@@ -72,11 +72,15 @@ class SoakHand {
         if (QWidget* const popup = QApplication::activePopupWidget()) {
             return popup;
         }
+        const QWidget* blocked = nullptr;
         if (QWidget* const modal = QApplication::activeModalWidget()) {
-            return modal;
+            if (modal->windowModality() == Qt::ApplicationModal) {
+                return modal;
+            }
+            blocked = modal->parentWidget();
         }
         QWidgetList windows = Windows();
-        windows.removeIf([](const QWidget* window) { return window->isMinimized(); });
+        windows.removeIf([blocked](const QWidget* window) { return window->isMinimized() || window == blocked; });
         return windows.isEmpty() ? nullptr : Pick(windows);
     }
 

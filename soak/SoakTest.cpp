@@ -302,6 +302,7 @@ class WholeSoak : public WholeBench {
         Count(QStringLiteral("steps in a modal box"), modal);
         Count(QStringLiteral("steps in a modal box in an operation"), modal && Running());
         Count(QStringLiteral("steps with comset"), Window("comset") != nullptr);
+        Count(QStringLiteral("steps with formula"), Window("formula") != nullptr);
         Count(QStringLiteral("steps with about"), Window("about") != nullptr);
         Count(QStringLiteral("steps with a trace copied"),
               program.editor.CopyStart == 0 && program.editor.CopyEnd == 2048);

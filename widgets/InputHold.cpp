@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QWidget>
 
 namespace {
 
@@ -18,7 +19,8 @@ void InputHold::Set(bool hold) {
 }
 
 bool InputHold::eventFilter(QObject* /*watched*/, QEvent* event) {
-    if (QApplication::activeModalWidget() != nullptr) {
+    const QWidget* const modal = QApplication::activeModalWidget();
+    if (modal != nullptr && modal->windowModality() == Qt::ApplicationModal) {
         return false;
     }
     switch (event->type()) {

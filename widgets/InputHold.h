@@ -5,7 +5,7 @@
 #include "platform/Desktop.h"
 
 // While it is set, keys and clicks in all windows of the program do nothing but beep. Escape, closing, repainting and
-// modal boxes still act.
+// boxes that are modal to the whole program still act.
 class InputHold : public QObject {
   public:
     explicit InputHold(Desktop& desktop) : desktop_(desktop) {}

@@ -26,7 +26,7 @@ tar -xzf trx5276-*.tar.gz -C tar --strip-components=1
 
 # The Debian package
 fields=$(dpkg-deb -f trx5276_*.deb)
-for field in "Package: trx5276" "Section: electronics" "Depends: .*libqt6widgets6\(t64\)\? .*libsqlite3-0"; do
+for field in "Package: trx5276" "Section: electronics" "Depends: .*libmuparser2v5.*libqt6widgets6\(t64\)\? .*libsqlite3-0"; do
     grep -q "^$field" <<<"$fields" || fail "no $field in: $fields"
 done
 share=deb/usr/share

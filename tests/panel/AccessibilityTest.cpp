@@ -1,5 +1,6 @@
 #include <QAccessible>
 #include <QButtonGroup>
+#include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -36,7 +37,7 @@ QList<QWidget*> Shown(QWidget* window) {
 
 // What a user acts on. The overview picture of Main only shows.
 QList<QWidget*> ControlsOf(QWidget* window) {
-    QList<QWidget*> controls = Shown<QAbstractButton, QLineEdit, QPlainTextEdit, QTabBar>(window);
+    QList<QWidget*> controls = Shown<QAbstractButton, QLineEdit, QPlainTextEdit, QTabBar, QListWidget>(window);
     controls += window->objectName() == u"Editor" ? Shown<PictureBox>(window) : QList<QWidget*>();
     erase_if(controls, [](const QWidget* control) { return !control->isEnabled(); });
     return controls;
@@ -92,7 +93,8 @@ void ExpectNamed(QWidget* window) {
         EXPECT_TRUE(!hasUnit || name.contains(u", in ")) << Described(control);
     }
     for (QWidget* const label : Shown<QLabel>(window)) {
-        const QString text = QTextDocumentFragment::fromHtml(static_cast<QLabel*>(label)->text()).toPlainText();
+        const QString text =
+            QTextDocumentFragment::fromHtml(static_cast<QLabel*>(label)->text()).toPlainText().remove(u'&');
         EXPECT_TRUE(QString(Heard(label) + Heard(label, QAccessible::Description)).contains(text)) << Described(label);
     }
     for (const auto* const menu : window->findChildren<QMenu*>()) {
@@ -110,7 +112,8 @@ void ExpectNamed(QWidget* window) {
 void ExpectRoom(QWidget* window) {
     window->resize(window->minimumSize());
     QCoreApplication::processEvents();
-    const QList<QWidget*> controls = Shown<QLabel, QAbstractButton, QLineEdit, QPlainTextEdit, PictureBox>(window);
+    const QList<QWidget*> controls =
+        Shown<QLabel, QAbstractButton, QLineEdit, QPlainTextEdit, QListWidget, PictureBox>(window);
     for (qsizetype i = 0; i < controls.size(); ++i) {
         const QWidget& control = *controls[i];
         const QRect place(control.mapTo(window, QPoint()), control.size());
@@ -148,8 +151,14 @@ struct Windows : PanelBench {
             ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() != form.get(); }));
             check(QApplication::activeWindow());
         }
-        QApplication::activeWindow()->findChild<QAbstractButton*>(QStringLiteral("opEditmode_1"))->click();
+        QWidget* const editor = QApplication::activeWindow();
+        editor->findChild<QAction*>(QStringLiteral("mnuformula"))->trigger();
+        ASSERT_TRUE(QTest::qWaitFor([editor] { return QApplication::activeWindow() != editor; }));
         check(QApplication::activeWindow());
+        QTest::keyClick(QApplication::activeWindow(), Qt::Key_Escape);
+        ASSERT_TRUE(Activate(editor));
+        editor->findChild<QAbstractButton*>(QStringLiteral("opEditmode_1"))->click();
+        check(editor);
         form.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // while its state stands
         QTimer whenShown;

@@ -63,6 +63,9 @@ struct Walk : History {
         editor.ArbSignal.fill(static_cast<qint16>(Random(100)));
         const std::function<void()> operations[] = {
             [this] { ClearTable(editor, tables); },
+            [this] {
+                FillMemory(editor, tables, {4000, 4001}, std::vector<qint16>{5, 6});
+            },
             [this] { GenerateMemory(editor, tables, program.memories); },
             [this] { RepeatTrace(editor, tables); },
             [this] { FitTrace(editor, tables); },
@@ -132,9 +135,9 @@ TEST_F(History, EachStepHasItsName) {
     WorkOn(EditTarget::Signal, editor, tables);
     Press(Pen::Draw, 1500);
     ClearTable(editor, tables);
-    EXPECT_EQ(
-        All(Replay::Undo),
-        u"delete signal, point, fit, import, import, generate memory data, delete memory, entry, paste, delete, line");
+    EXPECT_EQ(All(Replay::Undo),
+              u"delete signal, point, fit, import, fill by formula, import, generate memory data, delete memory, "
+              u"entry, paste, delete, line");
 }
 
 // With the change of another program undone over, the file would be one that never was.

@@ -37,4 +37,34 @@ TEST_F(Operations, ThatFindNothingToWorkOnChangeNothing) {
     }
 }
 
+TEST_F(Operations, FillTheStretchAloneWithEveryRecordOfAnAddressAndMissingOnes) {
+    const std::vector<qint16> samples{5, 6, 7, 8};
+    Execute(set, "delete from ARB4 where Adr not in (9, 11, 14); insert into ARB4 values (11, 1), (12, 1)");
+    EXPECT_TRUE(FillMemory(editor, tables, {10, 13}, samples).changed);
+    EXPECT_EQ(Rows(set, "ARB4"), u"9=0 10=5 11=6 11=6 12=7 13=8 14=0");
+    editor.Size = &kMemory16k;
+    EXPECT_TRUE(FillMemory(editor, tables, {16380, 16383}, samples).changed);
+    EXPECT_EQ(Rows(set, "ARB16 where Adr > 16378"), u"16379=0 16380=5 16381=6 16382=7 16383=8");
+}
+
+TEST_F(Operations, KnowTheStretchesOfTheTable) {
+    const std::tuple<const MemorySize*, int, int, std::optional<Stretch>> copies[] = {
+        {&kMemory4k, 0, 0, std::nullopt},
+        {&kMemory4k, 200, 100, Stretch{100, 200}},
+        {&kMemory4k, 16000, 4090, Stretch{4090, 4095}},
+        {&kMemory4k, 4096, 16384, std::nullopt},
+        {&kMemory16k, 16384, 16000, Stretch{16000, 16383}},
+        {&kMemory16k, 10, -1, Stretch{0, 10}}};  // a drag under way
+    for (const auto& [size, start, end, expected] : copies) {
+        editor.Size = size;
+        editor.CopyStart = static_cast<qint16>(start);
+        editor.CopyEnd = static_cast<qint16>(end);
+        EXPECT_TRUE(StretchOf(FillStretch::Copied, editor) == expected) << start << ' ' << end;
+    }
+    EXPECT_TRUE(StretchOf(FillStretch::Whole, editor) == (Stretch{0, 16383}));
+    EXPECT_TRUE(StretchOf(FillStretch::View, editor) == (Stretch{1000, 2000}));
+    editor.ViewRight = 16384;
+    EXPECT_TRUE(StretchOf(FillStretch::View, editor) == (Stretch{1000, 16383}));
+}
+
 }  // namespace

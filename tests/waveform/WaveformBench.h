@@ -13,6 +13,7 @@
 #include "waveform/Choices.h"
 #include "waveform/CopyBuffer.h"
 #include "waveform/Entry.h"
+#include "waveform/FormulaFill.h"
 #include "waveform/Generation.h"
 #include "waveform/PenDrags.h"
 #include "waveform/Pens.h"
@@ -59,6 +60,10 @@ struct WaveformBench : ::testing::Test {
         {[this] { return ClearTable(editor, tables); }, false},
         {[this] { return GenerateMemory(editor, tables, program.memories); }, false},
         {[this] { return RepeatTrace(editor, tables); }, false},
+        {[this] {
+             return FillMemory(editor, tables, {1502, 1504}, std::vector<qint16>{5, 6, 7});
+         },
+         false},
         {[this] { return FitTrace(editor, tables); }, true},
         {[this] { return Fit(4096); }, true}};
 };

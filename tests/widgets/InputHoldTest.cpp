@@ -1,0 +1,29 @@
+#include <QDialog>
+
+#include "support/FakeDesktop.h"
+#include "support/FormHands.h"
+#include "widgets/InputHold.h"
+
+namespace {
+
+TEST(InputHold, HoldsAWindowThatIsModalToAFormButNoneThatIsModalToTheProgram) {
+    FakeDesktop desktop;
+    InputHold hold(desktop);
+    hold.Set(true);
+    for (const auto& [modality, taken] : {std::pair(Qt::WindowModal, u""), {Qt::ApplicationModal, u"1"}}) {
+        QWidget form;
+        form.show();
+        QDialog dialog(&form);
+        dialog.setWindowModality(modality);
+        QLineEdit field(&dialog);
+        dialog.show();
+        ASSERT_TRUE(Activate(&dialog));
+        QTest::keyClick(&field, Qt::Key_1);
+        EXPECT_EQ(field.text(), taken);
+        EXPECT_EQ(desktop.beeps, 1);
+        QTest::keyClick(&field, Qt::Key_Escape);
+        EXPECT_FALSE(dialog.isVisible());
+    }
+}
+
+}  // namespace
