@@ -149,6 +149,22 @@ TEST_F(Connecting, TheSearchBeginsEachPortAtTheUsualRateAndForgetsWhatItFoundBef
     EXPECT_EQ(state.LinkUp, 0);
 }
 
+TEST_F(Connecting, ASearchAbandonedAtAnyRateEndsInSilenceWithoutALink) {
+    for (int last = 1; last <= 6; ++last) {
+        const LinkOperation operation = link.gate.Join();
+        int asked = 0;
+        line.reply = [&](const QString&, const QString&) {
+            line.lineFreeMs = ++asked < last ? 0 : clock.nowMs + 1000;
+            return asked < last ? QByteArray("noise\r") : QByteArray();
+        };
+        clock.onWait = [&] { asked < last ? void() : link.gate.Abandon(); };
+        link.connection.ConnectUnit();
+        EXPECT_EQ(asked, last);
+        EXPECT_EQ(desktop.boxes, QStringList());
+        EXPECT_EQ(state.LinkUp, 0) << last;
+    }
+}
+
 TEST_F(Connecting, ASilentUnitGivesTwoBoxesAndALoneCrCountsAsFoundButNotAsAVersion) {
     link.connection.ConnectUnit();
     EXPECT_EQ(desktop.boxes, QStringList({kReadError.arg(u"ID?"), kReadError.arg(u"ID?")}));
