@@ -19,7 +19,7 @@ QString Heard(QWidget* control, QAccessible::Text part = QAccessible::Name) {
     return QAccessible::queryAccessibleInterface(control)->text(part);
 }
 
-std::string Described(QWidget* control) { return QString(control->objectName() + u' ' + Heard(control)).toStdString(); }
+QString Described(QWidget* control) { return control->objectName() + u' ' + Heard(control); }
 
 template <typename... Kinds>
 QList<QWidget*> Shown(QWidget* window) {
@@ -86,10 +86,12 @@ void ExpectNamed(QWidget* window) {
     QSet<QString> names;
     for (QWidget* const control : ControlsOf(window)) {
         const QString name = Heard(control);
-        EXPECT_FALSE(name.isEmpty() || names.contains(name)) << Described(control);
+        EXPECT_NE(name, QString()) << Described(control);
+        EXPECT_FALSE(names.contains(name)) << Described(control);
         names += name;
-        const bool hasUnit = window->objectName() == u"Main" && qobject_cast<EntryField*>(control) != nullptr;
-        EXPECT_TRUE(!hasUnit || name.contains(u", in ")) << Described(control);
+        if (window->objectName() == u"Main" && qobject_cast<EntryField*>(control) != nullptr) {
+            EXPECT_TRUE(name.contains(u", in ")) << Described(control);
+        }
     }
     for (QWidget* const label : Shown<QLabel>(window)) {
         const QString text = QTextDocumentFragment::fromHtml(static_cast<QLabel*>(label)->text()).toPlainText();
@@ -100,7 +102,8 @@ void ExpectNamed(QWidget* window) {
         for (const QAction* const item : menu->objectName().isEmpty() ? QList<QAction*>() : menu->actions()) {
             const QKeySequence letter = QKeySequence::mnemonic(item->text());
             const QKeySequence key = letter.isEmpty() ? item->shortcut() : letter;
-            EXPECT_TRUE(item->isSeparator() || !(key.isEmpty() || keys.contains(key))) << item->text().toStdString();
+            EXPECT_EQ(key.isEmpty(), item->isSeparator()) << item->text();
+            EXPECT_FALSE(!key.isEmpty() && keys.contains(key)) << item->text();
             keys += key;
         }
     }
@@ -124,7 +127,8 @@ void ExpectRoom(QWidget* window) {
             EXPECT_FALSE(place.intersects(other)) << Described(controls[i]) << " on " << Described(controls[k]);
         }
     }
-    EXPECT_TRUE(window->minimumSizeHint().width() <= 1900 && window->minimumSizeHint().height() <= 1000);
+    EXPECT_LE(window->minimumSizeHint().width(), 1900);
+    EXPECT_LE(window->minimumSizeHint().height(), 1000);
 }
 
 struct Windows : PanelBench {
