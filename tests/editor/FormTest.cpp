@@ -27,16 +27,4 @@ TEST_F(EditorForm, ClosingReadsTheFileBackOnceAndKeepsThePlace) {
     EXPECT_EQ(QRect(form->pos(), form->size()), QRect(60, 90, 700, 500));
 }
 
-TEST_F(EditorForm, ThePicturesAreWorkedByKeys) {
-    Get("Picture1")->setFocus();
-    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Space, Qt::Key_End, Qt::Key_Left, Qt::Key_Space}) {
-        Key(key);
-    }
-    Tick();
-    EXPECT_TRUE(state.ViewLeft == 0 && state.ViewRight > 4000 && state.ViewRight < 4095);
-    Get("Picture2")->setFocus();
-    Key(Qt::Key_Return);
-    EXPECT_TRUE(state.LineActive);
-}
-
 }  // namespace

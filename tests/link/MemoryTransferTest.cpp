@@ -20,19 +20,6 @@ TEST_F(MemoryTransfers, StaysInSightUntilTheLineHasCarriedTheLastPoint) {
     EXPECT_EQ(shownUntilMs, line.lineFreeMs);
     EXPECT_EQ(front.progress.constLast(), 4050);
     EXPECT_TRUE(front.hidden);
-
-    // The user closes the window meanwhile.
-    line.lineFreeMs = clock.nowMs + 60'000;
-    clock.onWait = [&] {
-        if (line.wire.endsWith("are\r")) {
-            link.gate.Abandon();
-        }
-    };
-    const qint64 before = clock.nowMs;
-    line.wire.clear();
-    link.memory.SendArb(kMemory4k);
-    EXPECT_LT(clock.nowMs - before, 100);
-    EXPECT_TRUE(line.wire.endsWith("arp4:4095=99\rare\r"));
 }
 
 TEST_F(MemoryTransfers, TheUserIsServedAndMayAbandonThem) {

@@ -48,25 +48,4 @@ TEST_F(WholeFaults, AnEndlessReplyAndAPullWhileIdleLeaveTheSwitchUsable) {
     EXPECT_FALSE(com.PortOpen());
 }
 
-TEST_F(WholeFaults, ALineThatTakesNothingIsAFaultAndNoHang) {
-    auto& instrument = Connect({}, 115200);
-    instrument.SetFaults({.stall = std::chrono::minutes(5)});
-    // More than any buffer between holds.
-    for (int i = 0; i < 200'000; ++i) {
-        com.Output('x');
-    }
-    while (com.FlushOutput() == Com::OutputState::Waiting) {
-    }
-    EXPECT_EQ(com.FlushOutput(), Com::OutputState::Stalled);
-    QElapsedTimer elapsed;
-    elapsed.start();
-    clock.silent = [] { return true; };
-    panel.Click("Command4");
-    EXPECT_EQ(desktop.boxes.size(), 1);
-    EXPECT_EQ(program.link.LinkUp, 0);
-    panel.form->close();
-    com.SetPortOpen(false);
-    EXPECT_LT(elapsed.elapsed(), 2900);
-}
-
 }  // namespace

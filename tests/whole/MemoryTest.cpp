@@ -58,20 +58,6 @@ TEST_F(WholeMemory, EveryPointOfBothMemoriesArrivesEitherWay) {
     EXPECT_TRUE(desktop.boxes.isEmpty());
 }
 
-// The line counts as busy for as long as its rate says, but not when the far end has shown that it is faster.
-TEST_F(WholeMemory, BehindAMemoryThatWasTakenAtOnceSilenceIsToldWithoutDelay) {
-    auto& instrument = Connect({}, 4800);
-    clock.paces = false;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    panel.Get<QAction>("mnuStArb4")->trigger();  // 100 s at 4800 baud
-    instrument.SetFaults({.muteAfterQueries = 0});
-    clock.silent = [] { return true; };
-    panel.Click("Command3");
-    EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( amt?\r )")));
-    EXPECT_LT(elapsed.elapsed(), 30'000);
-}
-
 TEST_F(WholeMemory, ClosedInTheMiddleOfASlowTransferItEndsInOrder) {
     auto& instrument =
         Connect({.realTime = true,
