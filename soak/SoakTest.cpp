@@ -344,7 +344,7 @@ class WholeSoak : public WholeBench {
 };
 
 // TRX_SOAK_STEPS and TRX_SOAK_SEED make it another walk. A walk that hangs ends by the time limit of the test; the file
-// soak.log tells the way there.
+// soak.log has the steps that led there.
 TEST_F(WholeSoak, NoRandomWalkBreaksTheProgram) {
     const int steps = FromEnvironment("TRX_SOAK_STEPS", kShortWalk);
     Walk(steps);

@@ -137,7 +137,7 @@ class TakeField {
     PanelState& panel_;
 };
 
-// Position in the row of the column of this name, in any case of letters; -1 if there is none.
+// Position in the row of the column of this name, in upper or lower case; -1 if there is none.
 int FindColumn(const SQLite::Statement& row, const char* name) {
     for (int position = 0; position < row.getColumnCount(); ++position) {
         if (qstricmp(row.getColumnName(position), name) == 0) {

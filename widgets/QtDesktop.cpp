@@ -25,7 +25,7 @@ QWidget* QtDesktop::Parent() {
 
 void QtDesktop::MessageBox(const QString& text, const QString& title) {
     // A close of the window that came while the program was waiting would get lost behind the box. What was typed and
-    // clicked meanwhile does get lost: it was meant for what the box now says is over.
+    // clicked meanwhile is dropped: it was meant for the operation that the box is about.
     InputHold hold(*this);
     hold.Set(true);
     QCoreApplication::processEvents();

@@ -100,8 +100,8 @@ void ExpectNamed(QWidget* window) {
     for (const auto* const menu : window->findChildren<QMenu*>()) {
         QSet<QKeySequence> keys;
         for (const QAction* const item : menu->objectName().isEmpty() ? QList<QAction*>() : menu->actions()) {
-            const QKeySequence letter = QKeySequence::mnemonic(item->text());
-            const QKeySequence key = letter.isEmpty() ? item->shortcut() : letter;
+            const QKeySequence mnemonic = QKeySequence::mnemonic(item->text());
+            const QKeySequence key = mnemonic.isEmpty() ? item->shortcut() : mnemonic;
             EXPECT_EQ(key.isEmpty(), item->isSeparator()) << item->text();
             EXPECT_FALSE(!key.isEmpty() && keys.contains(key)) << item->text();
             keys += key;
@@ -170,13 +170,13 @@ struct Windows : PanelBench {
 };
 
 struct LargeWindows : Windows {
-    static void ScaleLetters(double factor) {
+    static void ScaleFonts(double factor) {
         QFont font;
         font.setPointSizeF(factor * font.pointSizeF());
         QApplication::setFont(font);
     }
-    static void SetUpTestSuite() { ScaleLetters(2.0); }
-    static void TearDownTestSuite() { ScaleLetters(0.5); }
+    static void SetUpTestSuite() { ScaleFonts(2.0); }
+    static void TearDownTestSuite() { ScaleFonts(0.5); }
 };
 
 TEST_F(Windows, AreReachedByKeys) { Check(ExpectReachable); }
