@@ -56,6 +56,10 @@ TEST_F(EntryFields, FilterEveryWayInAndDropTheRestInSilence) {
     QTest::keyClick(Get("Text1"), 'z', Qt::AltModifier);
     QTest::keyClick(Get("Text1"), '-', Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(Text("Text1"), u"12.5");
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("x7"));
+    QApplication::sendEvent(Get("Text1"), &composed);
+    EXPECT_EQ(Text("Text1"), u"12.57");
     EXPECT_EQ(desktop.beeps, 0);
 }
 

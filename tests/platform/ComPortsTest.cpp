@@ -46,11 +46,12 @@ TEST(ComPorts, AdaptersComeFirstAndEachKindByItsNumbers) {
     const QTemporaryDir folder;
     ASSERT_TRUE(QFile::link(QStringLiteral("/dev/other"), folder.filePath(QStringLiteral("com4"))));
     const QList<SystemPort> here{Port("ttyS0", false), Port("ttyUSB10", true), Port("ttyUSB2", true)};
+    const QList<SystemPort> mixed{Port("ttyUSB2", true), Port("ttyACM10", true)};
     const QList<SystemPort> elsewhere = here + QList<SystemPort>{Port("COM7", true)};
     const std::tuple<int, QList<SystemPort>, const char16_t*> cases[]{
-        {0, here, u""},           {1, here, u"/dev/ttyUSB2"}, {2, here, u"/dev/ttyUSB10"},
-        {3, here, u"/dev/ttyS0"}, {4, here, u"/dev/other"},   {5, here, u""},
-        {2, elsewhere, u"COM2"}};
+        {0, here, u""},           {1, here, u"/dev/ttyUSB2"},  {2, here, u"/dev/ttyUSB10"},
+        {3, here, u"/dev/ttyS0"}, {4, here, u"/dev/other"},    {5, here, u""},
+        {2, elsewhere, u"COM2"},  {1, mixed, u"/dev/ttyACM10"}};
     for (const auto& [number, ports, device] : cases) {
         EXPECT_EQ(FindComPort(number, folder.path(), [&ports = ports] { return ports; }), device) << number;
     }

@@ -40,6 +40,15 @@ TEST(FrequencyRules, HoldsTheEntryInHertzWithinInclusiveBounds) {
     EXPECT_EQ(HoldFrequency(16.0, 2, kComma).hint, u"Frequencyrange: 0,0001 to 15000000,0000");
 }
 
+TEST(FrequencyRules, TheToolTipNamesTheMaximumOfEachForm) {
+    quint8 bmSignal = 0;
+    for (const char16_t* const maximum : {u" 15MHz", u" 15MHz", u" 1MHz", u" 100kHz", u" 100kHz",
+                                          u" 10MHz (sampling rate 40MHz)", u" 10MHz (sampling rate 40MHz)", u" mode"}) {
+        EXPECT_TRUE(FrequencyToolTip(bmSignal).endsWith(QString::fromUtf16(maximum))) << int{bmSignal};
+        ++bmSignal;
+    }
+}
+
 TEST(LevelRules, HoldsALevelWithinTheBoundsOfItsUnit) {
     const std::tuple<double, Truth, bool, double, const char16_t*> cases[] = {
         {0.02, kTrue, false, 0.02, u""},      {0.0199, kTrue, false, 0.02, u"Min. Level: 0.0200"},
