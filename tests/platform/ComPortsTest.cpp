@@ -62,7 +62,8 @@ TEST(ProgramFolders, AreTheUsersOwnWhereTheProgramsOwnIsClosed) {
     qputenv("XDG_DATA_HOME", QFile::encodeName(data.path()));
     EXPECT_EQ(ProgramFolder(data.path()), data.path());
     const QString own = ProgramFolder(QStringLiteral("/proc/none"));  // nobody can write there
-    EXPECT_TRUE(own.startsWith(data.path()) && QFileInfo(own).isDir());
+    EXPECT_TRUE(own.startsWith(data.path()));
+    EXPECT_TRUE(QFileInfo(own).isDir());
 }
 
 }  // namespace
