@@ -248,7 +248,7 @@ void Main::ReadAndRefresh() {
     desktop_.BusyOff();
 }
 
-// Nothing if a command on the link may not go ahead; the user is told why.
+// Nothing if a command on the link may not go ahead; a beep or a hint has said so.
 std::optional<LinkOperation> Main::BeginCommand() {
     auto operation = link_.gate.Begin();
     if (operation) {

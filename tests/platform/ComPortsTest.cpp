@@ -14,8 +14,8 @@ namespace {
 constexpr uid_t kNobody = 65534;
 constexpr gid_t kGroupWithoutRoot = 20;
 
-// The device's owner counts as its owner alone, so that a mode for its group shuts out whoever runs this; but for root,
-// who is somebody else meanwhile.
+// A mode for the group alone shuts out the device's owner, who runs this; root, who may do everything, runs it as
+// another user meanwhile.
 TEST(ComPorts, WhoHasNoPermissionIsToldTheGroupThatHasIt) {
     const QTemporaryDir folder;
     const QString device = folder.filePath(QStringLiteral("tty"));
