@@ -11,7 +11,8 @@ install(FILES app/icons/trx5276.svg DESTINATION ${icons}/scalable/apps)
 foreach(size 16 22 24 32 48 64 128 256)
   install(FILES app/icons/${size}.png DESTINATION ${icons}/${size}x${size}/apps RENAME trx5276.png)
 endforeach()
-install(FILES README.md CHANGELOG.md ARCHITECTURE.md CONTRIBUTING.md app/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/trx5276)
+install(FILES README.md CHANGELOG.md ARCHITECTURE.md CONTRIBUTING.md app/copyright
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/trx5276)
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/trx5276)
 
 set(CPACK_GENERATOR DEB TGZ)

@@ -52,7 +52,7 @@ inline constexpr std::array<EnumerationRow, 5> kModes{{
     {"Trg - slope", "trm-", "", "Triggered negative slope"},
 }};
 
-// The command words of both modulations stand with the sequences that send them.
+// The command words of both modulations are in link/SettingCommands.cpp, with the sequences that send them.
 inline constexpr std::array<EnumerationRow, 3> kAmplitudeModulations{{
     {"", "", "AM0", "Off"},
     {"Modulation external", "", "AMX", "External"},

@@ -7,6 +7,9 @@ class FixedName {
   public:
     static constexpr qsizetype kLength = 200;
 
+    FixedName() = default;
+    explicit FixedName(const QString& name) { Set(name); }
+
     void Set(const QString& name) { text_ = name.leftJustified(kLength, u' ', true); }
     const QString& Text() const { return text_; }
     // Without the blanks at its end; empty if nothing was chosen yet.

@@ -21,7 +21,7 @@ class UserNumbers {
   public:
     explicit UserNumbers(const QLocale& locale = QLocale());
 
-    quint8 DecimalSeparator = 46;  // character code: 44 where the user writes a comma, else 46
+    quint8 DecimalSeparator;  // character code: 44 where the user writes a comma, else 46
 
     // Display text by a picture, with the user's separator.
     QString Picture(double value, const char* picture) const;

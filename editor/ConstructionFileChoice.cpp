@@ -12,47 +12,40 @@ FileRequest Request(const QString& title, const QString& extension) {
             .longest = FixedName::kLength};
 }
 
-// The hourglass stays for the caller, which goes on with the file.
-bool Take(const ConstructionChoice& choice, const QString& chosen) {
-    if (chosen.isEmpty()) {
-        return false;
-    }
-    choice.desktop.BusyOn();
-    choice.ConstructionFileName.Set(chosen);
-    return true;
-}
-
 }  // namespace
 
-bool EnsureConstructionFile(const ConstructionChoice& choice) {
+FixedName EnsureConstructionFile(const ConstructionChoice& choice) {
     if (!choice.ConstructionFileName.Name().isEmpty()) {
-        return true;
+        return choice.ConstructionFileName;
     }
     const bool makeNew = choice.desktop.Question(QStringLiteral("Do you want to create a new Signal?"),
                                                  QStringLiteral("Arbitrary Editor"), Desktop::Default::Yes);
     return makeNew ? ChooseNewConstructionFile(choice) : ChooseConstructionFile(choice);
 }
 
-bool ChooseNewConstructionFile(const ConstructionChoice& choice) {
+FixedName ChooseNewConstructionFile(const ConstructionChoice& choice) {
     const QString title = QStringLiteral("New construction data");
     choice.boxfile.FileName = QStringLiteral("*.con");
-    const QString chosen = choice.boxfile.ShowSave(Request(title, QStringLiteral("con")));
-    const FixedName former = choice.ConstructionFileName;
-    if (RefuseHeld(chosen, choice.heldFiles, choice.desktop, title) || !Take(choice, chosen)) {
-        return false;
+    const FixedName chosen(choice.boxfile.ShowSave(Request(title, QStringLiteral("con"))));
+    const QString name = chosen.Name();
+    if (name.isEmpty() || RefuseHeld(name, choice.heldFiles, choice.desktop, title)) {
+        return FixedName();
     }
-    const QString name = choice.ConstructionFileName.Name();
+    choice.desktop.BusyOn();
     if (SaveConstructionFile(CreateConstructionFile(name))) {
-        return true;
+        return chosen;
     }
-    choice.ConstructionFileName = former;
     choice.desktop.BusyOff();
     choice.desktop.MessageBox(u"The file can't be written:\n" + name, title);
-    return false;
+    return FixedName();
 }
 
-bool ChooseConstructionFile(const ConstructionChoice& choice) {
+FixedName ChooseConstructionFile(const ConstructionChoice& choice) {
     choice.boxfile.FileName = QStringLiteral("*.con");
-    return Take(choice,
-                choice.boxfile.ShowOpen(Request(QStringLiteral("Select construction data"), QStringLiteral("CON"))));
+    const FixedName chosen(
+        choice.boxfile.ShowOpen(Request(QStringLiteral("Select construction data"), QStringLiteral("CON"))));
+    if (!chosen.Name().isEmpty()) {
+        choice.desktop.BusyOn();
+    }
+    return chosen;
 }

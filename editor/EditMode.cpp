@@ -32,20 +32,20 @@ QStringList EditMode::HeldSettingFiles() const {
 }
 
 bool EditMode::ChooseAndCheck(Chooser choose) {
-    FixedName& name = context_.program.ConstructionFileName;
-    const FixedName former = name;
     // New construction data may take the place of the present one, but for a file that holds the memories too.
-    if (!choose({name, boxfile_, context_.desktop, HeldSettingFiles()})) {
+    const FixedName chosen =
+        choose({context_.program.ConstructionFileName, boxfile_, context_.desktop, HeldSettingFiles()});
+    const QString name = chosen.Name();
+    if (name.isEmpty()) {
         return false;
     }
-    const QString chosen = name.Name();
-    const ConstructionOutcome outcome = CheckConstructionFile(chosen);
+    const ConstructionOutcome outcome = CheckConstructionFile(name);
     if (outcome == ConstructionOutcome::Usable) {
+        context_.program.ConstructionFileName = chosen;
         return true;
     }
-    name = former;
     context_.desktop.BusyOff();
-    context_.desktop.MessageBox(Complaint(outcome) + u'\n' + chosen, QStringLiteral("Arbitrary Editor"));
+    context_.desktop.MessageBox(Complaint(outcome) + u'\n' + name, QStringLiteral("Arbitrary Editor"));
     if (context_.program.editor.Target != EditTarget::Memory) {
         WorkOn(EditTarget::Memory, context_.program.editor, context_.tables);
     }

@@ -25,7 +25,7 @@ class EditMode {
 
   private:
     QStringList HeldSettingFiles() const;
-    using Chooser = bool (*)(const ConstructionChoice& choice);
+    using Chooser = FixedName (*)(const ConstructionChoice& choice);
     bool ChooseAndCheck(Chooser choose);
     void GoOverTo(Chooser choose);
 

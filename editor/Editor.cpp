@@ -75,7 +75,7 @@ void Editor::MakeControls() {
                    QStringLiteral("Show the points of the view as dots"));
     Marker->setToolTip(QStringLiteral("Show the points of the view as dots"));
     opFit = Named(new QPushButton(QStringLiteral("Fit copied to signal"), strip_), QStringLiteral("opFit"),
-                  QStringLiteral("Fit the copied stretch to the whole signal"));
+                  QStringLiteral("Fit the copied part to the whole signal"));
     opFit->setToolTip(QStringLiteral("Stretch what was copied over the whole axis, as the points of the signal"));
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setInterval(kRedrawIntervalMs);

@@ -21,7 +21,7 @@
 #include "editor/ViewPointer.h"
 #include "widgets/OptionGroup.h"
 
-// What the form Editor stands on. Tests bring their own.
+// What the form Editor needs. Tests provide their own.
 struct EditorServices {
     ProgramState& program;
     Desktop& desktop;

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "core/FixedName.h"
-
 namespace {
 
 using Path = std::filesystem::path;
@@ -27,12 +25,9 @@ bool AreOneFile(const Path& first, const Path& second) {
 }  // namespace
 
 bool RefuseHeld(const QString& chosen, const QStringList& held, Desktop& desktop, const QString& title) {
-    FixedName kept;
-    kept.Set(chosen);
-    const Path target = PathOf(kept.Name());
-    const bool refused = !chosen.isEmpty() && std::any_of(held.cbegin(), held.cend(), [&target](const QString& name) {
-        return AreOneFile(target, PathOf(name));
-    });
+    const Path target = PathOf(chosen);
+    const bool refused = std::any_of(held.cbegin(), held.cend(),
+                                     [&target](const QString& name) { return AreOneFile(target, PathOf(name)); });
     if (refused) {
         desktop.MessageBox(u"The editor works on this file. Please choose another name:\n" + chosen, title);
     }

@@ -41,10 +41,10 @@ const std::array<PenLook, 4> kPenLooks{{
     {"Set Point/Line", DrawPencil, true, "Click twice to draw a straight line; a right click drops it.",
      "Click to set a point, or to move the point at that address up or down."},
     {"Delete", DrawArrowAndCross, true, "Click to set one sample to 0.", "Click to remove a point."},
-    {"Copy", DrawArrowAndSheets, false, "Drag to copy a stretch; from right to left it is taken mirrored.",
+    {"Copy", DrawArrowAndSheets, false, "Drag to copy a part; from right to left it is copied mirrored.",
      "Copying is for the memory; choose another pen."},
-    {"Paste", DrawArrowAndBoard, true, "Drag the copied stretch to its place; it is written there on release.",
-     "Drag the copied stretch to its place; each sample becomes a point."},
+    {"Paste", DrawArrowAndBoard, true, "Drag the copied part to its place; it is written there on release.",
+     "Drag the copied part to its place; each sample becomes a point."},
 }};
 
 // The point of work is the corner: some desktops take it in logical pixels, some in those of the device.

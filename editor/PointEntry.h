@@ -14,6 +14,7 @@ class PointEntry {
 
     // enter is given the numbers; only the value is held to its range.
     PointEntry(const EditorState& editor, QWidget* parent, Enter enter);
+    Q_DISABLE_COPY_MOVE(PointEntry)
 
     std::array<EntryField*, 2> Text1;  // address and value
 

@@ -71,9 +71,7 @@ void Connection::ConnectUnit() {
 bool Connection::SearchRates() {
     for (const qint32 baud : kBaudRates) {
         if (gate_.Abandoned()) {
-            desktop_.BusyOff();
-            link_.LinkUp = 0;  // nobody was found by then, so there is nothing to give back
-            return false;
+            break;
         }
         transport_.ClosePort();
         if (!transport_.OpenPort(preferences_.ComPortNumber, LineSettings(baud))) {
@@ -84,6 +82,11 @@ bool Connection::SearchRates() {
         if (link_.UnitFound == 1) {
             return true;
         }
+    }
+    if (gate_.Abandoned()) {
+        desktop_.BusyOff();
+        link_.LinkUp = 0;  // nobody was found, so there is nothing to give back
+        return false;
     }
     link_.SerialErrorText = NotFound();
     transport_.ShowSerialError();

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// What of the window the link changes by itself.
+// The parts of the window that the link changes by itself.
 class LinkFront {
   public:
     virtual ~LinkFront() = default;

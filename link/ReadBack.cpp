@@ -27,7 +27,7 @@ void ReadBack::ReadAllFromUnit() {
     ReadStatus();
     ReadLevel();
     ReadFrequency();
-    // Queries that were cut short left values that nobody reported. Shown, they would switch the instrument's output.
+    // The values of queries that were cut short did not come from the instrument; to show them would switch its output.
     if (gate_.Abandoned()) {
         panel_ = former;
     }
@@ -96,7 +96,7 @@ void ReadBack::ReadLevel() {
     // Of a level that was kept too: the range follows from level and unit.
     panel_.bmBereich = LevelRangeNumber(panel_.mAmp, panel_.tmVPP);
     const double reported = Ask("OFS?");
-    // An offset that no field can hold says nothing of the switch either: the panel shows none that was not reported.
+    // An offset too great for the field leaves the switch alone too: the panel shows no offset that was not reported.
     if (!std::isfinite(reported)) {
         return;
     }

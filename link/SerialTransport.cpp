@@ -58,8 +58,8 @@ bool SerialTransport::Write(Pacing pacing) {
     return Flush();
 }
 
-// False if the line has stalled. While it is merely busy the user's events are served. Who has abandoned the operation
-// does not wait: what the port has not taken stays in line.
+// False if the line has stalled. While it is merely busy the user's events are served. An abandoned operation does
+// not wait: what the port has not taken stays in line.
 bool SerialTransport::Flush() {
     inLine_ = 0;
     Com::OutputState state = com_.FlushOutput();
@@ -125,7 +125,7 @@ bool SerialTransport::AwaitLine(bool orReply) {
     return com_.FlushOutput() != Com::OutputState::Stalled;
 }
 
-// Who abandons an operation is told of no fault.
+// An abandoned operation ends without a message.
 void SerialTransport::EndCutQuery() {
     if (gate_.Abandoned()) {
         desktop_.BusyOff();

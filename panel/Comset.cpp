@@ -99,7 +99,7 @@ void Comset::DescribePort(int number) {
     }
 }
 
-// The tool tip tells what is behind the port at the moment of reading, not of opening the dialog.
+// The tool tip describes the port at the moment when it is shown, not when the dialog was opened.
 bool Comset::eventFilter(QObject* watched, QEvent* event) {
     for (int number = kFirstComPort; event->type() == QEvent::ToolTip && number <= kLastComPort; ++number) {
         if (watched == port->Option(number)) {

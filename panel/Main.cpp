@@ -175,8 +175,8 @@ void Main::Main_Form_Unload() {
     GiveUnitBack();
 }
 
-// With no window left, so that the user does not wait for a slow line: "RM0" is handed over at once, and the program
-// ends when it has left.
+// The window is hidden first, so that the user does not wait for a slow line: "RM0" is given to the port at once, and
+// the program ends when it has left.
 void Main::GiveUnitBack() {
     hide();
     services_.clock.ServeEvents();
@@ -214,7 +214,7 @@ void Main::OnGateChanged(bool running) {
     }
 }
 
-// Whoever wonders why there is no link is told what is wrong with the port now.
+// The tool tip of cRM describes the port as it is now, for a user who wonders why there is no link.
 bool Main::eventFilter(QObject* watched, QEvent* event) {
     if (watched == cRM && event->type() == QEvent::ToolTip) {
         const int number = program_.preferences.ComPortNumber;
@@ -249,7 +249,7 @@ void Main::ReadAndRefresh() {
     desktop_.BusyOff();
 }
 
-// Nothing if a command on the link may not go ahead; the user is told why.
+// Nothing if a command on the link may not go ahead; a beep or a hint has said so.
 std::optional<LinkOperation> Main::BeginCommand() {
     auto operation = link_.gate.Begin();
     if (operation) {

@@ -28,7 +28,7 @@ class QTabWidget;
 class SweepGroup;
 struct MainMenu;
 
-// What the form Main stands on. Tests bring their own.
+// What the form Main needs. Tests provide their own.
 struct MainServices {
     ProgramState& program;
     Com& com;

@@ -19,7 +19,7 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnuhilfe = AddItem(mnuab, "mnuhilfe", "Handbuch deutsch (PDF)");
     mnuhelp = AddItem(mnuab, "mnuhelp", "Manual english (PDF)");
     mnuabout = AddItem(mnuab, "mnuabout", "About");
-    // These captions have no letter to press.
+    // These captions have no mnemonic, so the items get shortcuts.
     mnuhilfe->setShortcut(Qt::SHIFT | Qt::Key_F1);
     mnuhelp->setShortcut(Qt::Key_F1);
     mnuabout->setShortcut(Qt::CTRL | Qt::Key_F1);

@@ -16,19 +16,18 @@ FileRequest Request(const QString& title) {
 
 bool SettingFileMenu::Load() {
     boxfile_.FileName = QStringLiteral("*.set");
-    const QString chosen = boxfile_.ShowOpen(Request(QStringLiteral("Select Settings")));
-    if (chosen.isEmpty()) {
+    const FixedName chosen(boxfile_.ShowOpen(Request(QStringLiteral("Select Settings"))));
+    const QString name = chosen.Name();
+    if (name.isEmpty()) {
         desktop_.BusyOff();
         return false;
     }
     desktop_.BusyOn();
-    const FixedName former = program_.SettingFileName;
-    program_.SettingFileName.Set(chosen);
-    const QString name = program_.SettingFileName.Name();
     if (LoadSettingFile(name, program_.panel, program_.memories) == LoadOutcome::NotASettingFile) {
-        program_.SettingFileName = former;
         desktop_.BusyOff();
         desktop_.MessageBox(u"This is not a settings file:\n" + name, QStringLiteral("Load settings"));
+    } else {
+        program_.SettingFileName = chosen;
     }
     return true;
 }
@@ -44,20 +43,19 @@ bool SettingFileMenu::SaveForEditor(const QStringList& held) {
 
 // True if the settings stand in the file chosen. An editor must not go over to a file that couldn't be written.
 bool SettingFileMenu::SaveAs(const QString& title, const QStringList& held, bool forEditor) {
-    const QString chosen = boxfile_.ShowSave(Request(title));
-    const FixedName former = program_.SettingFileName;
-    bool saved = false;
-    if (!RefuseHeld(chosen, held, desktop_, title) && !chosen.isEmpty()) {
-        desktop_.BusyOn();
-        program_.SettingFileName.Set(chosen);
-        const QString name = program_.SettingFileName.Name();
-        saved = SaveSettingFile(CreateSettingFile(name), program_.panel, program_.memories);
-        if (!saved && forEditor) {
-            program_.SettingFileName = former;
-            desktop_.BusyOff();
-            desktop_.MessageBox(u"The editor can't work on this file, because it can't be written:\n" + name, title);
-        }
+    const FixedName chosen(boxfile_.ShowSave(Request(title)));
+    const QString name = chosen.Name();
+    if (name.isEmpty() || RefuseHeld(name, held, desktop_, title)) {
+        desktop_.BusyOff();
+        return false;
     }
+    desktop_.BusyOn();
+    const bool saved = SaveSettingFile(CreateSettingFile(name), program_.panel, program_.memories);
     desktop_.BusyOff();
+    if (saved || !forEditor) {
+        program_.SettingFileName = chosen;
+    } else {
+        desktop_.MessageBox(u"The editor can't work on this file, because it can't be written:\n" + name, title);
+    }
     return saved;
 }

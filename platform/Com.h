@@ -43,7 +43,7 @@ class Com {
     virtual OutputState FlushOutput() = 0;
     // How long the line is still busy with what the port took, as far as can be known; 0 when it is idle.
     virtual qint64 LineTimeLeftMs() = 0;
-    // Tells that a reply came whole: the line carries nothing any more.
+    // To be called when a reply came whole: the line carries nothing any more.
     virtual void ReplyComplete() = 0;
     // Drops all that is in line and all that the driver still holds, the rest of a line that has begun too.
     virtual void DropOutput() = 0;

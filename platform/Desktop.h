@@ -8,7 +8,7 @@ struct FileRequest {
     QString title;
     QString filter;         // "Settings (*.set) |*.set": what is shown, then the pattern
     QString fileName = {};  // the name that stands in the dialog at first; a pattern stands for none
-    QString extension;      // given to a name that is saved without it; any case of letters
+    QString extension;      // added to a name that is saved without it; matched in upper or lower case
     qsizetype longest = 0;  // characters of a path that is saved; a longer one is cut. 0: any
 };
 

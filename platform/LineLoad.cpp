@@ -10,9 +10,10 @@ constexpr qint64 kBitsPerCharacter = 11;       // start, 8 data, 2 stop
 constexpr qint64 kPseudoTerminalKeeps = 4096;  // characters that are with the far end already, whatever is dropped
 constexpr qint64 kAdapterHolds = 1024;  // characters that an adapter may still hold when its driver has none left
 
-// More than any driver holds that does not tell. A pseudo-terminal, which does not, holds 20 KiB (measured on Linux
-// 6.18). The drivers of built-in ports and USB adapters hold a page of memory, 4 KiB on most systems and 64 KiB at the
-// most, and those of modem-class adapters 16 blocks; all of these tell. A whole memory has 48,000 characters or more.
+// More than any driver holds that does not report its count. A pseudo-terminal, which does not, holds 20 KiB (measured
+// on Linux 6.18). The drivers of built-in ports and USB adapters hold a page of memory, 4 KiB on most systems and 64
+// KiB at the most, and those of modem-class adapters 16 blocks; all of these report. A whole memory has 48,000
+// characters or more.
 constexpr qint64 kMostHeld = qint64{32} * 1024;
 
 }  // namespace

@@ -2,10 +2,10 @@
 
 #include <QtGlobal>
 
-// What the program believes of how long the line is still busy with what the port took. A port tells only what it
-// takes, which may be thousands of characters ahead of the line. So the time that the characters need at the line's
-// rate is counted, and corrected by whatever shows more: a driver that tells how much still waits in it, a complete
-// reply, a port that took more than any driver holds.
+// Estimates how long the line is still busy with what the port took. A port shows only what it takes, which may be
+// thousands of characters ahead of the line. So the time that the characters need at the line's rate is counted, and
+// corrected by better evidence: a driver that reports how much still waits in it, a complete reply, a port that took
+// more than any driver holds.
 //
 // Also whether the line has stalled: for 3.0 s it took nothing of what waits for it, here or in the driver.
 //
@@ -18,8 +18,8 @@ class LineLoad {
     void Taken(qint64 characters, qint64 nowUs);
     void AllTaken() { refused_ = false; }
     void Refused(qint64 nowUs);
-    // The driver says how many characters wait in it. 0 counts only from a driver that has told another number since
-    // the opening: a pseudo-terminal always says 0.
+    // The driver says how many characters wait in it. 0 counts only from a driver that has reported another number
+    // since the opening: a pseudo-terminal always says 0.
     void DriverHolds(qint64 characters, qint64 nowUs);
     // A complete reply came, so the line carries nothing any more.
     void Answered(qint64 nowUs) { freeUs_ = nowUs; }

@@ -204,7 +204,7 @@ void SerialControl::AwaitRoom() {
 #endif
 }
 
-// A driver that tells how much waits in it shows whether the line moves, and corrects what is believed of it.
+// A driver that reports how much waits in it shows whether the line moves; its count corrects the estimate.
 void SerialControl::AskDriver() {
 #ifdef Q_OS_UNIX
     int held = 0;

@@ -15,7 +15,7 @@ struct CsvCell {
 };
 
 // The lines of a CSV text that are not blank, without a byte order mark. Kept row by row, so that one very wide line
-// costs no more than itself. Cells are parted by tab, semicolon or comma and may stand in quotes; a number has a
+// costs no more than itself. Cells are separated by tab, semicolon or comma and may stand in quotes; a number has a
 // decimal point, or a comma in cells that commas do not part.
 class CsvTable {
   public:

@@ -21,6 +21,16 @@ inline void AddSwitch(CLI::App& app, const std::string& name, bool& target, cons
     app.add_flag(name, target, help)->disable_flag_override();
 }
 
+// The status to end with after a request for help or a usage that is not taken; nothing if the program is to run.
+inline std::optional<int> Parse(CLI::App& app, int argc, char** argv) {
+    try {
+        app.parse(argc, argv);
+        return std::nullopt;
+    } catch (const CLI::ParseError& outcome) {
+        return app.exit(outcome) == 0 ? 0 : kBadUsageStatus;
+    }
+}
+
 template <typename Count>
 void AddCount(CLI::App& app, const std::string& name, std::optional<Count>& target, const std::string& help) {
     app.add_option(name, target, help)->check(CLI::Range(0, 1'000'000'000))->type_name("N");

@@ -17,10 +17,8 @@ int Run(int argc, char** argv) {
     sim::TraceProgramOptions options;
     CLI::App app;
     sim::AddOptions(app, options);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& outcome) {
-        return app.exit(outcome) == 0 ? 0 : sim::kBadUsageStatus;
+    if (const auto status = sim::Parse(app, argc, argv)) {
+        return *status;
     }
     std::string error;
     std::array<std::string, 2> origins;

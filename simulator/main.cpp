@@ -54,10 +54,8 @@ int Run(int argc, char** argv) {
     sim::ProgramOptions options;
     CLI::App app;
     sim::AddOptions(app, options);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& outcome) {
-        return app.exit(outcome) == 0 ? 0 : sim::kBadUsageStatus;
+    if (const auto status = sim::Parse(app, argc, argv)) {
+        return *status;
     }
     // Blocked before the instrument's thread begins, so that they all reach the wait below. A reader of the log that
     // goes away must not end the program with its link left behind.

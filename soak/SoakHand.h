@@ -91,7 +91,7 @@ class SoakHand {
         return windows;
     }
 
-    // One act; tells what it was.
+    // One act; returns what it was.
     QString Act(QWidget* window) {
         if (auto* const menu = qobject_cast<QMenu*>(window)) {
             return Choose(*menu);

@@ -21,13 +21,13 @@ namespace {
 
 constexpr int kAttempts = 3;
 
-// The file that a name stands for: behind a link, that to which it leads.
+// The file that is meant by a name: of a symbolic link, its target.
 QFileInfo TargetOf(const QString& fileName) {
     const QFileInfo named(fileName);
     return QFileInfo(named.exists() ? named.canonicalFilePath() : named.absoluteFilePath());
 }
 
-// Short whatever the target is called, so that every name that can be saved can be built.
+// Short even for a long name of the target: the temporary name must not be too long for the file system.
 QString PartPrefix(const QFileInfo& target) {
     const QByteArray hash = QCryptographicHash::hash(target.fileName().toUtf8(), QCryptographicHash::Sha1);
     return QStringLiteral(".trx5276-") + QString::fromLatin1(hash.toHex().left(8)) + u'-';
@@ -39,18 +39,18 @@ QString NewPartName(const QFileInfo& target) {
            QStringLiteral(".part");
 }
 
-// A save that is under way holds a lock that keeps readers off; hold keeps off one that has just begun.
+// A save that is under way holds a lock that keeps readers away; `hold` keeps away one that has just begun.
 bool IsLeftBehind(const QString& part, std::unique_ptr<SQLite::Database>& hold) {
     try {
         hold = std::make_unique<SQLite::Database>(part.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
         hold->exec("BEGIN; SELECT count(*) FROM sqlite_master");
         return true;
     } catch (const std::exception& fault) {
-        return OutcomeOf(fault) == StoreOutcome::NotADatabase;  // it was killed while it wrote the head
+        return OutcomeOf(fault) == StoreOutcome::NotADatabase;  // it was killed while it wrote the header
     }
 }
 
-// What saves for this target left behind that were killed.
+// Removes the unfinished files of killed saves for this target.
 void ClearParts(const QFileInfo& target) {
     const QDir folder(target.absolutePath());
     const QStringList parts =
@@ -64,11 +64,12 @@ void ClearParts(const QFileInfo& target) {
     }
 }
 
-// From here on, until the connection closes. The mode comes second: in it, two that wait keep each other waiting.
+// The lock lasts until the connection closes. The locking mode is set second: with it, two connections that wait for
+// the lock would block each other.
 void TakeLock(SQLite::Database& database) { database.exec("BEGIN EXCLUSIVE; PRAGMA locking_mode = EXCLUSIVE; COMMIT"); }
 
-// Keeps other connections off the file that is about to go, and rolls back what a killed one left unfinished in it.
-// False: it must stay.
+// Locks the file that is about to be replaced, and rolls back what a killed writer left unfinished in it. False: it
+// must not be replaced.
 bool HoldTarget(const QFileInfo& target, std::unique_ptr<SQLite::Database>& hold) {
     if (!target.exists()) {
         return true;
@@ -83,14 +84,14 @@ bool HoldTarget(const QFileInfo& target, std::unique_ptr<SQLite::Database>& hold
         hold = std::make_unique<SQLite::Database>(target.absoluteFilePath().toStdString(), SQLite::OPEN_READWRITE,
                                                   kLockWaitMs);
         TakeLock(*hold);
-        // Of itself, a change of the journal mode does not wait for a lock.
+        // By itself, a change of the journal mode does not wait for a lock.
         return hold->execAndGet("PRAGMA journal_mode = DELETE").getString() == "delete";
     } catch (const std::exception& fault) {
         return OutcomeOf(fault) == StoreOutcome::NotADatabase;
     }
 }
 
-// Makes the rename itself last. Without it a power failure could still bring the old file back, whole.
+// Makes the rename durable. Without it a power failure could still bring the old file back, whole.
 void SyncFolder(const QString& folder) {
 #ifdef Q_OS_UNIX
     const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -112,7 +113,7 @@ bool PutInPlace(const QString& part, const QFileInfo& target) {
         QFile::setPermissions(part, target.permissions());
     }
     const QString path = target.absoluteFilePath();
-    // The engine would play a journal of the old file into the new one.
+    // The engine would apply a journal of the old file to the new one.
     for (const QLatin1String suffix : {QLatin1String("-journal"), QLatin1String("-wal"), QLatin1String("-shm")}) {
         QFile::remove(path + suffix);
     }
@@ -136,7 +137,7 @@ class NewFile::Part {
           name_(NewPartName(target)),
           database_(name_.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE | SQLite::OPEN_NOMUTEX,
                     kLockWaitMs) {}
-    // While the lock still stands.
+    // Removed while it is still locked.
     ~Part() {
         if (!inPlace_) {
             QFile::remove(name_);
@@ -149,7 +150,7 @@ class NewFile::Part {
     void Start(const FillDatabase& fill) {
         database_.exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF");
         TakeLock(database_);
-        // Before it was locked, another save could take it for left behind.
+        // Before it was locked, another save may have taken it for left behind.
         if (!QFile::exists(name_)) {
             throw std::runtime_error("the file that was begun is gone");
         }

@@ -37,7 +37,7 @@ struct RowChange {
 
 enum class RecordOrder { Insertion, Address };  // equal addresses stand in the order of insertion
 
-// One open database file. A failure throws nothing: the operation says so, and Outcome tells what it was.
+// One open database file. A failure throws nothing: the operation returns it, and Outcome says what it was.
 class RecordStore {
   public:
     RecordStore();
@@ -91,7 +91,7 @@ class RecordStore {
 // operation. A table opened on a store stays with the file that was open then.
 class RecordTable {
   public:
-    RecordTable(RecordStore& store, const char* table);  // the name in any case of letters
+    RecordTable(RecordStore& store, const char* table);  // the name in upper or lower case
     ~RecordTable();
     Q_DISABLE_COPY_MOVE(RecordTable)
 

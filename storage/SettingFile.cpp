@@ -137,7 +137,7 @@ class TakeField {
     PanelState& panel_;
 };
 
-// Position in the row of the column of this name, in any case of letters; -1 if there is none.
+// Position in the row of the column of this name, in upper or lower case; -1 if there is none.
 int FindColumn(const SQLite::Statement& row, const char* name) {
     for (int position = 0; position < row.getColumnCount(); ++position) {
         if (qstricmp(row.getColumnName(position), name) == 0) {
@@ -147,13 +147,13 @@ int FindColumn(const SQLite::Statement& row, const char* name) {
     return -1;
 }
 
-// True if the first row has this version's mark; only then panel is written.
-bool ReadSettings(const SQLite::Database& database, PanelState& panel) {
+// Writes panel only if the first row has this version's mark.
+void ReadSettings(const SQLite::Database& database, PanelState& panel) {
     SQLite::Statement row(database, "select * from settings");
     const int mark = FindColumn(row, kSettingColumns[kVersionColumn].name);
     if (mark < 0 || !row.executeStep() || !IsNumber(row.getColumn(mark)) ||
         row.getColumn(mark).getDouble() != kVersion) {
-        return false;
+        return;
     }
     for (const SettingColumn& column : kSettingColumns) {
         const int position = FindColumn(row, column.name);
@@ -161,7 +161,6 @@ bool ReadSettings(const SQLite::Database& database, PanelState& panel) {
             std::visit(TakeField(row.getColumn(position), panel), column.field);
         }
     }
-    return true;
 }
 
 void ReadSamples(RecordTable& table, std::span<qint16> samples) {
@@ -173,14 +172,7 @@ void ReadSamples(RecordTable& table, std::span<qint16> samples) {
 }
 
 LoadOutcome OutcomeOfRefusal(StoreOutcome refusal) {
-    switch (refusal) {
-        case StoreOutcome::NotADatabase:
-            return LoadOutcome::NotASettingFile;
-        case StoreOutcome::Locked:
-            return LoadOutcome::Locked;
-        default:
-            return LoadOutcome::Unreadable;
-    }
+    return refusal == StoreOutcome::NotADatabase ? LoadOutcome::NotASettingFile : LoadOutcome::Failed;
 }
 
 }  // namespace
@@ -213,12 +205,8 @@ LoadOutcome LoadSettingFile(const QString& fileName, PanelState& panel, ArbMemor
     if (!hasSettings || (!hasMemory4 && !hasMemory16)) {
         return LoadOutcome::NotASettingFile;
     }
-    bool current = false;
-    store.Attempt([&] { current = ReadSettings(*store.Engine(), panel); });
+    store.Attempt([&] { ReadSettings(*store.Engine(), panel); });
     ReadSamples(memory4, kMemory4k.samples(memories));
     ReadSamples(memory16, kMemory16k.samples(memories));
-    if (store.Outcome() != StoreOutcome::Done) {
-        return LoadOutcome::Damaged;
-    }
-    return current ? LoadOutcome::Loaded : LoadOutcome::OtherVersion;
+    return store.Outcome() == StoreOutcome::Done ? LoadOutcome::Loaded : LoadOutcome::Failed;
 }

@@ -22,14 +22,11 @@ bool SaveSettingFile(NewFile file, const PanelState& panel, const ArbMemories& m
 
 enum class LoadOutcome {
     Loaded,
-    OtherVersion,  // the memories are loaded, PanelState is untouched
-    Damaged,       // a table could not be read to its end; what was read is in force
-    // In these, nothing was changed:
-    NotASettingFile,  // no database, or one without the tables
-    Locked,           // another program kept its lock for longer than kLockWaitMs
-    Unreadable,       // missing, no permission, fault of the disk
+    NotASettingFile,  // no database, or one without the tables; nothing was changed
+    Failed,           // missing, locked for longer than kLockWaitMs, or damaged; what could be read is in force
 };
 
-// Elements and fields for which the file holds nothing that fits keep their values. Makes and changes no file, except
-// that it rolls back what a killed writer left unfinished.
+// Elements and fields for which the file holds nothing that fits keep their values, and PanelState as a whole if the
+// file bears another version's mark. Makes and changes no file, except that it rolls back what a killed writer left
+// unfinished.
 LoadOutcome LoadSettingFile(const QString& fileName, PanelState& panel, ArbMemories& memories);

@@ -5,7 +5,7 @@
 
 StoreOutcome OutcomeOf(const std::exception& fault) {
     const auto* const engineFault = dynamic_cast<const SQLite::Exception*>(&fault);
-    // The low byte is the kind, what stands above it tells the circumstances.
+    // The low byte is the kind of error, the higher ones give details.
     switch (engineFault ? engineFault->getErrorCode() & 0xff : SQLITE_ERROR) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:

@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QMenuBar>
 
-// Controls that bear the object name by which tests and assistive tools find them.
+// Controls with the object name by which tests and assistive tools find them.
 
 // The control, under that object name and, if given, under the name that a screen reader speaks.
 template <typename Control>

@@ -4,7 +4,7 @@
 
 #include "platform/Desktop.h"
 
-// The dialog for one file, to open or to save. What is saved has the extension of the request, in any case of letters,
+// The dialog for one file, to open or to save. What is saved has the extension of the request, in upper or lower case,
 // and is not longer than the request says; before a file is replaced, the dialog asks about the name as it will be, and
 // stays if the answer is No. What is opened is the file of exactly the typed name, else the one with the extension.
 class FileDialog : public QFileDialog {

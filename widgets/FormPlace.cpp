@@ -17,7 +17,7 @@ qint16 ToTwips(int pixels) {
     return static_cast<qint16>(std::clamp<int>(pixels * kTwipsPerPixel, Limits::min(), Limits::max()));
 }
 
-// What the desktop leaves to windows.
+// The parts of the screens that windows may use, without panels and the like.
 QList<QRect> Screens() {
     QList<QRect> screens;
     for (const QScreen* const screen : QGuiApplication::screens()) {
@@ -38,7 +38,7 @@ class FrameWatch : public QObject {
     bool eventFilter(QObject* /*form*/, QEvent* event) override {
         if (event->type() == QEvent::Paint && WindowStateNumber(form_) == 0 && form_.size() == size_) {
             form_.removeEventFilter(this);
-            // What the desktop has told by now counts too.
+            // Later, when the desktop's messages that have arrived by now have been handled.
             QMetaObject::invokeMethod(this, &FrameWatch::BringIn, Qt::QueuedConnection);
         }
         return false;

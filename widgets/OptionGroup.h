@@ -36,7 +36,7 @@ class OptionGroup : public QObject {
     // While it takes no focus, not even a click moves the focus to an option.
     void SetTakesFocus(bool takes);
 
-    // "name: caption" for each option, so that a screen reader tells groups with equal captions apart.
+    // "name: caption" for each option, so that a screen reader distinguishes groups with equal captions.
     void SetAccessibleName(const QString& name);
 
   protected:

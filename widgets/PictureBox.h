@@ -40,7 +40,7 @@ class PictureBox : public QWidget {
 
   Q_SIGNALS:
     // Positions of the pointer in user coordinates; those of moves lie outside of the picture too while a button is
-    // held, but a press of another button there is none. Buttons: 1 left, 2 right, 4 middle; a move tells the sum of
+    // held, but a press of another button there is none. Buttons: 1 left, 2 right, 4 middle; a move gives the sum of
     // those held, 0 for none. A release counts as a move, so that a drag ends where and when the button is let go.
     void MouseDown(int button, float x, float y);
     void MouseMove(int buttons, float x, float y);

@@ -8,7 +8,7 @@
 
 #include "widgets/PictureBox.h"
 
-// The keyboard's way to do in a picture what the mouse does there. The Tab key gives the picture the focus, which a
+// Lets the keyboard do in a picture what the mouse does there. The Tab key gives the picture the focus, which a
 // frame around it shows, and keys move a pointer and its buttons. To the picture they are those of a mouse.
 class PictureKeys : public QObject {
   public:

@@ -5,6 +5,7 @@
 #include <QMessageBox>
 
 #include "widgets/FileDialog.h"
+#include "widgets/InputHold.h"
 
 QWidget* QtDesktop::Parent() {
     QWidget* const active = QApplication::activeWindow();
@@ -22,36 +23,13 @@ QWidget* QtDesktop::Parent() {
     return parent_ != nullptr && parent_->isVisible() ? parent_.data() : nullptr;
 }
 
-namespace {
-
-// Swallows keys and clicks.
-class InputSink : public QObject {
-  public:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        switch (event->type()) {
-            case QEvent::KeyPress:
-            case QEvent::KeyRelease:
-            case QEvent::Shortcut:
-            case QEvent::ShortcutOverride:
-            case QEvent::MouseButtonPress:
-            case QEvent::MouseButtonDblClick:
-            case QEvent::MouseButtonRelease:
-                return true;
-            default:
-                return false;
-        }
-    }
-};
-
-}  // namespace
-
 void QtDesktop::MessageBox(const QString& text, const QString& title) {
     // A close of the window that came while the program was waiting would get lost behind the box. What was typed and
-    // clicked meanwhile does get lost: it was meant for what the box now says is over.
-    InputSink sink;
-    QCoreApplication::instance()->installEventFilter(&sink);
+    // clicked meanwhile is dropped: it was meant for the operation that the box is about.
+    InputHold hold(*this);
+    hold.Set(true);
     QCoreApplication::processEvents();
-    QCoreApplication::instance()->removeEventFilter(&sink);
+    hold.Set(false);
     QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, Parent());
     box.setTextFormat(Qt::PlainText);
     box.exec();

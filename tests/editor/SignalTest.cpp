@@ -52,7 +52,8 @@ TEST_F(Signal, AChoiceThatFailsGoesBackToTheMemory) {
         desktop.chosen = chosen;
         Click("opEditmode_1");
         ExpectMode(set);
-        EXPECT_TRUE(program.ConstructionFileName.Name().isEmpty() && !desktop.busy);
+        EXPECT_EQ(program.ConstructionFileName.Name(), QString());
+        EXPECT_FALSE(desktop.busy);
         EXPECT_EQ(desktop.boxes.takeFirst(), u"Arbitrary Editor|Do you want to create a new Signal?");
         EXPECT_EQ(desktop.boxes.join(u' '), complaint.isEmpty() ? complaint : complaint + chosen);
     }

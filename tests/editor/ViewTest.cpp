@@ -35,7 +35,8 @@ TEST_F(Views, AnotherSizeShowsItsOwnTableAndAViewOnItsAxis) {
     state.LineActive = true;
     Open();  // a new form begins anew
     EXPECT_EQ(Shown(), (View{1000, 2000}));
-    EXPECT_TRUE(Get<QAction>("mnu4ksig")->isChecked() && !state.LineActive);
+    EXPECT_TRUE(Get<QAction>("mnu4ksig")->isChecked());
+    EXPECT_FALSE(state.LineActive);
 }
 
 TEST_F(Views, TheReadOutsFollowThePointerHeldToTheView) {
@@ -107,7 +108,8 @@ TEST_F(Pictures, EveryInvertedStrokeComesOffWithoutATrace) {
         for (int time = 0; time < 2; ++time) {  // what is taken off does not come back
             QApplication::sendEvent(paper, &resize);
         }
-        EXPECT_TRUE(Overview().Shown() == overview && Detail().Shown() == detail) << pen;
+        EXPECT_EQ(Overview().Shown(), overview) << pen;
+        EXPECT_EQ(Detail().Shown(), detail) << pen;
         state.LineActive = false;
     }
     // A picture that is about to be drawn anew takes no former crosshair off.

@@ -50,7 +50,8 @@ TEST_F(OverviewPicture, AMemoryIsTheMidLineAndFullScaleTouchesTheEdges) {
         memories->ArbMemory4[1024] = memories->ArbMemory16[4096] = 2047;
         memories->ArbMemory4[1025] = memories->ArbMemory16[4097] = -2047;
         const QImage image = Drawn(form);
-        EXPECT_TRUE(Ink(image, spike, 0) && Ink(image, spike, 229.5)) << int{form};
+        EXPECT_TRUE(Ink(image, spike, 0)) << int{form};
+        EXPECT_TRUE(Ink(image, spike, 229.5)) << int{form};
         *memories = ArbMemories();
         for (const double y : {0.0, 112.0, 114.5, 115.5, 117.0, 229.5}) {
             EXPECT_EQ(Ink(Drawn(form), spike, y), y > 114.0 && y < 116.0) << int{form} << ' ' << y;

@@ -43,7 +43,7 @@ if grep -rlF -e "$build" -e "$sources" deb tar; then
     fail "these know the folder they were built in"
 fi
 
-# An unprivileged user. Root is nobody for once, so that a folder can keep the user out.
+# An unprivileged user: root becomes nobody here, so that a folder can be closed to the user.
 user=()
 [ "$(id -u)" -ne 0 ] || user=(setpriv --reuid=65534 --regid=65534 --clear-groups)
 mkdir bin

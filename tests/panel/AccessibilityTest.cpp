@@ -20,7 +20,7 @@ QString Heard(QWidget* control, QAccessible::Text part = QAccessible::Name) {
     return QAccessible::queryAccessibleInterface(control)->text(part);
 }
 
-std::string Described(QWidget* control) { return QString(control->objectName() + u' ' + Heard(control)).toStdString(); }
+QString Described(QWidget* control) { return control->objectName() + u' ' + Heard(control); }
 
 template <typename... Kinds>
 QList<QWidget*> Shown(QWidget* window) {
@@ -87,10 +87,12 @@ void ExpectNamed(QWidget* window) {
     QSet<QString> names;
     for (QWidget* const control : ControlsOf(window)) {
         const QString name = Heard(control);
-        EXPECT_FALSE(name.isEmpty() || names.contains(name)) << Described(control);
+        EXPECT_NE(name, QString()) << Described(control);
+        EXPECT_FALSE(names.contains(name)) << Described(control);
         names += name;
-        const bool hasUnit = window->objectName() == u"Main" && qobject_cast<EntryField*>(control) != nullptr;
-        EXPECT_TRUE(!hasUnit || name.contains(u", in ")) << Described(control);
+        if (window->objectName() == u"Main" && qobject_cast<EntryField*>(control) != nullptr) {
+            EXPECT_TRUE(name.contains(u", in ")) << Described(control);
+        }
     }
     for (QWidget* const label : Shown<QLabel>(window)) {
         const QString text =
@@ -100,9 +102,10 @@ void ExpectNamed(QWidget* window) {
     for (const auto* const menu : window->findChildren<QMenu*>()) {
         QSet<QKeySequence> keys;
         for (const QAction* const item : menu->objectName().isEmpty() ? QList<QAction*>() : menu->actions()) {
-            const QKeySequence letter = QKeySequence::mnemonic(item->text());
-            const QKeySequence key = letter.isEmpty() ? item->shortcut() : letter;
-            EXPECT_TRUE(item->isSeparator() || !(key.isEmpty() || keys.contains(key))) << item->text().toStdString();
+            const QKeySequence mnemonic = QKeySequence::mnemonic(item->text());
+            const QKeySequence key = mnemonic.isEmpty() ? item->shortcut() : mnemonic;
+            EXPECT_EQ(key.isEmpty(), item->isSeparator()) << item->text();
+            EXPECT_FALSE(!key.isEmpty() && keys.contains(key)) << item->text();
             keys += key;
         }
     }
@@ -127,7 +130,8 @@ void ExpectRoom(QWidget* window) {
             EXPECT_FALSE(place.intersects(other)) << Described(controls[i]) << " on " << Described(controls[k]);
         }
     }
-    EXPECT_TRUE(window->minimumSizeHint().width() <= 1900 && window->minimumSizeHint().height() <= 1000);
+    EXPECT_LE(window->minimumSizeHint().width(), 1900);
+    EXPECT_LE(window->minimumSizeHint().height(), 1000);
 }
 
 struct Windows : PanelBench {
@@ -175,13 +179,13 @@ struct Windows : PanelBench {
 };
 
 struct LargeWindows : Windows {
-    static void ScaleLetters(double factor) {
+    static void ScaleFonts(double factor) {
         QFont font;
         font.setPointSizeF(factor * font.pointSizeF());
         QApplication::setFont(font);
     }
-    static void SetUpTestSuite() { ScaleLetters(2.0); }
-    static void TearDownTestSuite() { ScaleLetters(0.5); }
+    static void SetUpTestSuite() { ScaleFonts(2.0); }
+    static void TearDownTestSuite() { ScaleFonts(0.5); }
 };
 
 TEST_F(Windows, AreReachedByKeys) { Check(ExpectReachable); }

@@ -16,9 +16,7 @@ TEST_F(EntryFields, EnterCommitsClampsAndShowsTheNormalForm) {
         {"1000", 1000.0, u"1.0000000", u"kHz", 0},
         {"999.9999999", 999999.9999, u"999.9999999", u"kHz", 0},
         {"1000", 1.0e6, u"1.0000000000", u"MHz", 0},
-        {"15", 15.0e6, u"15.0000000000", u"MHz", 0},
         {"15.0000001", 15.0e6, u"15.0000000000", u"MHz", 1},
-        {"0.5", 5.0e5, u"500.0000000", u"kHz", 0},
         {"1/2", 0.0001, u"0.0001", u"Hz", 1}};
     for (const auto& [typed, hertz, shown, unit, messages] : cases) {
         desktop.beeps = 0;
@@ -38,7 +36,8 @@ TEST_F(EntryFields, AUnitIsAppliedToTheSameDigitsAtTheNextCommit) {
         form->RefreshPanel();
         Get("unit_1")->setFocus();
         byMouse ? Click("unit_2") : Key(Qt::Key_Right);
-        EXPECT_TRUE(HasFocus("Text1") && Checked("unit_2"));
+        EXPECT_TRUE(HasFocus("Text1"));
+        EXPECT_TRUE(Checked("unit_2"));
         EXPECT_EQ(panel.mFreq, 1.0e5);
         EXPECT_EQ(Text("Text1"), u"100.0000000");
     }
@@ -57,6 +56,10 @@ TEST_F(EntryFields, FilterEveryWayInAndDropTheRestInSilence) {
     QTest::keyClick(Get("Text1"), 'z', Qt::AltModifier);
     QTest::keyClick(Get("Text1"), '-', Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(Text("Text1"), u"12.5");
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("x7"));
+    QApplication::sendEvent(Get("Text1"), &composed);
+    EXPECT_EQ(Text("Text1"), u"12.57");
     EXPECT_EQ(desktop.beeps, 0);
 }
 

@@ -72,7 +72,8 @@ TEST_F(LevelAndOffset, AmplitudeModulationCapsTheLevelAndRefusesAnOffset) {
     EXPECT_EQ(Text("Text2"), u"10.00000");
     EXPECT_EQ(Hint(), u"Am-Modulation is On. Max. Level: 10.0000");
     Click("Check1");
-    EXPECT_TRUE(!Checked("Check1") && panel.tmOffset == kFalse);
+    EXPECT_FALSE(Checked("Check1"));
+    EXPECT_EQ(panel.tmOffset, kFalse);
     EXPECT_EQ(Text("Text4"), u"-1.5000");
     EXPECT_EQ(Hint(), u"An offset voltage cannot be superimposed to an AM signal");
     Click("opmod_3");

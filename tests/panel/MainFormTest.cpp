@@ -17,7 +17,7 @@ TEST_F(DefaultsFile, IsMadeEmptyAtTheFirstRun) {
     EXPECT_EQ(desktop.boxes, QStringList(kNewDefaults));
     EXPECT_EQ(form->windowTitle(), u"KL5276 - V1.02       Offline");
     EXPECT_EQ(Text("Text1"), u"1.0000000");
-    EXPECT_TRUE(Checked("opsignal_0") && Checked("Opoutput_1"));
+    ExpectChecked({"opsignal_0", "Opoutput_1"});
     EXPECT_EQ(Get<QLabel>("Label3")->text(), u"Output: Off");
     EXPECT_EQ(program.preferences.ComBaudRate, 19200);
     EXPECT_EQ(desktop.beeps, 0);
@@ -51,7 +51,8 @@ TEST_F(MainForm, HintBlinksForItsTicksAndStartsAnewWithTheNext) {
     grounds.clear();
     ASSERT_TRUE(QTest::qWaitFor([&] { return hint->text().isEmpty(); }));
     EXPECT_EQ(grounds.size(), 41);
-    EXPECT_TRUE(grounds.at(1) == QColor(0, 255, 0) && grounds.at(40) == QColor(255, 255, 0));
+    EXPECT_EQ(grounds.at(1), QColor(0, 255, 0));
+    EXPECT_EQ(grounds.at(40), QColor(255, 255, 0));
     EXPECT_FALSE(hint->Timer3.isActive());
 }
 

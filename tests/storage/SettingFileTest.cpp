@@ -27,7 +27,7 @@ TEST_F(SettingFiles, HaveTheirTablesAndRows) {
 
 TEST_F(SettingFiles, ALoadLeavesStateAndFolderAloneWhereThereIsNone) {
     for (const QString& name : {name_, folder_.path(), QString()}) {
-        EXPECT_EQ(Content(kBefore).Load(name), LoadOutcome::Unreadable);
+        EXPECT_EQ(Content(kBefore).Load(name), LoadOutcome::Failed);
         EXPECT_EQ(CheckConstructionFile(name), ConstructionOutcome::Unreadable);
     }
     EXPECT_EQ(Files(), 0);
@@ -54,7 +54,7 @@ TEST_F(SettingFiles, WaitForALockAndGiveUp) {
         {
             SQLite::Database other(name_.toStdString(), SQLite::OPEN_READWRITE);
             other.exec("BEGIN EXCLUSIVE");
-            ExpectLoad(writeAhead ? LoadOutcome::Loaded : LoadOutcome::Locked,
+            ExpectLoad(writeAhead ? LoadOutcome::Loaded : LoadOutcome::Failed,
                        writeAhead ? kStored.Over(kBefore) : kBefore);
             QElapsedTimer waited;
             waited.start();
@@ -72,7 +72,7 @@ TEST_F(SettingFiles, ASaveReplacesAFileBehindALinkAndNothingElse) {
     ASSERT_EQ(::mkfifo(pipe.toUtf8().constData(), 0666), 0);
     for (const QString& name : QStringList{folder_.path(), name_ + QStringLiteral("/below.set"), pipe}) {
         EXPECT_FALSE(kStored.Save(name)) << name;
-        EXPECT_EQ(Content(kBefore).Load(name), LoadOutcome::Unreadable) << name;
+        EXPECT_EQ(Content(kBefore).Load(name), LoadOutcome::Failed) << name;
     }
     ASSERT_TRUE(QFile::remove(pipe));
     const QString link = folder_.filePath(QStringLiteral("link.set"));

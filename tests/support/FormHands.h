@@ -45,6 +45,9 @@ class FormHands {
     }
     QString Hint() { return Get<QLabel>("Label8")->text(); }
     bool Checked(const char* option) { return Get<QAbstractButton>(option)->isChecked(); }
+    void ExpectChecked(std::initializer_list<const char*> options) {
+        std::ranges::for_each(options, [this](const char* option) { EXPECT_TRUE(Checked(option)) << option; });
+    }
     bool HasFocus(const char* name) { return QApplication::focusWidget() == Get(name); }
 
     void ShowTab(int index) { Get<QTabWidget>("SSTab1")->setCurrentIndex(index); }

@@ -29,8 +29,7 @@ class ScriptedLine : public Com {
     qint64 byteDelayMs = 0;
     QSet<int> ports{1, 2, 3, 4};  // that can be opened
     bool takesOutput = true;
-    int busyFlushes = 0;  // that take nothing yet
-    bool lost = false;
+    int busyFlushes = 0;    // that take nothing yet
     qint64 lineFreeMs = 0;  // when the line has carried what it took, by the scripted clock
 
     QByteArray wire;       // all that was sent
@@ -43,7 +42,7 @@ class ScriptedLine : public Com {
     QString Settings() const override { return settings_; }
     bool PortOpen() const override { return open_; }
     bool SetPortOpen(bool open) override;
-    bool LineLost() const override { return lost; }
+    bool LineLost() const override { return false; }
     void ClearOutBuffer() override;
     void ClearInBuffer() override { input_.clear(); }
     qsizetype InBufferCount() override;

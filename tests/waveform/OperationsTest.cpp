@@ -33,7 +33,9 @@ TEST_F(Operations, SurviveEmptyTables) {
 TEST_F(Operations, ThatFindNothingToWorkOnChangeNothing) {
     for (const TableResult& result :
          {Press(Pen::Draw, -0.5F), Press(Pen::Delete, 0.4F), Fit(0), EnterPoint(editor, tables, 40000, 5)}) {
-        EXPECT_TRUE(result.fileName.isEmpty() && !result.changed && !result.Failed());
+        EXPECT_EQ(result.fileName, QString());
+        EXPECT_FALSE(result.changed);
+        EXPECT_FALSE(result.Failed());
     }
 }
 

@@ -31,13 +31,19 @@ TEST_F(WholeMemory, EveryPointOfBothMemoriesArrivesEitherWay) {
     for (const MemorySize* const size : kMemorySizes) {
         Fill(size->samples(memories));
     }
-    QSet<int> shown;
-    QObject::connect(panel.Get<QProgressBar>("status"), &QProgressBar::valueChanged,
-                     [&](int value) { shown += panel.Get("status")->isVisible() ? value : -1; });
-    panel.Get<QAction>("mnuStArb4")->trigger();
-    panel.Get<QAction>("mnuStArb16")->trigger();
-    EXPECT_TRUE(!panel.Get("status")->isVisible() && panel.Hint().isEmpty());
-    EXPECT_TRUE(shown.contains(4050) && shown.contains(16300) && !shown.contains(16384));
+    auto* const status = panel.Get<QProgressBar>("status");
+    QStringList shown;  // the last of each transfer
+    QObject::connect(status, &QProgressBar::valueChanged, [&](int value) {
+        shown += QStringLiteral("%1 %2 of %3").arg(panel.Hint()).arg(value).arg(status->maximum());
+    });
+    const auto transfer = [&](const char* item) {
+        panel.Get<QAction>(item)->trigger();
+        EXPECT_FALSE(status->isVisible());
+        EXPECT_EQ(panel.Hint(), QString());
+        return shown.constLast();
+    };
+    EXPECT_EQ(transfer("mnuStArb4"), u"Please wait. Send 4095 Values 4050 of 4095");
+    EXPECT_EQ(transfer("mnuStArb16"), u"Please wait. Send 16384 Values 16300 of 16384");
     ASSERT_TRUE(instrument.WaitForLines(4098 + 16387, std::chrono::seconds(30)));
     ExpectSame(instrument);
     instrument.With([this](sim::Kl5276& unit) {
@@ -45,25 +51,11 @@ TEST_F(WholeMemory, EveryPointOfBothMemoriesArrivesEitherWay) {
         Fill(unit.state.memory16k);
     });
     const qint16 beyond = memories.ArbMemory4[4096];
-    panel.Get<QAction>("mnuRdArb4")->trigger();
-    panel.Get<QAction>("mnuRdArb16")->trigger();
+    EXPECT_EQ(transfer("mnuRdArb4"), u"Please wait. Read 4096 Values 4050 of 4095");
+    EXPECT_EQ(transfer("mnuRdArb16"), u"Please wait. Read 16384 Values 16300 of 16384");
     ExpectSame(instrument);
     EXPECT_EQ(memories.ArbMemory4[4096], beyond);
     EXPECT_TRUE(desktop.boxes.isEmpty());
-}
-
-// The line counts as busy for as long as its rate says, but not when the far end has shown that it is faster.
-TEST_F(WholeMemory, BehindAMemoryThatWasTakenAtOnceSilenceIsToldWithoutDelay) {
-    auto& instrument = Connect({}, 4800);
-    clock.paces = false;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    panel.Get<QAction>("mnuStArb4")->trigger();  // 100 s at 4800 baud
-    instrument.SetFaults({.muteAfterQueries = 0});
-    clock.silent = [] { return true; };
-    panel.Click("Command3");
-    EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( amt?\r )")));
-    EXPECT_LT(elapsed.elapsed(), 30'000);
 }
 
 TEST_F(WholeMemory, ClosedInTheMiddleOfASlowTransferItEndsInOrder) {
@@ -84,7 +76,8 @@ TEST_F(WholeMemory, ClosedInTheMiddleOfASlowTransferItEndsInOrder) {
     EXPECT_EQ(desktop.beeps, 1);
     EXPECT_EQ(program.panel.bmSignal, kSignalSine);
     QCoreApplication::processEvents();
-    EXPECT_FALSE(panel.form->isVisible() || com.PortOpen());
+    EXPECT_FALSE(panel.form->isVisible());
+    EXPECT_FALSE(com.PortOpen());
     ASSERT_TRUE(GivenBack(instrument));
     // The points that were on their way are dropped, the one that is cut by that is ended, and the rest is in order.
     const QStringList lines = Lines(instrument);

@@ -31,22 +31,20 @@ TEST_F(WholeSettings, EveryGroupGoesOutAndComesBack) {
     });
     program.panel = PanelState{};
     panel.form->RefreshPanel();
-    EXPECT_TRUE(panel.Checked("opmodes_0") && panel.Checked("opreference_0") && panel.Checked("Opoutput_1"));
+    panel.ExpectChecked({"opmodes_0", "opreference_0", "Opoutput_1"});
     ASSERT_TRUE(instrument.WaitForLine("OT0", std::chrono::seconds(20)));
     instrument.With([](sim::Kl5276& unit) { unit.Take("OT1"); });
     panel.Click("Command3");
-    for (const char* const option :
-         {"opsignal_8", "unit_2", "opmod_2", "opmodes_3", "opreference_1", "Opoutput_0", "Check1"}) {
-        EXPECT_TRUE(panel.Checked(option)) << option;
-    }
+    panel.ExpectChecked({"opsignal_8", "unit_2", "opmod_2", "opmodes_3", "opreference_1", "Opoutput_0", "Check1"});
     EXPECT_EQ(panel.Texts({"Text1", "Text2", "Text4", "Text8", "Text9"}), u"2.5000000000 0.50000 -0.1250 12.5 270.0");
     EXPECT_EQ(panel.Get<QLabel>("Label6")->text(), u"RMS");
     EXPECT_EQ(panel.Get<QLabel>("Label3")->text(), u"Output: On");
+    EXPECT_TRUE(desktop.boxes.isEmpty());
+}
 
-    // External AM and a sweep: the sweep's own values come with the next read.
-    instrument.With([](sim::Kl5276& unit) {
-        for (const char* const command :
-             {"psk0", "fk1:3000000", "amx:33", "amx", "ofs:0", "log", "sw1", "stt:5000000", "swt:12.5"}) {
+TEST_F(WholeSettings, ASweepsOwnValuesComeWithTheSecondRead) {
+    Connect().With([](sim::Kl5276& unit) {
+        for (const char* const command : {"fk1:3000000", "amx:33", "amx", "log", "sw1", "stt:5000000", "swt:12.5"}) {
             unit.Take(command);
         }
     });
@@ -54,8 +52,9 @@ TEST_F(WholeSettings, EveryGroupGoesOutAndComesBack) {
     EXPECT_EQ(panel.Text("Text10"), u"1.0000000");
     panel.Click("Command3");
     EXPECT_EQ(panel.Texts({"Text10", "Text12", "Text5"}), u"5.0000000000 12.50  33");
-    EXPECT_TRUE(panel.Checked("opmod_0") && panel.Checked("opAmMod_1") && panel.Checked("opwob_2"));
-    EXPECT_TRUE(program.panel.mhFreq == 3.0e6 && !panel.Get("Text8")->isEnabled());
+    panel.ExpectChecked({"opmod_0", "opAmMod_1", "opwob_2"});
+    EXPECT_EQ(program.panel.mhFreq, 3.0e6);
+    EXPECT_FALSE(panel.Get("Text8")->isEnabled());
     EXPECT_TRUE(desktop.boxes.isEmpty());
 }
 

@@ -12,26 +12,15 @@
 #include "support/FormHands.h"
 #include "support/PrintQt.h"
 
-// The clock of the program, but a wait for an instrument that is known to be silent passes at once.
-class HastyClock : public EventClock {
+// The clock of the program.
+class BenchClock : public EventClock {
   public:
-    std::function<bool()> silent;
     bool paces = true;  // else a wait serves the events that are there and takes no time
-
-    qint64 NowMs() const override {
-        if (silent && silent()) {
-            skippedMs_ += 3001;
-        }
-        return EventClock::NowMs() + skippedMs_;
-    }
 
     void WaitMs(qint32& ms) override {
         qint32 none = 0;
         EventClock::WaitMs(paces ? ms : none);
     }
-
-  private:
-    mutable qint64 skippedMs_ = 0;
 };
 
 // The whole program, short of its desktop: the form Main over the system's serial port to a simulated instrument.
@@ -54,17 +43,17 @@ class WholeBench : public ::testing::Test {
         return *instruments_.back();
     }
 
-    void MakeForm(const QLocale& locale, Desktop& boxes, DdeLink& traces) {
+    void MakeForm(const QLocale& locale, LinkClock& time, Desktop& boxes, DdeLink& traces) {
         program.numbers = UserNumbers(locale);
         const auto describePort = [this](int number, bool openHere) {
             return DescribeComPort(number, folder.path(), openHere);
         };
         panel.form = std::make_unique<Main>(
-            MainServices{program, com, clock, boxes, traces, folder.path(), {folder.path()}, describePort});
+            MainServices{program, com, time, boxes, traces, folder.path(), {folder.path()}, describePort});
     }
 
     void Open(const QLocale& locale = QLocale::c()) {
-        MakeForm(locale, desktop, ziel);
+        MakeForm(locale, clock, desktop, ziel);
         panel.form->Main_Form_Load();
         ASSERT_TRUE(panel.Show());
         desktop.boxes.clear();
@@ -99,7 +88,7 @@ class WholeBench : public ::testing::Test {
     QTemporaryDir folder;
     ProgramState program;
     SerialControl com{[this](int number) { return FindComPort(number, folder.path()); }};
-    HastyClock clock;
+    BenchClock clock;
     FakeDesktop desktop;
     SocketDdeLink ziel{folder.path()};
     FormHands<Main> panel;
