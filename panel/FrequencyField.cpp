@@ -1,5 +1,7 @@
 #include "panel/FrequencyField.h"
 
+#include <cmath>
+
 #include "core/FrequencyDisplay.h"
 #include "rules/FrequencyRules.h"
 
@@ -9,7 +11,8 @@ FrequencyField::FrequencyField(const PanelContext& context, const Names& names, 
       accessible_(QString::fromLatin1(names.accessible)),
       stored_(stored),
       refresh_(std::move(refresh)) {
-    field_ = MakeEntryField(context, QString::fromLatin1(names.field), KeyClass::Plain, accessible_, parent);
+    field_ = MakeEntryField(context, QString::fromLatin1(names.field), KeyClass::Plain, accessible_, parent,
+                            [this] { return UnitPower(); });
     field_->SetCommit([this] { Commit(); });
     QStringList units;
     for (const FrequencyUnit& unit : kFrequencyUnits) {
@@ -46,6 +49,11 @@ void FrequencyField::Show() {
     unitLabel_->setText(name);
     unitLabel_->setAccessibleName(field_->accessibleName());
     units_->Select(index);
+}
+
+int FrequencyField::UnitPower() const {
+    return static_cast<int>(
+        std::lround(std::log10(kFrequencyUnits[static_cast<std::size_t>(units_->Selected())].hertz)));
 }
 
 void FrequencyField::Commit() {

@@ -42,6 +42,7 @@ class FrequencyField {
 
   private:
     void Commit();
+    int UnitPower() const;
 
     PanelContext context_;
     QString accessible_;  // name for a screen reader, without the unit

@@ -12,6 +12,7 @@
 
 #include "editor/Editor.h"
 #include "overview/AboutForm.h"
+#include "overview/GuideForm.h"
 #include "overview/Manuals.h"
 #include "panel/Comset.h"
 #include "panel/FrequencyGroup.h"
@@ -41,6 +42,7 @@ Main::Main(const MainServices& services)
     Arrange();
     ConnectControls();
     ConnectMenu();
+    ConnectKeys();
 }
 
 Main::~Main() = default;
@@ -62,6 +64,8 @@ void Main::MakeControls() {
                      QStringLiteral("Read all settings from the instrument"));
     Command4 = Named(new QPushButton(QStringLiteral("Set"), panel), QStringLiteral("Command4"),
                      QStringLiteral("Set the instrument to all settings"));
+    Command3->setToolTip(QStringLiteral("Read all settings from the instrument (F5)"));
+    Command4->setToolTip(QStringLiteral("Set the instrument to all settings, and read them back (Ctrl+Return)"));
     Command7 = Named(new QPushButton(QStringLiteral("Set time and date"), panel), QStringLiteral("Command7"),
                      QStringLiteral("Set the instrument's time and date to those of the PC"));
     Command7->setToolTip(QStringLiteral("Transmit the PC-Time and date to the KL5276-x"));
@@ -126,6 +130,31 @@ void Main::ConnectMenu() {
     onTrigger(menu_->mnuhelp,
               [this] { OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualEnglish)); });
     onTrigger(menu_->mnuabout, [this] { Main_mnuabout_Click(); });
+    onTrigger(menu_->mnuguide, [this] { Main_mnuguide_Click(); });
+}
+
+// Keys for the main work that no menu shows; the tool tips of the controls do.
+void Main::ConnectKeys() {
+    const auto onKeys = [this](const QList<QKeySequence>& keys, const auto& act) {
+        auto* const action = new QAction(this);
+        action->setShortcuts(keys);
+        action->setAutoRepeat(false);
+        addAction(action);
+        connect(action, &QAction::triggered, this, act);
+    };
+    onKeys({Qt::Key_F5}, [this] { Main_Command3_Click(); });
+    onKeys({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}, [this] { Main_Command4_Click(); });
+    onKeys({Qt::CTRL | Qt::SHIFT | Qt::Key_O}, [this] {
+        if (!link_.gate.Refuses()) {
+            CommitFocusedField(this);
+            output_->SwitchOver();
+        }
+    });
+    for (int tab = 0; tab < SSTab1->count(); ++tab) {
+        onKeys({QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab))},
+               [this, tab] { SSTab1->setCurrentIndex(tab); });
+        SSTab1->setTabToolTip(tab, QStringLiteral("Ctrl+%1").arg(tab + 1));
+    }
 }
 
 void Main::Main_Form_Load() {
@@ -369,3 +398,11 @@ void Main::Main_mnucom_Click() {
 }
 
 void Main::Main_mnuabout_Click() { ShowAbout(*this, desktop_); }
+
+void Main::Main_mnuguide_Click() {
+    if (!ShowGuide(*this, services_.documentFolders)) {
+        desktop_.MessageBox(
+            QStringLiteral("The guide is not there. It belongs into the folder docs/guide beside the program."),
+            QStringLiteral("Guide"));
+    }
+}

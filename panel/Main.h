@@ -91,11 +91,13 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     void Main_mnueditor_Click();
     void Main_mnucom_Click();
     void Main_mnuabout_Click();
+    void Main_mnuguide_Click();
 
     void MakeControls();
     void MakeGroups();
     void ConnectControls();
     void ConnectMenu();
+    void ConnectKeys();
     bool EditorOpen() const;
     QStringList HeldFiles() const;
     std::optional<LinkOperation> BeginCommand();

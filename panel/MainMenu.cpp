@@ -5,7 +5,9 @@
 MainMenu::MainMenu(QMenuBar* bar) {
     QMenu* const mnudata = AddMenu(bar, "mnudata", "&Data");
     mnulset = AddItem(mnudata, "mnulset", "&Load settings");
+    mnulset->setShortcut(Qt::CTRL | Qt::Key_O);
     mnusset = AddItem(mnudata, "mnusset", "&Save settings");
+    mnusset->setShortcut(Qt::CTRL | Qt::Key_S);
     mnucom = AddItem(mnudata, "mnucom", "Com. port");
     mnucom->setShortcut(Qt::CTRL | Qt::Key_P);
     mnuexit = AddItem(mnudata, "mnuexit", "&Exit");
@@ -15,12 +17,16 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnuRdArb16 = AddItem(mnuArb, "mnuRdArb16", "R&ead Arb. 16k ");
     mnuStArb16 = AddItem(mnuArb, "mnuStArb16", "Se&nd Arb. 16K");
     mnueditor = AddItem(mnuArb, "mnueditor", "E&ditor");
+    mnueditor->setShortcut(Qt::CTRL | Qt::Key_E);
     QMenu* const mnuab = AddMenu(bar, "mnuab", "?");
     mnuhilfe = AddItem(mnuab, "mnuhilfe", "Handbuch deutsch (PDF)");
     mnuhelp = AddItem(mnuab, "mnuhelp", "Manual english (PDF)");
     mnuabout = AddItem(mnuab, "mnuabout", "About");
+    mnuab->addSeparator();
+    mnuguide = AddItem(mnuab, "mnuguide", "&Guide");
     // These captions have no mnemonic, so the items get shortcuts.
     mnuhilfe->setShortcut(Qt::SHIFT | Qt::Key_F1);
-    mnuhelp->setShortcut(Qt::Key_F1);
+    mnuhelp->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_F1);
     mnuabout->setShortcut(Qt::CTRL | Qt::Key_F1);
+    mnuguide->setShortcut(Qt::Key_F1);
 }

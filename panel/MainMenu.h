@@ -9,5 +9,5 @@ struct MainMenu {
 
     QAction *mnulset, *mnusset, *mnucom, *mnuexit;
     QAction *mnuRdArb4, *mnuStArb4, *mnuRdArb16, *mnuStArb16, *mnueditor;
-    QAction *mnuhilfe, *mnuhelp, *mnuabout;
+    QAction *mnuhilfe, *mnuhelp, *mnuguide, *mnuabout;
 };

@@ -17,6 +17,9 @@ OutputGroup::OutputGroup(PanelState& panel, Link& link, QWidget* parent)
     Label3->setAutoFillBackground(true);
     Label3->setMargin(3);
     Opoutput->SetAccessibleName(QStringLiteral("Output"));
+    for (QAbstractButton* const option : Opoutput->Options()) {
+        option->setToolTip(QStringLiteral("Output on or off: Ctrl+Shift+O"));
+    }
     Opoutput->SetUserGuard([this] { return !link_.gate.Refuses(); });
     Opoutput->SetClick([this](int index) { Main_Opoutput_Click(index); });
 }
@@ -35,6 +38,8 @@ void OutputGroup::Main_Opoutput_Click(int index) {
     link_.commands.SendOutput();
     RefreshOutput();
 }
+
+void OutputGroup::SwitchOver() { Opoutput->Select(panel_.tmOut ? 1 : 0); }
 
 void OutputGroup::RefreshOutput() {
     if (panel_.tmOut) {

@@ -18,6 +18,8 @@ class OutputGroup {
     QList<QWidget*> TabStops() const;
 
     void RefreshOutput();
+    // On to off or off to on, as a click on the other option does.
+    void SwitchOver();
     // While it takes no focus, not even a click moves the focus to an option.
     void SetTakesFocus(bool takes) { Opoutput->SetTakesFocus(takes); }
 

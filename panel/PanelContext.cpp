@@ -1,7 +1,9 @@
 #include "panel/PanelContext.h"
 
+#include <utility>
+
 EntryField* MakeEntryField(const PanelContext& context, const QString& name, KeyClass keys, const QString& accessible,
-                           QWidget* parent) {
+                           QWidget* parent, FieldSteps::UnitPower unitPower) {
     const UserNumbers* const numbers = &context.numbers;
     auto* const field = new EntryField(
         name, [keys, numbers](QChar typed) { return FilterKey(keys, typed, numbers->DecimalSeparator); }, parent);
@@ -10,6 +12,7 @@ EntryField* MakeEntryField(const PanelContext& context, const QString& name, Key
     field->SetCommitGuard(context.mayCommit);
     // Wide enough for the longest number that the panel shows, a frequency in MHz.
     field->setMinimumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-00.00000000000")) + 16);
+    new FieldSteps(*field, std::move(unitPower));
     return field;
 }
 

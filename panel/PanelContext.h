@@ -5,6 +5,7 @@
 
 #include "core/Numbers.h"
 #include "core/PanelState.h"
+#include "panel/FieldSteps.h"
 #include "panel/HintLine.h"
 #include "rules/Held.h"
 #include "rules/KeyFilter.h"
@@ -31,9 +32,9 @@ struct PanelContext {
     double EntryOf(const EntryField& field) const { return numbers.ReadEntry(field.text()); }
 };
 
-// An entry field with its key filter and a name for a screen reader.
+// An entry field with its key filter, its steps and a name for a screen reader.
 EntryField* MakeEntryField(const PanelContext& context, const QString& name, KeyClass keys, const QString& accessible,
-                           QWidget* parent);
+                           QWidget* parent, FieldSteps::UnitPower unitPower = {});
 
 // Between the frames of the form, in pixels.
 inline constexpr int kFrameSpacing = 10;

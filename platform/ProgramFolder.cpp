@@ -14,7 +14,10 @@ QString ProgramFolder(const QString& beside) {
 }
 
 QStringList DocumentFolders() {
-    QStringList folders{ProgramFolder(), QCoreApplication::applicationDirPath()};
+    const QString beside = QCoreApplication::applicationDirPath();
+    // Installed, the executable stands in bin/; in the source tree three folders below its top.
+    QStringList folders{ProgramFolder(), beside, beside + QStringLiteral("/../share/doc/trx5276"),
+                        beside + QStringLiteral("/../../..")};
     folders.removeDuplicates();
     return folders;
 }

@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <memory>
+#include <utility>
 
 EntryField::EntryField(const QString& name, Filter filter, QWidget* parent)
     : QLineEdit(parent), filter_(std::move(filter)) {
@@ -16,6 +17,13 @@ EntryField::EntryField(const QString& name, Filter filter, QWidget* parent)
 void EntryField::Commit() {
     if (commit_) {
         commit_();
+    }
+}
+
+void EntryField::setText(const QString& text) {
+    QLineEdit::setText(text);
+    if (hasFocus()) {
+        selectAll();
     }
 }
 
@@ -35,12 +43,13 @@ void EntryField::Paste(bool selection) {
     insert(Filtered(QGuiApplication::clipboard()->text(mode)));
 }
 
-// A line edit claims the keys of Undo and Redo even where it has nothing to undo: then they are the window's.
+// A line edit claims the keys of Undo and Redo even where it has nothing to undo, and Ctrl+E: these are the window's.
 bool EntryField::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto* const key = static_cast<QKeyEvent*>(event);
         if ((key->matches(QKeySequence::Undo) && !isUndoAvailable()) ||
-            (key->matches(QKeySequence::Redo) && !isRedoAvailable())) {
+            (key->matches(QKeySequence::Redo) && !isRedoAvailable()) ||
+            (key->key() == Qt::Key_E && key->modifiers() == Qt::ControlModifier)) {
             event->ignore();
             return false;
         }
@@ -52,8 +61,8 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Commit();
         TakeFocus(next_);
-        if (auto* const next = qobject_cast<QLineEdit*>(next_)) {
-            next->selectAll();  // what is typed next takes the place of what stands there
+        if (hasFocus()) {
+            selectAll();
         }
         event->accept();
         return;
@@ -92,6 +101,20 @@ void EntryField::mouseReleaseEvent(QMouseEvent* event) {
         return;
     }
     QLineEdit::mouseReleaseEvent(event);
+    // The press has placed the cursor. A drag selects by itself.
+    if (std::exchange(clickedIn_, false) && !hasSelectedText()) {
+        selectAll();
+    }
+}
+
+// A window or a popup that merely gives the focus back must not spoil a half-typed entry.
+void EntryField::focusInEvent(QFocusEvent* event) {
+    const bool givenBack = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
+    QLineEdit::focusInEvent(event);
+    if (!givenBack) {
+        clickedIn_ = event->reason() == Qt::MouseFocusReason;
+        selectAll();
+    }
 }
 
 void EntryField::focusOutEvent(QFocusEvent* event) {

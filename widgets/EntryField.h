@@ -4,7 +4,8 @@
 #include <functional>
 
 // An entry field: filters each typed or pasted character, and commits on Enter and on every loss of the focus, changed
-// or not, except when merely the whole window is deactivated.
+// or not, except when merely the whole window is deactivated. What it shows is selected as a whole when it takes the
+// focus, after Enter and when it is shown anew: what is typed next takes its place.
 class EntryField : public QLineEdit {
     Q_OBJECT
 
@@ -23,9 +24,13 @@ class EntryField : public QLineEdit {
 
     void Commit();
 
+    // In place of the base class's: all of the text is selected where the field has the focus.
+    void setText(const QString& text);
+
   protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -39,6 +44,7 @@ class EntryField : public QLineEdit {
     std::function<void()> commit_;
     std::function<bool()> mayCommit_;
     QWidget* next_ = nullptr;
+    bool clickedIn_ = false;  // the press that gave the focus has not ended yet
 };
 
 // Gives a control the focus; a control that is disabled or out of sight does not take it, in silence.

@@ -1,0 +1,71 @@
+#include "overview/GuideForm.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "widgets/Controls.h"
+#include "widgets/FormPlace.h"
+
+namespace {
+
+constexpr char kContents[] = "docs/guide/README.md";
+constexpr int kColumns = 100;  // characters of a page, and its lines
+constexpr int kLines = 40;
+
+QPushButton* AddButton(QHBoxLayout& row, const char* name, const QString& caption, QTextBrowser& pages,
+                       void (QTextBrowser::*act)()) {
+    auto* const button = Named(new QPushButton(caption), QString::fromLatin1(name));
+    button->setAutoDefault(false);
+    QObject::connect(button, &QPushButton::clicked, &pages, act);
+    row.addWidget(button);
+    return button;
+}
+
+}  // namespace
+
+GuideForm::GuideForm(const QString& contents, QWidget* parent)
+    : QDialog(parent),
+      pages_(Named(new QTextBrowser(this), QStringLiteral("pages"), QStringLiteral("Page of the guide"))) {
+    setObjectName(QStringLiteral("guide"));
+    setWindowTitle(QStringLiteral("Guide"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    auto* const column = new QVBoxLayout(this);
+    auto* const row = new QHBoxLayout;
+    AddButton(*row, "contents", QStringLiteral("&Contents"), *pages_, &QTextBrowser::home);
+    QPushButton* const back = AddButton(*row, "back", QStringLiteral("&Back"), *pages_, &QTextBrowser::backward);
+    back->setEnabled(false);
+    connect(pages_, &QTextBrowser::backwardAvailable, back, &QPushButton::setEnabled);
+    row->addStretch();
+    column->addLayout(row);
+    column->addWidget(pages_);
+    pages_->setOpenExternalLinks(true);
+    pages_->setSource(QUrl::fromLocalFile(contents));
+    pages_->setFocus();
+    resize(fontMetrics().averageCharWidth() * kColumns, fontMetrics().height() * kLines);
+}
+
+QString FindGuide(const QStringList& folders) {
+    for (const QString& folder : folders) {
+        const QFileInfo contents(QDir(folder), QString::fromLatin1(kContents));
+        if (contents.isFile()) {
+            return contents.canonicalFilePath();
+        }
+    }
+    return {};
+}
+
+bool ShowGuide(QWidget& owner, const QStringList& folders) {
+    auto* form = owner.findChild<GuideForm*>(QString(), Qt::FindDirectChildrenOnly);
+    if (form == nullptr || !form->isVisible()) {
+        const QString contents = FindGuide(folders);
+        if (contents.isEmpty()) {
+            return false;
+        }
+        form = new GuideForm(contents, &owner);
+    }
+    BringToFront(*form);
+    return true;
+}

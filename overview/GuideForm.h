@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+#include <QTextBrowser>
+
+// The form `guide`: the pages that tell how each task is done, with their pictures, as they are installed with the
+// program. Closes with Escape.
+class GuideForm : public QDialog {
+    Q_OBJECT
+
+  public:
+    GuideForm(const QString& contents, QWidget* parent);
+
+  private:
+    QTextBrowser* pages_;
+};
+
+// The page of contents in the first of the folders that holds the guide; empty if none does.
+QString FindGuide(const QStringList& folders);
+
+// Shows the guide without waiting for it. The owner has one at most: a second call brings that one to the front. False
+// if there is no guide.
+bool ShowGuide(QWidget& owner, const QStringList& folders);

@@ -1,0 +1,195 @@
+#include <QDir>
+#include <QTextBrowser>
+#include <QWheelEvent>
+
+#include "PanelBench.h"
+
+namespace {
+
+struct Typing : OpenPanel {
+    using OpenPanel::OpenPanel;
+
+    void Keys(const char* text) { QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(text)); }
+    void Hold(Qt::Key key, int repeats) {
+        Key(key);
+        for (int i = 0; i < repeats; ++i) {
+            QKeyEvent again(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+            QApplication::sendEvent(QApplication::focusWidget(), &again);
+        }
+    }
+    // In the text of a field, "|" for the cursor, or the whole of it in brackets where it is selected.
+    QString Shown(const char* name) {
+        const auto* const field = Get<EntryField>(name);
+        return field->selectedText() == field->text() ? u'[' + field->text() + u']'
+                                                      : field->text().insert(field->cursorPosition(), u'|');
+    }
+    void Place(const char* name, int cursor) {
+        Get(name)->setFocus();
+        Key(Qt::Key_Home);
+        for (int i = 0; i < cursor; ++i) {
+            Key(Qt::Key_Right);
+        }
+    }
+};
+struct TypingInACommaLocale : Typing {
+    TypingInACommaLocale() : Typing(QLocale(QLocale::German, QLocale::Germany)) {}
+};
+
+TEST_F(Typing, TakesThePlaceOfWhatStoodThere) {
+    Click("unit_1");
+    Keys("250");
+    Key(Qt::Key_Return);
+    EXPECT_DOUBLE_EQ(panel.mFreq, 250.0e3);
+    Click("Text2");
+    Keys("3");
+    Key(Qt::Key_Return);
+    Keys("5");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Shown("Text2"), u"[5.00000]");
+    Get("Text4")->setFocus();
+    Keys("0.1");
+    Key(Qt::Key_Return);
+    form->RefreshPanel();
+    Keys("0.2");
+    Key(Qt::Key_Return);
+    EXPECT_DOUBLE_EQ(panel.mOffset, 0.2);
+}
+
+TEST_F(Typing, ASecondClickPlacesTheCursorAndADragSelects) {
+    const QPoint left(6, 10);
+    const QPoint right(Get("Text2")->width() - 6, 10);
+    QTest::mouseClick(Get("Text2"), Qt::LeftButton, {}, right);
+    EXPECT_EQ(Shown("Text2"), u"[1.00000]");
+    QTest::mouseClick(Get("Text2"), Qt::LeftButton, {}, right);
+    EXPECT_EQ(Shown("Text2"), u"1.00000|");
+    QTest::mousePress(Get("Text4"), Qt::LeftButton, {}, right);
+    QTest::mouseMove(Get("Text4"), QPoint(right.x() - 16, 10));
+    QMouseEvent move(QEvent::MouseMove, QPointF(right.x() - 16, 10), {}, Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(Get("Text4"), &move);
+    QTest::mouseRelease(Get("Text4"), Qt::LeftButton, {}, right);
+    const QString dragged = Get<EntryField>("Text4")->selectedText();
+    EXPECT_TRUE(!dragged.isEmpty() && dragged != Text("Text4")) << dragged.toStdString();
+}
+
+TEST_F(Typing, AWindowOrPopupThatGivesTheFocusBackSpoilsNoEntry) {
+    for (const Qt::FocusReason reason : {Qt::ActiveWindowFocusReason, Qt::PopupFocusReason}) {
+        Type("Text2", "3.2");
+        QFocusEvent out(QEvent::FocusOut, reason);
+        QFocusEvent in(QEvent::FocusIn, reason);
+        QApplication::sendEvent(Get("Text2"), &out);
+        QApplication::sendEvent(Get("Text2"), &in);
+        EXPECT_EQ(Shown("Text2"), u"3.2|");
+    }
+}
+
+TEST_F(Typing, KeysStepTheDigitLeftOfTheCursor) {
+    const auto frequency = [this](int cursor, Qt::Key key, const char16_t* shown, const char16_t* unit) {
+        Place("Text1", cursor);
+        Key(key);
+        EXPECT_EQ(Shown("Text1"), QStringView(shown));
+        EXPECT_EQ(Get<QLabel>("Label4")->text(), QStringView(unit));
+    };
+    frequency(4, Qt::Key_Up, u"1.01|00000", u"kHz");
+    frequency(4, Qt::Key_PageDown, u"91|0.0000", u"Hz");
+    panel.mFreq = 999.9995;
+    form->RefreshPanel();
+    frequency(5, Qt::Key_Up, u"1.0000|995", u"kHz");  // the same digit in another unit
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Shown("Text1"), u"999.9|995");
+    panel.mOffset = 0.2;
+    form->RefreshPanel();
+    Place("Text4", 3);
+    for (const char16_t* const shown : {u"0.1|000", u"0.0|000", u"-0.1|000"}) {
+        Key(Qt::Key_Down);
+        EXPECT_EQ(Shown("Text4"), QStringView(shown));
+    }
+    Get("Text2")->setFocus();
+    Get("Text4")->setFocus();
+    Key(Qt::Key_Up);  // all selected: the first digit that is not 0
+    EXPECT_EQ(Shown("Text4"), u"0.0|000");
+    Get("Text2")->setFocus();
+    Get("Text4")->setFocus();
+    Key(Qt::Key_Up);  // or the units
+    EXPECT_EQ(Shown("Text4"), u"0|.5000");
+}
+
+TEST_F(Typing, AHeldKeyMeetsALimitOnce) {
+    panel.mFreq = 14.5e6;
+    form->RefreshPanel();
+    Place("Text1", 2);
+    desktop.beeps = 0;
+    Hold(Qt::Key_Up, 5);
+    EXPECT_EQ(Shown("Text1"), u"15|.0000000000");
+    EXPECT_EQ(desktop.beeps, 1);
+    Hold(Qt::Key_Up, 5);
+    EXPECT_EQ(desktop.beeps, 2);
+    Hold(Qt::Key_Down, 1);
+    EXPECT_EQ(Shown("Text1"), u"13|.0000000000");
+    EXPECT_EQ(desktop.beeps, 2);
+}
+
+TEST_F(Typing, TheWheelStepsOnlyWhereTheFocusIs) {
+    const auto turn = [this](const char* name, int angle) {
+        QWheelEvent event({5, 5}, Get(name)->mapToGlobal(QPointF(5, 5)), {}, {0, angle}, {}, {}, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(Get(name), &event);
+    };
+    Place("Text2", 3);
+    turn("Text2", 240);
+    turn("Text2", 60);
+    turn("Text2", 60);
+    turn("Text4", 120);
+    EXPECT_EQ(Shown("Text2"), u"1.3|0000");
+    EXPECT_EQ(panel.mOffset, 0.0);
+}
+
+TEST_F(Typing, KeysDoTheMainWork) {
+    Connect();
+    const auto press = [this](int key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+        line.wire.clear();
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+        return QString::fromLatin1(line.wire).replace(u'\r', u' ');
+    };
+    Type("Text1", "2");
+    EXPECT_TRUE(press(Qt::Key_Return).contains(u"2000.0"));  // committed, then sent
+    EXPECT_EQ(Shown("Text1"), u"[0.0000]");                  // and read back
+    EXPECT_FALSE(press(Qt::Key_F5, {}).contains(u"frq:"));
+    EXPECT_EQ(press(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier), u"OT1 ");
+    EXPECT_TRUE(Checked("Opoutput_0"));
+    press(Qt::Key_3);
+    EXPECT_EQ(Get<QTabWidget>("SSTab1")->currentIndex(), 2);
+    press(Qt::Key_1);
+    EXPECT_EQ(Get<QTabWidget>("SSTab1")->currentIndex(), 0);
+    desktop.chosen = folder.filePath(QStringLiteral("a.set"));
+    Get("Text1")->setFocus();
+    for (const int key : {Qt::Key_S, Qt::Key_O, Qt::Key_E}) {
+        desktop.dialogs.clear();
+        press(key);
+        EXPECT_EQ(desktop.dialogs.size(), 1) << key;
+    }
+}
+
+TEST_F(Typing, TheGuideOpensOnceOrSaysWhereItBelongs) {
+    Get<QAction>("mnuguide")->trigger();
+    EXPECT_EQ(desktop.boxes.size(), 1);
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("docs/guide")));
+    QFile page(folder.filePath(QStringLiteral("docs/guide/README.md")));
+    ASSERT_TRUE(page.open(QIODevice::WriteOnly) && page.write("# The guide\n") > 0);
+    page.close();
+    for (int i = 0; i < 2; ++i) {
+        Get<QAction>("mnuguide")->trigger();
+        const auto* const pages = Get<QTextBrowser>("pages");
+        EXPECT_EQ(pages->toPlainText(), u"The guide");
+    }
+    EXPECT_EQ(form->findChildren<QTextBrowser*>().size(), 1);
+    EXPECT_EQ(desktop.boxes.size(), 1);
+}
+
+TEST_F(TypingInACommaLocale, StepsKeepTheUsersMark) {
+    Place("Text4", 3);
+    Key(Qt::Key_Down);
+    EXPECT_EQ(Shown("Text4"), u"-0,1|000");
+    EXPECT_DOUBLE_EQ(panel.mOffset, -0.1);
+}
+
+}  // namespace
