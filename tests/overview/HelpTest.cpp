@@ -31,6 +31,7 @@ TEST(About, WebSiteOpensByMouseAndKey) {
     ShowAbout(owner, desktop);
     auto* const form = owner.findChild<AboutForm*>();
     ASSERT_TRUE(QTest::qWaitForWindowActive(form));
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), u"Command1");
     auto* const Label14 = form->findChild<QLabel*>(QStringLiteral("Label14"));
     QTest::mouseClick(Label14, Qt::LeftButton, {}, QPoint(Label14->sizeHint().width() - 20, Label14->height() / 2));
     form->findChild<QPushButton*>(QStringLiteral("Command1"))->setFocus();

@@ -44,9 +44,9 @@ TEST_F(SettingFiles, WhatIsSavedComesBackOntoThePanel) {
     Type("Text2", "5");  // the menu commits it
     panel.bmAmpMod = 1;
     program.memories.ArbMemory4[4095] = -2047;
+    panel.tmOut = kTrue;
     Choose("mnusset", QStringLiteral("a.set"));
     panel = PanelState{};
-    panel.tmOut = kTrue;
     panel.tmIntRef = kFalse;
     program.memories.ArbMemory4[4095] = 0;
     form->RefreshPanel();
@@ -56,7 +56,7 @@ TEST_F(SettingFiles, WhatIsSavedComesBackOntoThePanel) {
     EXPECT_TRUE(Checked("opAmMod_1"));
     EXPECT_EQ(panel.tmIntRef, kFalse);  // no part of a file
     EXPECT_EQ(program.memories.ArbMemory4[4095], -2047);
-    EXPECT_EQ(line.wire, "OT0\r");  // a load that changes the output switches it at once
+    EXPECT_EQ(line.wire, "OT1\r");  // a load that changes the output switches it at once
     EXPECT_EQ(desktop.dialogs.join(u'\n'),
               u"save|Select Settings|Settings (*.set) |*.set||SET\n"
               "open|Select Settings|Settings (*.set) |*.set|*.set|SET");
