@@ -53,7 +53,7 @@ Meaning MeaningOf(const Candidate& candidate) {
         case Meaning::Axis:
             return rises ? Meaning::Axis : Meaning::Channel;
         case Meaning::Index:
-            return rises || isConstant ? Meaning::Index : Meaning::Channel;
+            return rises || (isConstant && candidate.title.name.size() > 1) ? Meaning::Index : Meaning::Channel;
         case Meaning::Segment:
             return isConstant || std::ranges::is_sorted(candidate.values) ? Meaning::Segment : Meaning::Channel;
         default:

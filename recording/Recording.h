@@ -18,8 +18,8 @@ class Table;
 
 // What the user has chosen. It stands; what is left open is decided by the whole file.
 struct Choice {
-    std::optional<char> separator;    // between cells: '\t', ';', ',', '|' or ' ' for any number of blanks
-    std::optional<char> decimalMark;  // '.' or ','
+    std::optional<char> separator = {};    // between cells: '\t', ';', ',', '|' or ' ' for any number of blanks
+    std::optional<char> decimalMark = {};  // '.' or ','
     // The user names columns by their number. A comma between whole numbers then separates cells, and numbers behind
     // words are samples as well.
     bool byNumber = false;
