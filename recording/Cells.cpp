@@ -36,8 +36,9 @@ class Cursor {
     bool TakeNumber(const NumberStyle& style, double* value, char* mark) {
         SkipBlanks();
         const char* const begin = at_ != end_ && *at_ == '+' ? at_ + 1 : at_;
-        if (begin == end_ || *begin > '9' || (begin != at_ && *begin == '-')) {
-            return false;  // a word, or one that from_chars would take for a number, as "nan"
+        const char* const digit = begin == at_ && at_ != end_ && *at_ == '-' ? at_ + 1 : begin;
+        if (digit == end_ || *digit > '9' || *digit == '-') {
+            return false;  // a word, or one that from_chars would take for a number, as "-inf"
         }
         const char* const after =
             style.decimalMark == ',' ? CommaNumberEnd(begin, value, mark) : PointNumberEnd(begin, value, mark);

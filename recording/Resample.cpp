@@ -35,7 +35,7 @@ class Curve {
             at = time;
             last = value;
         };
-        for (std::size_t next = row_ + 1; next < values_.size() && TimeOf(next) < to; ++next) {
+        for (std::size_t next = row_ + 1; next < values_.size() && TimeOf(next) <= to; ++next) {
             add(TimeOf(next), values_[next]);
         }
         add(to, At(to));

@@ -134,14 +134,18 @@ class HeaderLine {
     bool IsKeyAndValue() const { return cells_.size() == 2 && !cells_[0].isEmpty(); }
 
   private:
-    // "key = value" or "key: value"; in a line of one cell also "key;value", and "[section]".
+    // "key = value" or "key: value" in place of a title; in a line of one cell also "key;value", and "[section]".
     bool HasPair() const {
-        const bool inCells = std::ranges::any_of(cells_, [](const QString& cell) {
-            return cell.startsWith(u'=') || cell.contains(u" =") || cell.contains(u": ") || cell.endsWith(u':');
-        });
-        const QStringList parts = Size() == 1 ? PartsOf(cells_[0]) : QStringList();
-        return inCells || (Size() == 1 && cells_[0].contains(QRegularExpression(QStringLiteral("^\\[|[:=]")))) ||
-               (parts.size() > 1 && !UnitNamed(parts[1]));
+        static const QRegularExpression keyOrSection(QStringLiteral("^\\[|[:=]"));
+        if (Size() == 1) {
+            const QStringList parts = PartsOf(cells_[0]);
+            return cells_[0].contains(keyOrSection) || (parts.size() > 1 && !UnitNamed(parts[1]));
+        }
+        return cells_.contains(QStringLiteral("=")) ||
+               std::ranges::any_of(block_.columns, [this](const BlockColumn& column) {
+                   const QString cell = At(column.column);
+                   return cell.contains(u" =") || cell.contains(u": ") || cell.endsWith(u':');
+               });
     }
 
     const TableBlock& block_;
@@ -251,14 +255,13 @@ Heading FindHeading(const Table& table, const TableBlock& block) {
             isNext = false;
         }
     }
-    titles = titles == kNone ? fillers : titles;
-    if (units == kNone && titles == kNone) {
+    titles = titles == kNone ? std::min(units, fillers) : titles;  // "Sample,Volt" may be all that there is
+    if (titles == kNone) {
         return heading;
     }
-    heading.hasTitles = titles != kNone;
     const HeaderLine unitLine(table, block, units == kNone ? std::string() : lines[units].text);
-    const HeaderLine titleLine(table, block, titles == kNone ? std::string() : lines[titles].text);
-    heading.titleCells = std::max(titleLine.Size(), titles == kNone ? unitLine.Size() : 0);
+    const HeaderLine titleLine(table, block, lines[titles].text);
+    heading.titleCells = titleLine.Size();
     for (std::size_t i = 0; i < heading.titles.size(); ++i) {
         heading.titles[i] = ReadTitle(titleLine.At(i));
         if (heading.titles[i].unit.isEmpty()) {

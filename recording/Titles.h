@@ -34,8 +34,7 @@ Title ReadTitle(const QString& cell);
 // What stands above a block.
 struct Heading {
     std::vector<Title> titles;   // by column of the table; those beyond have none
-    std::size_t titleCells = 0;  // cells of the title line, or of the unit line if there is no other; 0 without either
-    bool hasTitles = false;
+    std::size_t titleCells = 0;  // cells of the line that they stand in; 0 if there is none
 };
 
 Heading FindHeading(const Table& table, const TableBlock& block);

@@ -35,12 +35,12 @@ TEST(RecordedTrace, ServesTwoColumnsAndTellsWhatTheyAre) {
         // One block for each channel.
         {blocks, {}, "v, column 2, block 1 of 3: 3 rows of lines 3 to 5, every 1 s", "i, column 2, block 2 of 3"},
         {blocks, {.block = 3}, "w, column 2, block 3 of 3: 2 rows of lines 14 to 15", "w, column 2, block 3 of 3"},
-        {"Volt\n0,5\n1,25\n", {.columns = "1,2"}, "column 1", "column 2"},
+        {"Volt\n0,5\n1,25\n", {.columns = "1,2"}, "Volt, column 1", "column 2"},
         {"Volt\n0,5\n1,25\n",
          {.decimal = "comma"},
-         "column 1 (Volt): 2 rows of lines 2 to 3, interval unknown",
+         "Volt, column 1: 2 rows of lines 2 to 3, interval unknown",
          "column 1"},
-        {"Volt\n0,5\n1,25\n", {.separator = "comma"}, "column 1 (Volt): 2 rows", "column 2: 2 rows"},
+        {"Volt\n0,5\n1,25\n", {.separator = "comma"}, "Volt, column 1: 2 rows", "column 2: 2 rows"},
         {"t,v\n0,1\n1,2\n9,1\n", {}, "v, column 2: 3 rows of lines 2 to 4, in uneven steps, 9 s in all", "v"}};
     for (const auto& [text, choice, a, b] : cases) {
         std::string error;
@@ -51,7 +51,7 @@ TEST(RecordedTrace, ServesTwoColumnsAndTellsWhatTheyAre) {
     }
     std::string error;
     const auto traces = Load(scope, {}, &error);
-    EXPECT_TRUE(traces->channels[0].front() == 1 && traces->channels[0][1023] == 32767);
+    EXPECT_TRUE(traces->channels[0].front() == 1 && traces->channels[0][1024] == 32767);
     EXPECT_NEAR(traces->channels[1].front(), 16384, 16);
     EXPECT_EQ(traces->channels[1].back(), 1);
 }
