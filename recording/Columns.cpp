@@ -294,25 +294,31 @@ class ColumnReader {
         return isTime ? std::optional(1.0) : std::nullopt;
     }
 
+    // The axis in the rows of the channel; nothing if it has none there.
+    static std::span<const double> TimesOf(const Candidate& axis, const Candidate& channel) {
+        const std::size_t from = channel.place->firstRow - axis.place->firstRow;
+        const bool covers = axis.place->otherUnitLine == 0 && axis.place->firstRow <= channel.place->firstRow &&
+                            from + channel.place->rows <= axis.values.size();
+        return covers ? std::span<const double>(axis.values).subspan(from, channel.place->rows)
+                      : std::span<const double>();
+    }
+
     Timing TimingOf(const Candidate& channel) const {
         Timing timing;
         const auto rows = static_cast<double>(channel.place->rows);
         const Candidate* const axis = AxisOf(channel);
-        const bool covers = axis != nullptr && axis->course.rises && axis->place->otherUnitLine == 0 &&
-                            axis->place->firstRow <= channel.place->firstRow &&
-                            axis->place->firstRow + axis->place->rows >= channel.place->firstRow + channel.place->rows;
-        if (covers) {
-            const std::span<const double> times =
-                axis->values.subspan(channel.place->firstRow - axis->place->firstRow, channel.place->rows);
-            const double rise = times.back() - times.front();
+        const std::span<const double> times = axis != nullptr ? TimesOf(*axis, channel) : std::span<const double>();
+        const bool isWhole = axis != nullptr && times.size() == axis->values.size();
+        const Course course = isWhole ? axis->course : CourseOf(times);
+        if (course.rises) {
             const std::optional<double> seconds = SecondsOf(*axis);
-            if (!axis->course.isEven) {
+            const double rise = (times.back() - times.front()) * seconds.value_or(0.0);
+            if (!course.isEven) {
                 timing.times = times;
-                timing.duration = seconds ? std::optional(rise * *seconds) : std::nullopt;
+                timing.duration = seconds ? std::optional(rise) : std::nullopt;
                 return timing;
             }
-            timing.interval =
-                seconds && !axis->course.isCoarse ? std::optional(rise * *seconds / (rows - 1.0)) : std::nullopt;
+            timing.interval = rise > 0.0 && !course.isCoarse ? std::optional(rise / (rows - 1.0)) : std::nullopt;
         }
         if (!timing.interval && (axis == nullptr || axis->meaning != Meaning::Axis)) {
             timing.interval = facts_.interval;

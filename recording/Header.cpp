@@ -113,7 +113,7 @@ class FactReader {
         }
         *first = entry.key;
         for (qsizetype i = 0; i < entry.values.size(); ++i) {
-            if (!entry.values[i].isEmpty()) {
+            if (ReadCell(entry.values[i].toStdString(), {}).kind == CellKind::Word) {
                 texts->push_back({entry.values[i], entry.column + static_cast<std::size_t>(i), entry.isBeside});
             }
         }

@@ -53,7 +53,7 @@ std::size_t BodyLength(string_view text) {
 
 // One to three digits, then groups of three behind one kind of mark.
 bool IsGrouped(string_view whole) {
-    const std::size_t first = std::ranges::find_if_not(whole, IsDigit) - whole.begin();
+    const std::size_t first = std::min(whole.find_first_not_of("0123456789"), whole.size());
     if (first == whole.size()) {
         return true;
     }

@@ -26,6 +26,9 @@ class Curve {
 
     // The mean from one time to a later one.
     double Mean(double from, double to) {
+        if (!(to > from)) {
+            return At(from);
+        }
         double sum = 0.0;
         double last = At(from);
         double at = from;

@@ -61,7 +61,7 @@ QString Decoded(string_view line) {
 
 }  // namespace
 
-LineSource::LineSource(QIODevice& device, qint64 from) : device_(device) {
+LineSource::LineSource(QIODevice& device, qint64 from) : device_(device), piece_(kReadBytes, Qt::Uninitialized) {
     device_.seek(0);
     const QByteArray head = device_.peek(3);
     isUtf16_ = head.startsWith("\xFF\xFE") || head.startsWith("\xFE\xFF");
@@ -133,18 +133,15 @@ bool LineSource::Refill() {
     scanned_ -= begin_;
     begin_ = next_ = 0;
     const std::size_t old = buffer_.size();
+    const qint64 got = device_.read(piece_.data(), piece_.size());
+    readFailed_ = got < 0;
+    ended_ = got <= 0;
+    const QByteArrayView piece(piece_.constData(), std::max<qint64>(got, 0));
+    bytesRead_ += piece.size();
     if (isUtf16_) {
-        const QByteArray bytes = device_.read(kReadBytes);
-        bytesRead_ += bytes.size();
-        ended_ = bytes.isEmpty();
-        buffer_ += QString(utf16_(bytes)).toStdString();
+        buffer_ += QString(utf16_(piece)).toStdString();
     } else {
-        buffer_.resize(old + kReadBytes);
-        const qint64 got = device_.read(buffer_.data() + old, kReadBytes);
-        readFailed_ = got < 0;
-        ended_ = got <= 0;
-        bytesRead_ += std::max<qint64>(got, 0);
-        buffer_.resize(old + static_cast<std::size_t>(std::max<qint64>(got, 0)));
+        buffer_.append(piece.data(), static_cast<std::size_t>(piece.size()));
     }
     EndAtZeroByte(old);
     lineFeed_ = buffer_.size();

@@ -39,6 +39,7 @@ class LineSource {
     QStringDecoder utf16_;
     bool isUtf16_ = false;
     qint64 bytesRead_ = 0;
+    QByteArray piece_;  // what was read last
     std::string buffer_;
     std::size_t begin_ = 0;     // of the line in work
     std::size_t scanned_ = 0;   // from begin_ to here there is no line end
