@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/PeerUser.h"
+
 namespace {
 
 constexpr int kManualMode = 2;
@@ -20,15 +22,31 @@ bool SocketDdeLink::SetLinkMode(int mode) {
     return mode == kClosedMode || (mode == kManualMode && Open());
 }
 
-bool SocketDdeLink::Open() {
+// Where the other program may be found, the likelier places first.
+QStringList SocketDdeLink::Places() const {
     const QString name = topic_.section(u'|', 0, 0);
-    const QDeadlineTimer end = StepEnd();
-    socket_.connectToServer(folder_.isEmpty() ? name : folder_ + u'/' + name);
-    if (!socket_.waitForConnected(LeftMs(end))) {
-        socket_.abort();
-        return false;
+    if (!folder_.isEmpty()) {
+        return {folder_ + u'/' + name};
     }
-    return Ask(QStringLiteral("initiate ") + topic_, end).has_value();
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    return runtime.isEmpty() ? QStringList(name) : QStringList{runtime + u'/' + name, name};
+}
+
+// What another user serves in a folder that all may write to is none of ours.
+bool SocketDdeLink::Connect(const QString& place, const QDeadlineTimer& end) {
+    socket_.connectToServer(place);
+    const bool isConnected = socket_.waitForConnected(LeftMs(end)) && IsOfThisUser(socket_.socketDescriptor());
+    if (!isConnected) {
+        socket_.abort();
+    }
+    return isConnected;
+}
+
+bool SocketDdeLink::Open() {
+    const QDeadlineTimer end = StepEnd();
+    const QStringList places = Places();
+    return std::any_of(places.begin(), places.end(), [&](const QString& place) { return Connect(place, end); }) &&
+           Ask(QStringLiteral("initiate ") + topic_, end).has_value();
 }
 
 void SocketDdeLink::Close() {

@@ -8,10 +8,11 @@
 
 // DdeLink over a local socket that bears the other program's name. Messages and answers are lines of text: "initiate
 // NAME|TOPIC", "execute COMMAND" and "request ITEM" are answered by "ok", the last one with the item behind it;
-// "terminate" is not answered. No events are served while a step waits.
+// "terminate" is not answered. No events are served while a step waits. The other program must run as the same user.
 class SocketDdeLink : public DdeLink {
   public:
-    // `folder`: where the sockets lie; by default where this system keeps them.
+    // `folder`: where the sockets lie; by default the user's runtime folder, and the folder in which this system keeps
+    // local sockets, in this order.
     explicit SocketDdeLink(QString folder = {}) : folder_(std::move(folder)) {}
     ~SocketDdeLink() override { Close(); }
     Q_DISABLE_COPY_MOVE(SocketDdeLink)
@@ -26,6 +27,8 @@ class SocketDdeLink : public DdeLink {
 
   private:
     QDeadlineTimer StepEnd() const;
+    QStringList Places() const;
+    bool Connect(const QString& place, const QDeadlineTimer& end);
     bool Open();
     void Close();
     std::optional<QString> Ask(const QString& message, const QDeadlineTimer& end);

@@ -1,8 +1,5 @@
 #include "simulator/TraceCommandLine.h"
 
-#include <QFile>
-
-#include "simulator/CsvTrace.h"
 #include "simulator/OptionKinds.h"
 #include "simulator/TraceShapes.h"
 
@@ -12,16 +9,26 @@ namespace {
 constexpr std::array<const char*, 2> kDefaultShapes{"sine", "burst"};
 
 void AddRecording(CLI::App& app, TraceProgramOptions& options) {
-    CLI::Option* const csv =
-        AddText(app, "--csv", options.csvPath, "serve two columns of a recording in place of the shapes");
+    RecordingChoice& recording = options.recording;
+    CLI::Option* const csv = AddText(app, "--csv", recording.path, "serve a recording in place of the shapes");
     csv->check(kNotEmpty)->type_name("FILE");
-    app.add_option("--columns", options.columns, "the columns of channel A and B, from 1; one alone serves both")
-        ->delimiter(',')
-        ->expected(1, 2)
-        ->multi_option_policy(CLI::MultiOptionPolicy::Throw)
-        ->check(CLI::Range(1, 9999))
+    AddText(app, "--columns", recording.columns,
+            "the columns of channel A and B, numbers from 1 or titles; one alone serves both")
+        ->check(kNotEmpty)
         ->needs(csv)
         ->type_name("A,B");
+    app.add_option("--block", recording.block, "the block of numbers, from 1, where the file has several")
+        ->check(CLI::Range(1, 1'000'000))
+        ->needs(csv)
+        ->type_name("N");
+    AddText(app, "--separator", recording.separator, "what separates the cells: tab, semicolon, comma, bar or blank")
+        ->check(CLI::IsMember({"tab", "semicolon", "comma", "bar", "blank"}))
+        ->needs(csv)
+        ->type_name("NAME");
+    AddText(app, "--decimal", recording.decimal, "the decimal mark: point or comma")
+        ->check(CLI::IsMember({"point", "comma"}))
+        ->needs(csv)
+        ->type_name("NAME");
     const CLI::Validator isShape([](std::string& name) { return TraceShape(name) ? "" : "no shape " + name; }, "");
     for (const auto& [name, shape, channel] :
          {std::tuple("--shape-a", &options.shapes[0], "A"), std::tuple("--shape-b", &options.shapes[1], "B")}) {
@@ -51,30 +58,6 @@ void AddFaults(CLI::App& app, TraceFaults& faults) {
     AddSwitch(app, "--endless", faults.endlessReply, "reply with megabytes of digits");
 }
 
-bool LoadCsv(TraceProgramOptions* options, std::array<std::string, 2>* origins, std::string* error) {
-    QFile file(QString::fromStdString(options->csvPath));
-    if (!file.open(QIODevice::ReadOnly)) {
-        *error = options->csvPath + ": " + file.errorString().toStdString();
-        return false;
-    }
-    const QByteArray text = file.readAll();
-    std::array<CsvColumn, 2> columns;
-    if (!ReadCsv({text.constData(), static_cast<std::size_t>(text.size())}, options->columns, &columns, error)) {
-        *error = options->csvPath + ": " + *error;
-        return false;
-    }
-    for (std::size_t channel = 0; channel < columns.size(); ++channel) {
-        CsvColumn& column = columns[channel];
-        (*origins)[channel] = options->csvPath + ", column " + std::to_string(column.number) + ", " +
-                              std::to_string(column.values.size()) + " numbers in lines " +
-                              std::to_string(column.firstLine) + " to " + std::to_string(column.lastLine);
-        Trace& trace = options->source.channels[channel];
-        trace = MakeTrace(std::move(column.values));
-        (*origins)[channel] += trace == Trace{} ? ", without amplitude" : "";
-    }
-    return true;
-}
-
 }  // namespace
 
 void AddOptions(CLI::App& app, TraceProgramOptions& options) {
@@ -85,19 +68,25 @@ void AddOptions(CLI::App& app, TraceProgramOptions& options) {
         ->check(kNotEmpty)
         ->type_name("NAME");
     AddFaults(app, options.source.faults);
-    app.footer(
-        "Shapes: " + TraceShapeNames() +
-        ".\n"
-        "In a CSV file cells are separated by tab, semicolon or comma. Numbers have a decimal point, or a comma\n"
-        "where commas do not separate cells. A header and closing remarks are skipped. Without --columns the first\n"
-        "two columns that are numbers throughout are served, without a leading index or time, which only rise.\n"
-        "Both channels end where the shorter one does. A gap is refused. Any number of samples is brought\n"
-        "to 2048, and their lowest and highest to 0 and 255.");
+    app.footer("Shapes: " + TraceShapeNames() +
+               ".\n"
+               "A recording is delimited text with numbers, as oscilloscopes, loggers and programs save it. What "
+               "separates its\n"
+               "cells, its titles, units, time and sample interval are found in the file; --columns, --block, "
+               "--separator and\n"
+               "--decimal choose otherwise. A gap within a recording is refused. Any number of samples is brought to "
+               "2048, and\n"
+               "their lowest and highest to 1 and 32767.");
 }
 
 bool LoadChannels(TraceProgramOptions* options, std::array<std::string, 2>* origins, std::string* error) {
-    if (!options->csvPath.empty()) {
-        return LoadCsv(options, origins, error);
+    if (!options->recording.path.empty()) {
+        const std::optional<RecordedTraces> traces = LoadTraces(options->recording, error);
+        if (traces) {
+            options->source.channels = traces->channels;
+            *origins = traces->origins;
+        }
+        return traces.has_value();
     }
     for (std::size_t channel = 0; channel < kDefaultShapes.size(); ++channel) {
         (*origins)[channel] = options->shapes[channel].value_or(kDefaultShapes[channel]);

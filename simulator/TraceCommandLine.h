@@ -3,9 +3,9 @@
 #include <array>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "simulator/TraceOptions.h"
+#include "simulator/TraceRecording.h"
 
 namespace CLI {
 class App;
@@ -16,8 +16,7 @@ namespace sim {
 struct TraceProgramOptions {
     TraceOptions source;  // all but the channels
     std::array<std::optional<std::string>, 2> shapes;
-    std::string csvPath;
-    std::vector<int> columns;  // one or two, from 1; none: chosen by what the file holds
+    RecordingChoice recording;  // without a path: the shapes
 };
 
 // Gives the program its options; a parse puts them into `options`, which must outlive it.

@@ -1,9 +1,5 @@
 #include "simulator/TraceServer.h"
 
-#include <sys/stat.h>
-
-#include <QDir>
-#include <QFile>
 #include <QTimer>
 #include <memory>
 
@@ -11,13 +7,6 @@ namespace sim {
 namespace {
 
 constexpr qint64 kLongestMessageBytes = 1024;
-constexpr int kProbeMs = 1000;
-
-// False also if nothing is there.
-bool IsSocket(const QString& path) {
-    struct stat there {};
-    return ::lstat(QFile::encodeName(path).constData(), &there) == 0 && S_ISSOCK(there.st_mode);
-}
 
 }  // namespace
 
@@ -25,36 +14,8 @@ TraceServer::TraceServer(const TraceOptions& options) : options_(options) {
     connect(&server_, &QLocalServer::newConnection, this, &TraceServer::Accept);
 }
 
-bool TraceServer::Listen(std::string* error) {
-    const QString name = QString::fromStdString(options_.socket);
-    if (server_.listen(name)) {
-        return true;
-    }
-    if (server_.serverError() != QAbstractSocket::AddressInUseError) {
-        *error = options_.socket + ": " + server_.errorString().toStdString();
-        return false;
-    }
-    const QString path = QDir(QDir::tempPath()).filePath(name);
-    if (!IsSocket(path)) {
-        *error = path.toStdString() + ": a file or folder is in the socket's place; remove it or choose another --name";
-        return false;
-    }
-    if (IsLeftBehind(name) && QLocalServer::removeServer(name) && server_.listen(name)) {
-        return true;
-    }
-    *error = path.toStdString() + ": is served already";
-    return false;
-}
-
-// A socket whose server is gone refuses the connection.
-bool TraceServer::IsLeftBehind(const QString& name) const {
-    QLocalSocket probe;
-    probe.connectToServer(name);
-    return !probe.waitForConnected(kProbeMs) && probe.error() == QLocalSocket::ConnectionRefusedError;
-}
-
 void TraceServer::Close() {
-    server_.close();
+    socket_.Close();
     for (QLocalSocket* const socket : server_.findChildren<QLocalSocket*>()) {
         socket->abort();
     }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "simulator/TraceConversation.h"
+#include "simulator/TraceSocket.h"
 
 namespace sim {
 
@@ -14,17 +15,15 @@ class TraceServer : public QObject {
     // The options must outlive the server.
     explicit TraceServer(const TraceOptions& options);
 
-    // False with the reason in `error`, also while another program serves under that name. A socket that a killed
-    // server has left behind is taken over.
-    bool Listen(std::string* error);
+    // False with the reason in `error`, also while another program serves under that name.
+    bool Listen(std::string* error) { return socket_.Listen(error); }
 
     // Cuts all conversations and takes the socket away.
     void Close();
 
-    std::string SocketPath() const { return server_.fullServerName().toStdString(); }
+    std::string SocketPath() const { return socket_.Path().toStdString(); }
 
   private:
-    bool IsLeftBehind(const QString& name) const;
     void Accept();
     void Serve(QLocalSocket* socket, TraceConversation& conversation);
     void Send(QLocalSocket* socket, const TraceAnswer& answer);
@@ -32,6 +31,7 @@ class TraceServer : public QObject {
 
     const TraceOptions& options_;
     QLocalServer server_{this};
+    TraceSocket socket_{server_, options_.socket};
 };
 
 }  // namespace sim

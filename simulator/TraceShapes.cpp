@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <vector>
 
 namespace sim {
 namespace {
@@ -34,7 +35,7 @@ std::optional<Trace> TraceShape(std::string_view name) {
     for (std::size_t i = 0; i < kTraceSamples; ++i) {
         values[i] = shape->value(static_cast<double>(i) / kTraceSamples);
     }
-    return MakeTrace(std::move(values));
+    return MakeTrace(values);
 }
 
 std::string TraceShapeNames() {

@@ -1,7 +1,9 @@
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
@@ -16,6 +18,20 @@ namespace {
 
 constexpr qint64 kAtOnceMs = 15'000;  // half of the time limit: enough on the slowest machine
 constexpr int kHastyTenths = 3;
+
+// A variable of the environment has its value again when this goes.
+class KeptVariable {
+  public:
+    explicit KeptVariable(const char* name)
+        : name_(name), wasSet_(qEnvironmentVariableIsSet(name)), value_(qgetenv(name)) {}
+    ~KeptVariable() { wasSet_ ? qputenv(name_, value_) : qunsetenv(name_); }
+    Q_DISABLE_COPY_MOVE(KeptVariable)
+
+  private:
+    const char* const name_;
+    const bool wasSet_;
+    const QByteArray value_;
+};
 
 class TraceSources : public ::testing::Test {
   public:
@@ -62,7 +78,8 @@ TEST_F(TraceSources, ServesBothChannelsAgainAndAgain) {
     for (int i = 0; i < 2; ++i) {
         EXPECT_EQ(FailingStep("getbincha"), "");
         EXPECT_EQ(link.Text().count(u','), 2047);
-        EXPECT_EQ(link.Text().section(u',', 2042), u"254,255,255,255,255,255");
+        EXPECT_TRUE(link.Text().startsWith(u"1,17,"));
+        EXPECT_TRUE(link.Text().endsWith(u",32751,32767"));
         EXPECT_EQ(FailingStep("getbinchb"), "");
         EXPECT_EQ(link.Text().section(u',', 40, 40).toInt(), sim::TraceShape("burst")->at(40));
     }
@@ -80,10 +97,10 @@ TEST_F(TraceSources, FaultsEndTheConversationAtOnceOrAtTheTimeLimit) {
         {{.endlessReply = true}, "request", false, {}},
         {{.silentOn = {"initiate"}}, "initiate", true, {}},
         {{.byteDelay = std::chrono::milliseconds(5)}, "request", true, {}},
-        {{.delay = std::chrono::milliseconds(100)}, {}, false, QStringLiteral("0,0,0,0,0,1,")},
+        {{.delay = std::chrono::milliseconds(100)}, {}, false, QStringLiteral("1,17,33,49,6")},
         {{.emptyReply = true}, {}, false, {}},
-        {{.shortReply = 3, .noNumber = true}, {}, false, QStringLiteral("0,overload,0")},
-        {{.shortReply = 3, .beyond16Bits = true}, {}, false, QStringLiteral("0,40000,0")}};
+        {{.shortReply = 3, .noNumber = true}, {}, false, QStringLiteral("1,overload,3")},
+        {{.shortReply = 3, .beyond16Bits = true}, {}, false, QStringLiteral("1,40000,33")}};
     for (const auto& [faults, failing, late, text] : cases) {
         sim::TraceSource source(Options(faults));
         ASSERT_EQ(StartFault(source), "");
@@ -113,12 +130,71 @@ TEST_F(TraceSources, AnAbsentSourceIsToldAtOnceAndAKilledOneMakesRoom) {
     sim::TraceSource second(options);
     EXPECT_NE(StartFault(second).find("served already"), std::string::npos);
     EXPECT_EQ(FailingStep(), "");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::System | QDir::Files), QStringList(QStringLiteral("qd204e")));
 
+    // One that ends leaves alone what another has put in its place.
+    ASSERT_TRUE(QFile::remove(QString::fromStdString(source.SocketPath())));
+    sim::TraceSource next(options);
+    ASSERT_EQ(StartFault(next), "");
     source.Stop();
-    QFile mine(folder.filePath(QStringLiteral("qd204e")));
+    EXPECT_EQ(FailingStep(), "");
+    next.Stop();
+    EXPECT_EQ(FailingStep(), "initiate");
+}
+
+TEST_F(TraceSources, SaysWhyThereCanBeNoSocket) {
+    QFile mine(folder.filePath(QStringLiteral("mine")));
     ASSERT_TRUE(mine.open(QIODevice::WriteOnly));
-    EXPECT_NE(StartFault(source).find("qd204e: a file or folder"), std::string::npos);
+    const std::pair<QString, const char*> cases[] = {
+        {QStringLiteral("mine"), "mine: a file or folder is in the socket's place"},
+        {QStringLiteral("none/qd204e"), "/none: there is no such folder"},
+        {QString(100, u'x'), "too long for a socket"}};
+    for (const auto& [name, complaint] : cases) {
+        sim::TraceOptions options = Options();
+        options.socket = folder.filePath(name).toStdString();
+        sim::TraceSource source(options);
+        const std::string fault = StartFault(source);
+        EXPECT_NE(fault.find(complaint), std::string::npos) << fault;
+    }
     EXPECT_TRUE(mine.exists());
+}
+
+TEST_F(TraceSources, MeetsThePanelInTheUsersOwnFolder) {
+    const KeptVariable runtime("XDG_RUNTIME_DIR");
+    const KeptVariable temporaryFolder("TMPDIR");
+    SocketDdeLink everywhere;
+    sim::TraceOptions options = Options();
+    options.socket = "qd204e";
+    for (const bool hasRuntime : {true, false}) {
+        const QTemporaryDir own;
+        const QTemporaryDir temporary;
+        qputenv("XDG_RUNTIME_DIR", hasRuntime ? own.path().toUtf8() : own.filePath(QStringLiteral("none")).toUtf8());
+        qputenv("TMPDIR", temporary.path().toUtf8());
+        sim::TraceSource source(options);
+        std::string error;
+        ASSERT_TRUE(source.Start(&error)) << error;
+        EXPECT_EQ(source.SocketPath(), (hasRuntime ? own : temporary).filePath(QStringLiteral("qd204e")).toStdString());
+        everywhere.SetLinkTopic(QStringLiteral("qd204e|dde"));
+        EXPECT_TRUE(everywhere.SetLinkMode(2));
+        everywhere.SetLinkMode(0);
+    }
+}
+
+TEST_F(TraceSources, OfAnotherUserAreNotTaken) {
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "needs to become another user";
+    }
+    constexpr uid_t kNobody = 65534;
+    ASSERT_EQ(::chmod(folder.path().toUtf8().constData(), 0777), 0);
+    sim::TraceSource source(Options());
+    std::string error;
+    ASSERT_EQ(::seteuid(kNobody), 0);
+    const bool started = source.Start(&error);
+    ASSERT_EQ(::seteuid(0), 0);
+    ASSERT_TRUE(started) << error;
+    EXPECT_EQ(FailingStep(), "initiate");
+    EXPECT_FALSE(sim::TraceSource(Options()).Start(&error));
+    EXPECT_NE(error.find("another user's socket"), std::string::npos) << error;
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ TEST_F(WholeTrace, AChannelReachesTheInstrumentThroughTheEditor) {
     ASSERT_TRUE(instrument.WaitForLines(4098, std::chrono::seconds(30)));
     instrument.With([&ramp](const sim::Kl5276& unit) {
         for (std::size_t i = 0; i < ramp.size(); ++i) {
-            EXPECT_NEAR(unit.state.memory4k[2 * i], ramp[i] * 3000.0 / 255.0 - 1500.0, 0.5) << i;
+            EXPECT_NEAR(unit.state.memory4k[2 * i], (ramp[i] - 1) * 3000.0 / 32766.0 - 1500.0, 0.5) << i;
         }
     });
 }

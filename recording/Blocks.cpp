@@ -1,0 +1,286 @@
+#include "recording/Blocks.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace recording {
+namespace {
+
+constexpr std::size_t kFewestRows = 2;
+constexpr std::size_t kMostKeys = 256;         // more rows than any header has
+constexpr std::size_t kMostGapStretches = 64;  // without a value of the block, one after the other
+constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+// What a stretch is to a block whose values stand in certain columns.
+enum class Fit { Belongs, Gap, Ends };
+
+Fit FitOf(const Shape& shape, const std::vector<std::size_t>& columns) {
+    for (const std::size_t column : columns) {
+        const CellKind kind = column < shape.codes.size() ? KindOf(shape.codes[column]) : CellKind::Missing;
+        if (kind != CellKind::Missing) {
+            return kind == CellKind::Word ? Fit::Ends : Fit::Belongs;
+        }
+    }
+    return Fit::Gap;
+}
+
+bool BeginsWithWord(const Shape& shape) {
+    const auto first = std::ranges::find_if(shape.codes, [](char code) { return KindOf(code) != CellKind::Missing; });
+    return first != shape.codes.end() && KindOf(*first) == CellKind::Word;
+}
+
+class Finder {
+  public:
+    Finder(const Table& table, bool wordsMayLead)
+        : table_(table), stretches_(table.Stretches()), wordsMayLead_(wordsMayLead), owner_(stretches_.size(), kNone) {}
+
+    // The longest stretches first, so that each takes in the shorter ones beside it.
+    BlockSearch Find() {
+        std::vector<std::size_t> seeds(stretches_.size());
+        std::iota(seeds.begin(), seeds.end(), 0U);
+        std::ranges::stable_sort(seeds, std::ranges::greater(), [this](std::size_t i) { return stretches_[i].rows; });
+        for (const std::size_t seed : seeds) {
+            if (owner_[seed] == kNone && !ShapeAt(seed).columns.empty()) {
+                Grow(seed);
+            }
+        }
+        std::ranges::sort(search_.blocks, {}, [](const TableBlock& block) { return block.stretches.front(); });
+        MeasureColumns();
+        return std::move(search_);
+    }
+
+  private:
+    const Shape& ShapeAt(std::size_t stretch) const { return table_.ShapeOf(stretches_[stretch]); }
+
+    void Grow(std::size_t seed) {
+        std::size_t first = seed;
+        while (true) {
+            const std::size_t above = NextThatBelongs(first, -1, seed);
+            if (above == kNone || ShapeAt(above).codes.size() < ShapeAt(seed).codes.size()) {
+                break;  // above, a row of fewer cells belongs to a header
+            }
+            first = above;
+        }
+        std::size_t last = seed;
+        for (std::size_t below = last; (below = NextThatBelongs(last, 1, seed)) != kNone;) {
+            last = below;
+        }
+        first += IsHeaderOfNumbers(first, last) ? 1 : 0;
+        std::size_t rows = 0;
+        for (std::size_t i = first; i <= last; ++i) {
+            rows += stretches_[i].rows;
+        }
+        if (rows < kFewestRows || HoldsKeys(seed, rows)) {
+            return;
+        }
+        TableBlock block{.cells = ShapeAt(seed).codes.size()};
+        for (std::size_t i = first; i <= last; ++i) {
+            owner_[i] = search_.blocks.size();
+            block.stretches.push_back(i);
+        }
+        search_.blocks.push_back(std::move(block));
+    }
+
+    std::size_t NextThatBelongs(std::size_t from, int step, std::size_t seed) const {
+        std::size_t i = from;
+        for (std::size_t gap = 0; gap < kMostGapStretches; ++gap) {
+            i += static_cast<std::size_t>(step);  // wraps below 0
+            if (i >= stretches_.size() || owner_[i] != kNone) {
+                return kNone;
+            }
+            const Fit fit = FitOf(ShapeAt(i), ShapeAt(seed).columns);
+            if (fit != Fit::Gap) {
+                return fit == Fit::Belongs ? i : kNone;
+            }
+        }
+        return kNone;
+    }
+
+    // One row with numbers in columns that have none below, and no titles above that tell what these are.
+    bool IsHeaderOfNumbers(std::size_t first, std::size_t last) const {
+        const Shape& shape = ShapeAt(first);
+        const bool hasTitles =
+            first > 0 && ShapeAt(first - 1).hasWords && ShapeAt(first - 1).codes.size() >= shape.codes.size();
+        if (first == last || stretches_[first].rows > 1 || shape.hasWords || hasTitles) {
+            return false;
+        }
+        std::size_t width = 0;  // of the rows below, without empty cells at their end
+        for (std::size_t i = first + 1; i <= last && width <= shape.columns.back(); ++i) {
+            width = std::max(width, ShapeAt(i).columns.empty() ? 0 : ShapeAt(i).columns.back() + 1);
+        }
+        return width <= shape.columns.back();
+    }
+
+    bool HoldsKeys(std::size_t seed, std::size_t rows) {
+        if (wordsMayLead_ || rows > kMostKeys || !BeginsWithWord(ShapeAt(seed))) {
+            return false;
+        }
+        const std::vector<Table::Line> lines = table_.Texts(stretches_[seed].firstLine, stretches_[seed].LastLine());
+        std::size_t repeated = 0;
+        for (std::size_t i = 1; i < lines.size(); ++i) {
+            repeated += FirstCell(lines[i]) == FirstCell(lines[i - 1]) ? 1 : 0;
+        }
+        const bool areKeys = 2 * repeated < lines.size() - 1 || lines.size() < kFewestRows;
+        if (areKeys && (search_.keyLine == 0 || search_.keyLine > stretches_[seed].firstLine)) {
+            search_.keyLine = stretches_[seed].firstLine;
+        }
+        return areKeys;
+    }
+
+    std::string_view FirstCell(const Table::Line& line) const {
+        for (const std::string_view cell : SplitCells(line.text, table_.CellForm().separator)) {
+            if (!cell.empty()) {
+                return cell;
+            }
+        }
+        return {};
+    }
+
+    void MeasureColumns() {
+        std::vector<std::size_t> counts(table_.Columns(), 0);  // values of each column so far
+        std::size_t stretch = 0;
+        std::size_t behind = 0;  // last line of the block above
+        for (TableBlock& block : search_.blocks) {
+            for (; stretch < block.stretches.front(); ++stretch) {
+                Count(stretch, &counts);
+            }
+            block.headerLine = behind + 1;
+            block.firstLine = block.headerEnd = stretches_[stretch].firstLine;
+            std::vector<std::size_t> places(table_.Columns(), kNone);
+            for (; stretch <= block.stretches.back(); ++stretch) {
+                Measure(stretch, &counts, &places, &block);
+            }
+            block.lastLine = behind = stretches_[stretch - 1].LastLine();
+            std::ranges::sort(block.columns, {}, &BlockColumn::column);
+        }
+    }
+
+    void Count(std::size_t stretch, std::vector<std::size_t>* counts) const {
+        for (const std::size_t column : ShapeAt(stretch).columns) {
+            (*counts)[column] += stretches_[stretch].rows;
+        }
+    }
+
+    void Measure(std::size_t index, std::vector<std::size_t>* counts, std::vector<std::size_t>* places,
+                 TableBlock* block) const {
+        const Stretch& stretch = stretches_[index];
+        const std::size_t firstRow = block->rows;
+        block->rows += stretch.rows;
+        for (const std::size_t i : ShapeAt(index).columns) {
+            const char code = ShapeAt(index).codes[i];
+            if ((*places)[i] == kNone) {
+                (*places)[i] = block->columns.size();
+                block->columns.push_back({.column = i,
+                                          .firstRow = firstRow,
+                                          .firstValue = (*counts)[i],
+                                          .firstLine = stretch.firstLine,
+                                          .unit = UnitOf(code)});
+            }
+            BlockColumn& column = block->columns[(*places)[i]];
+            if (const std::size_t end = column.firstRow + column.rows; end != firstRow && column.holeLine == 0) {
+                column.holeLine = LineOfRow(table_, *block, end);
+            }
+            if (UnitOf(code) != column.unit && column.otherUnitLine == 0) {
+                column.otherUnitLine = stretch.firstLine;
+            }
+            column.hasStamps = column.hasStamps || KindOf(code) == CellKind::Stamp;
+            column.rows = block->rows - column.firstRow;
+            column.values += stretch.rows;
+            column.lastLine = stretch.LastLine();
+        }
+        Count(index, counts);
+    }
+
+    const Table& table_;
+    const std::vector<Stretch>& stretches_;
+    const bool wordsMayLead_;
+    std::vector<std::size_t> owner_;  // block of each stretch
+    BlockSearch search_;
+};
+
+// Prints in pages repeat their titles: the next block goes on where this one ends.
+bool GoesOn(const Table& table, const TableBlock& block, const TableBlock& next) {
+    if (block.columns.size() != next.columns.size() || block.rows < kFewestRows) {
+        return false;
+    }
+    for (std::size_t i = 0; i < block.columns.size(); ++i) {
+        const BlockColumn& column = block.columns[i];
+        const BlockColumn& other = next.columns[i];
+        if (column.column != other.column || column.values != block.rows || other.values != next.rows ||
+            column.firstValue + column.rows != other.firstValue || column.unit != other.unit) {
+            return false;
+        }
+    }
+    const BlockColumn& first = block.columns.front();
+    const auto begin = table.Values(first.column).begin() + static_cast<std::ptrdiff_t>(first.firstValue);
+    const auto end = begin + static_cast<std::ptrdiff_t>(block.rows);
+    const bool rises = std::is_sorted(begin, end + static_cast<std::ptrdiff_t>(next.rows)) && *begin < *(end - 1);
+    if (!rises || *end - *(end - 1) > 2 * (*(end - 1) - *(end - 2))) {
+        return false;
+    }
+    const std::vector<Table::Line> titles = table.Texts(block.headerLine, block.headerEnd);
+    return std::ranges::any_of(table.Texts(next.headerLine, next.headerEnd), [&titles](const Table::Line& line) {
+        return std::ranges::find(titles, line.text, &Table::Line::text) != titles.end();
+    });
+}
+
+void Join(TableBlock* block, const TableBlock& next) {
+    for (std::size_t i = 0; i < block->columns.size(); ++i) {
+        block->columns[i].rows += next.rows;
+        block->columns[i].values += next.rows;
+        block->columns[i].lastLine = next.lastLine;
+    }
+    block->rows += next.rows;
+    block->lastLine = next.lastLine;
+    block->stretches.insert(block->stretches.end(), next.stretches.begin(), next.stretches.end());
+}
+
+}  // namespace
+
+BlockSearch FindBlocks(const Table& table, bool wordsMayLead) {
+    BlockSearch search = Finder(table, wordsMayLead).Find();
+    std::vector<TableBlock> joined;
+    for (TableBlock& block : search.blocks) {
+        if (!joined.empty() && GoesOn(table, joined.back(), block)) {
+            Join(&joined.back(), block);
+        } else {
+            joined.push_back(std::move(block));
+        }
+    }
+    search.blocks = std::move(joined);
+    return search;
+}
+
+std::size_t LineOfRow(const Table& table, const TableBlock& block, std::size_t row) {
+    for (const std::size_t i : block.stretches) {
+        const Stretch& stretch = table.Stretches()[i];
+        if (row < stretch.rows) {
+            return stretch.LineOf(row);
+        }
+        row -= stretch.rows;
+    }
+    return block.lastLine;
+}
+
+TableBlock PieceOf(const Table& table, const TableBlock& block, std::size_t from, std::size_t to) {
+    TableBlock piece = block;
+    piece.columns.clear();
+    piece.rows = to - from;
+    piece.firstLine = LineOfRow(table, block, from);
+    piece.lastLine = LineOfRow(table, block, to - 1);
+    for (BlockColumn column : block.columns) {
+        const std::size_t begin = std::max(column.firstRow, from);
+        const std::size_t end = std::min(column.firstRow + column.rows, to);
+        if (begin < end && column.holeLine == 0) {
+            column.firstValue += begin - column.firstRow;
+            column.firstRow = begin - from;
+            column.rows = column.values = end - begin;
+            column.firstLine = LineOfRow(table, block, begin);
+            column.lastLine = LineOfRow(table, block, end - 1);
+            piece.columns.push_back(column);
+        }
+    }
+    return piece;
+}
+
+}  // namespace recording

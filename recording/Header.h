@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+#include <vector>
+
+#include "recording/Titles.h"
+
+namespace recording {
+
+// What keys in the header of a block, or in columns beside its samples, tell.
+struct Facts {
+    struct Entry {
+        QString text;
+        std::size_t column = 0;  // of the table, from 0
+        bool isBeside = false;   // the samples: then it is of the next channel to the right, else of as many as it is
+    };
+
+    std::optional<double> interval;  // s
+    QString timeUnit;
+    std::vector<Entry> names;
+    std::vector<Entry> units;  // of the channels
+
+    void TakeFrom(const Facts& other);  // what is not known here
+};
+
+// Reads "Sample Rate: 1 MSa/s", "Increment;4e-9", "Source,CH1,CH2" and their like, and numbers below such a title.
+Facts FindFacts(const Table& table, const TableBlock& block, const Heading& heading);
+
+}  // namespace recording

@@ -1,0 +1,213 @@
+#include "recording/Recording.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <algorithm>
+
+#include "recording/Addressed.h"
+#include "recording/Columns.h"
+#include "recording/Guess.h"
+#include "recording/Text.h"
+
+namespace recording {
+
+// Builds a recording from a table.
+class Assembly {
+  public:
+    explicit Assembly(std::unique_ptr<Table> table) { recording_.table_ = std::move(table); }
+
+    Outcome Build(const Guess& guess, const Choice& choice) {
+        Table& table = *recording_.table_;
+        recording_.decimalMark = guess.form.numbers.decimalMark;
+        recording_.separator = guess.form.separator == '\0' ? std::nullopt : std::optional(guess.form.separator);
+        const std::vector<Table::Line> texts =
+            table.Texts(0, table.Stretches().empty() ? 0 : table.Stretches()[0].firstLine);
+        const bool isAddressed =
+            !texts.empty() && table.Stretches()[0].rows == 1 && IsAddressedTitle(texts[0].text, guess.form.separator);
+        if (isAddressed) {
+            recording_.addressed = ReadAddressed(table, &recording_.addressedFault);
+        }
+        const BlockSearch search = FindBlocks(table, choice.byNumber);
+        QString fault = FaultOfText(guess, choice, search);
+        if (fault.isEmpty()) {
+            fault = ReadBlocks(search, guess);
+        }
+        if (!fault.isEmpty() && !isAddressed) {
+            return {.recording = std::nullopt, .fault = fault};
+        }
+        return {.recording = std::move(recording_), .fault = {}};
+    }
+
+  private:
+    QString FaultOfText(const Guess& guess, const Choice& choice, const BlockSearch& search) const {
+        const Table& table = *recording_.table_;
+        if (table.LinesWithCells() == 0) {
+            return QStringLiteral("The file is empty. Save the recording again, as CSV.");
+        }
+        if (table.FirstLineWithValue() == 0) {
+            return FaultWithoutNumbers(choice);
+        }
+        if (guess.commasAreBoth) {
+            return QStringLiteral(
+                "Commas separate the cells and seem to be decimal marks as well. Save the recording "
+                "with semicolons or tabs between the cells, or with decimal points.");
+        }
+        if (!guess.unclear.empty()) {
+            return QStringLiteral(
+                       "The comma in \"%1\" may be a decimal mark, or part thousands. Choose the decimal mark.")
+                .arg(QString::fromStdString(guess.unclear));
+        }
+        if (search.blocks.empty() && search.keyLine != 0) {
+            return QStringLiteral(
+                       "Numbers stand only behind words, as in a header, from line %1 on. Choose the columns "
+                       "by their numbers if they are samples.")
+                .arg(search.keyLine);
+        }
+        if (search.blocks.empty()) {
+            return QStringLiteral(
+                       "Nowhere do numbers stand in two rows below each other; line %1 has the first one. Save "
+                       "the recording with one row for each sample.")
+                .arg(table.FirstLineWithValue());
+        }
+        return {};
+    }
+
+    QString FaultWithoutNumbers(const Choice& choice) const {
+        const Table::Line& line = recording_.table_->FirstDigits();
+        if (line.number == 0) {
+            return QStringLiteral("The file holds no numbers. Save the samples as CSV.");
+        }
+        const QString what = choice.separator || choice.decimalMark
+                                 ? QStringLiteral("With the chosen separator and decimal mark no cell is a number")
+                                 : QStringLiteral("No cell of the file is a number");
+        const QString remedy = choice.separator || choice.decimalMark
+                                   ? QStringLiteral("Choose others.")
+                                   : QStringLiteral("Save it with tabs, semicolons or commas between plain numbers.");
+        constexpr qsizetype kShown = 40;
+        return QStringLiteral("%1; line %2 is \"%3\". %4")
+            .arg(what)
+            .arg(line.number)
+            .arg(QString::fromStdString(line.text).left(kShown), remedy);
+    }
+
+    QString ReadBlocks(const BlockSearch& search, const Guess& guess) {
+        Table& table = *recording_.table_;
+        Heading heading;
+        Facts facts;
+        std::size_t lines = 0;
+        for (const TableBlock& block : search.blocks) {
+            Heading own = FindHeading(table, block);
+            if (IsDoubtful(table, block, own, guess)) {
+                return QStringLiteral(
+                           "Line %1 has more cells than titles stand above it, so that its commas may be "
+                           "decimal marks. Save the recording with semicolons between the cells or with "
+                           "decimal points, or choose the separator, the decimal mark or the columns.")
+                    .arg(block.firstLine);
+            }
+            heading = own.titleCells > 0 || heading.titles.empty() ? std::move(own) : heading;
+            Facts found = FindFacts(table, block, heading);
+            found.TakeFrom(facts);
+            facts = std::move(found);
+            for (const std::size_t stretch : block.stretches) {
+                lines += table.Stretches()[stretch].rows;
+            }
+            std::ranges::move(ReadColumns(table, block, heading, facts), std::back_inserter(recording_.blocks));
+        }
+        recording_.linesLeftOut = table.LinesWithCells() - lines;
+        const auto longest = std::ranges::max_element(recording_.blocks, {}, &Block::rows);
+        recording_.longest = static_cast<std::size_t>(longest - recording_.blocks.begin());
+        for (std::size_t i = 0; i < recording_.blocks.size(); ++i) {
+            for (Column& column : recording_.blocks[i].columns) {
+                column.block = i;
+            }
+        }
+        return {};
+    }
+
+    // Whole numbers between commas that nobody calls separators, and more of them than titles.
+    static bool IsDoubtful(const Table& table, const TableBlock& block, const Heading& heading, const Guess& guess) {
+        return guess.commaByGuess && heading.titleCells > 0 && heading.titleCells < block.columns.back().column + 1 &&
+               std::ranges::none_of(block.columns, [&](const BlockColumn& column) {
+                   return table.HasMarks(column.column, block.firstLine, block.lastLine);
+               });
+    }
+
+    Recording recording_;
+};
+
+namespace {
+
+QString FaultOfSource(const LineSource& source, const QIODevice& device) {
+    if (source.ReadFailed()) {
+        return QStringLiteral("Reading the file failed: %1. Copy it to another place and try again.")
+            .arg(device.errorString());
+    }
+    return source.IsBinary() ? QStringLiteral(
+                                   "The file holds zero bytes, so it is no plain text. Save the recording as "
+                                   "CSV, in UTF-8 or in UTF-16 with a byte order mark.")
+                             : QString();
+}
+
+Guess GuessFormOf(QIODevice& device, const Choice& choice) {
+    const std::vector<std::string> lines = SampleLines(device);
+    const bool isOurs = !choice.separator && !choice.decimalMark && !lines.empty() && IsAddressedTitle(lines[0], ',');
+    return isOurs ? Guess{.form = {.separator = ','}} : GuessForm(lines, choice);
+}
+
+Outcome ReadText(QIODevice& device, const Choice& choice, const Progress& progress) {
+    constexpr std::size_t kLinesBetweenReports = 4096;
+    const Guess guess = GuessFormOf(device, choice);
+    const auto size = static_cast<double>(std::max<qint64>(device.size(), 1));
+    auto table = std::make_unique<Table>(guess.form);
+    LineSource source(device);
+    for (std::string_view line; source.Next(&line);) {
+        const double part = static_cast<double>(source.BytesDone()) / size;
+        if (progress && source.Number() % kLinesBetweenReports == 0 && !progress(part)) {
+            return {};
+        }
+        table->Take(line, source.Number(), part);
+    }
+    if (const QString fault = FaultOfSource(source, device); !fault.isEmpty()) {
+        return {.recording = std::nullopt, .fault = fault};
+    }
+    return Assembly(std::move(table)).Build(guess, choice);
+}
+
+}  // namespace
+
+Recording::Recording() = default;
+Recording::~Recording() = default;
+Recording::Recording(Recording&& other) noexcept = default;
+Recording& Recording::operator=(Recording&& other) noexcept = default;
+
+QString NameOfColumn(std::size_t number, const QString& name) {
+    const QString column = QStringLiteral("column %1").arg(number);
+    return name.isEmpty() ? column : QString(column + u" \"" + name + u'"');
+}
+
+QString Column::Title() const {
+    const QString title = name.isEmpty() ? NameOfColumn(number, {}) : name;
+    return unit.isEmpty() || unit == name ? title : QString(title + u" (" + unit + u')');
+}
+
+std::vector<const Column*> Block::Channels() const {
+    std::vector<const Column*> channels;
+    for (const Column& column : columns) {
+        if (column.role == Role::Channel) {
+            channels.push_back(&column);
+        }
+    }
+    return channels;
+}
+
+Outcome Read(QIODevice& device, const Choice& choice, const Progress& progress) {
+    if (!device.isSequential()) {
+        return ReadText(device, choice, progress);
+    }
+    QByteArray text = device.readAll();  // a pipe cannot be read twice
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    return ReadText(buffer, choice, progress);
+}
+
+}  // namespace recording

@@ -1,0 +1,167 @@
+// Times of day and dates, as loggers write them beside their samples.
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <string>
+
+#include "recording/Numbers.h"
+
+namespace recording {
+namespace {
+
+using std::string_view;
+
+constexpr std::size_t kLongestDate = 20;  // in front of the time
+constexpr double kMinute = 60.0;
+constexpr double kHalfDay = 12.0 * 3600.0;
+constexpr double kNoTime = std::numeric_limits<double>::quiet_NaN();
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+double DigitsAt(string_view text) {
+    double value = 0.0;
+    for (const char digit : text) {
+        value = 10.0 * value + (digit - '0');
+    }
+    return value;
+}
+
+// "AM" or "PM" at the end, which it takes away; nothing else.
+double TakeHalfOfDay(string_view* text) {
+    for (const auto& [suffix, hours] :
+         {std::pair(string_view("AM"), 0.0), {"PM", kHalfDay}, {"am", 0.0}, {"pm", kHalfDay}}) {
+        if (text->ends_with(suffix)) {
+            *text = Trimmed(text->substr(0, text->size() - suffix.size()));
+            return hours;
+        }
+    }
+    return -1.0;
+}
+
+// Takes the digits at the end of the text. NaN if there are none.
+double TakeNumber(string_view* text) {
+    std::size_t begin = text->size();
+    while (begin > 0 && IsDigit((*text)[begin - 1])) {
+        --begin;
+    }
+    const string_view digits = text->substr(begin);
+    *text = text->substr(0, begin);
+    return digits.empty() ? kNoTime : DigitsAt(digits);
+}
+
+// Takes ".25" or ",25" at the end of the text; 0 if there is none behind the last colon.
+double TakeFraction(string_view* text) {
+    const std::size_t mark = text->find_first_of(".,", text->rfind(':'));
+    if (mark == string_view::npos) {
+        return 0.0;
+    }
+    const string_view digits = text->substr(mark + 1);
+    *text = text->substr(0, mark);
+    return DigitsAt(digits) / std::pow(10.0, static_cast<double>(digits.size()));
+}
+
+// "Z" or "+01:00" behind the time.
+void DropZone(string_view* text) {
+    constexpr std::size_t kZone = 6;
+    if (text->ends_with('Z')) {
+        text->remove_suffix(1);
+    } else if (text->size() > kZone && text->find(':') < text->size() - kZone) {
+        const string_view zone = text->substr(text->size() - kZone);
+        text->remove_suffix((zone[0] == '+' || zone[0] == '-') && zone[3] == ':' ? kZone : 0);
+    }
+}
+
+// "12:30", "12:30:05.25" or "30:05.25" at the end of the text, in seconds.
+double TakeClock(string_view* text) {
+    const double half = TakeHalfOfDay(text);
+    DropZone(text);
+    const std::size_t colon = text->rfind(':');
+    if (colon == string_view::npos || text->find_first_not_of("0123456789.,", colon + 1) != string_view::npos ||
+        text->find_first_of(".,", colon) != text->find_last_of(".,", string_view::npos)) {
+        return kNoTime;
+    }
+    const std::size_t length = text->size();
+    const double fraction = TakeFraction(text);
+    const bool hasFraction = text->size() < length;
+    std::array<double, 3> parts{};
+    std::size_t count = 0;
+    for (bool more = true; more && count < parts.size(); ++count) {
+        parts.at(count) = TakeNumber(text);
+        more = text->ends_with(':');
+        text->remove_suffix(more ? 1 : 0);
+    }
+    const double last = count == 3 || hasFraction ? 1.0 : kMinute;  // two parts are hours and minutes
+    const double seconds = fraction + last * (parts[0] + 60.0 * (parts[1] + 60.0 * parts[2]));
+    return half >= 0.0 ? std::fmod(seconds, kHalfDay) + half : seconds;
+}
+
+bool IsDayOrMonth(string_view word) {
+    constexpr string_view kNames = " mon tue wed thu fri sat sun jan feb mar apr may jun jul aug sep oct nov dec ";
+    std::string small(" ");
+    std::ranges::transform(word.substr(0, 3), std::back_inserter(small), [](char c) { return char(c | 0x20); });
+    constexpr std::size_t kLongestName = 9;
+    return word.size() >= 3 && word.size() <= kLongestName && kNames.find(small + ' ') != string_view::npos &&
+           std::ranges::all_of(word, [](char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; });
+}
+
+// "2024-11-05", "5/11/24" or "05.11.2024"
+bool IsDate(string_view text) {
+    const std::size_t first = text.find_first_of("-/.");
+    const std::size_t second = first == string_view::npos ? first : text.find(text[first], first + 1);
+    if (second == string_view::npos || first == 0 || second == first + 1 || second + 1 == text.size()) {
+        return false;
+    }
+    constexpr std::size_t kLongestPart = 4;
+    return std::ranges::count_if(text, IsDigit) + 2 == static_cast<std::ptrdiff_t>(text.size()) &&
+           first <= kLongestPart && second - first <= 3 && text.size() - second <= kLongestPart + 1;
+}
+
+// "05 Nov 2024" or "Fri, Jan 5"
+bool IsWrittenDate(string_view text) {
+    bool hasDigits = false;
+    bool hasName = false;
+    while (!(text = Trimmed(text)).empty()) {
+        const std::size_t end = std::min(text.find_first_of(" ,"), text.size());
+        const bool isNumber = std::ranges::all_of(text.substr(0, end), IsDigit);
+        if (end > 0 && !isNumber && !IsDayOrMonth(text.substr(0, end))) {
+            return false;
+        }
+        hasDigits = hasDigits || (end > 0 && isNumber);
+        hasName = hasName || !isNumber;
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return hasDigits && hasName;
+}
+
+// What stands in front of a time: nothing, a date, or words as short as the names of days.
+bool IsDateText(string_view text) {
+    if (text.ends_with('T')) {
+        text.remove_suffix(1);
+    }
+    for (text = Trimmed(text); !text.empty(); text = Trimmed(text)) {
+        const std::size_t end = std::min(text.find_first_of(" ,"), text.size());
+        const string_view word = text.substr(0, end);
+        if (word.size() > 3 && !IsDate(word) && !IsDayOrMonth(word) && !std::ranges::all_of(word, IsDigit)) {
+            return false;
+        }
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return true;
+}
+
+}  // namespace
+
+std::optional<Cell> ReadStamp(string_view text) {
+    if (IsDate(text) || IsDayOrMonth(text) || IsWrittenDate(text)) {
+        return Cell{.kind = CellKind::Stamp, .value = kNoTime};
+    }
+    const double seconds = TakeClock(&text);
+    if (std::isnan(seconds) || text.size() > kLongestDate || !IsDateText(text)) {
+        return std::nullopt;
+    }
+    return Cell{.kind = CellKind::Stamp, .value = seconds};
+}
+
+}  // namespace recording

@@ -1,0 +1,213 @@
+// The forms in which oscilloscopes, loggers and programs save recordings, and what must come of each.
+
+#include <QStringEncoder>
+
+#include "Describe.h"
+
+namespace {
+
+using recording::Choice;
+
+struct Form {
+    const char* text;
+    const char* result;
+    Choice choice = {};
+};
+
+void ExpectForms(std::initializer_list<Form> forms) {
+    for (const auto& [text, result, choice] : forms) {
+        EXPECT_EQ(Describe(text, choice), result) << text;
+    }
+}
+
+TEST(RecordingForms, TitlesAndUnits) {
+    ExpectForms({
+        {"Time,CH1,CH2\ns,V,V\n0,1,-5\n1,2,-4e-1\n2,.5,+3\n",
+         "CH1 (V): 1 2 0.5; CH2 (V): -5 -0.4 3 [Time (s)] every 1 s"},
+        {"Time;Channel A;Channel B\n(ms);(mV);(V)\n\n-1,0;10,5;1\n0,0;11,5;2\n",
+         "Channel A (mV): 10.5 11.5; Channel B (V): 1 2 [Time (ms)] every 1 ms"},
+        {"time, in ms;volts, at 1:10;x\n0,1;4,5;0\n0,2;3,5;0",
+         "volts, at 1:10: 4.5 3.5; x: 0 0 [time (ms)] every 100 \302\265s"},
+        {"t/us|U [mV]|I (A)\n0|1|5\n2|2|6\n", "U (mV): 1 2; I (A): 5 6 [t (us)] every 2 \302\265s"},
+        {"\"Time, s\",\"CH1, mV\"\n\"0\",1\n\"1\",2\n", "CH1 (mV): 1 2 [Time (s)] every 1 s"},
+        {"x-axis,1,2\nsecond,Volt,Volt\n-1e-3,1,2\n0,2,3\n",
+         "1 (Volt): 1 2; 2 (Volt): 2 3 [x-axis (second)] every 1 ms"},
+        {"Time,CH1\n[s],[V]\nSample,Sample\n0,1\n1,2\n", "CH1 (V): 1 2 [Time (s)] every 1 s"},
+        {"Sample,ADC\n0,2048\n1,2050\n", "ADC: 2048 2050 [Sample]"},
+        {"Channel name;;U1;U2\nUnit;s;V;A\n;0;1;2\n;1;2;3\n", "U1 (V): 1 2; U2 (A): 2 3 [column 2 (s)] every 1 s"},
+        {"Time,5V,12V\n0,5.01,12.1\n1,5.02,12\n", "5V: 5.01 5.02; 12V: 12.1 12 [Time] every 1 s"},
+        {"% time  ch1\n0 1\n1 2\n", "ch1: 1 2 [time] every 1 s"},
+        {",CH1,CH2\n0,10,20\n1,11,21\n", "CH1: 10 11; CH2: 20 21 [column 1]"},
+        {"Volt\n0.5\n1.5\n", "Volt: 0.5 1.5"},
+        {"Date,05 Nov 2024\n0,1\n1,2\n", "column 2: 1 2 [column 1]"},  // a key, no titles
+    });
+}
+
+TEST(RecordingForms, WhichColumnsAreChannels) {
+    ExpectForms({
+        {"Time,CH1,Time,CH2\n0,1,0,2\n1e-3,2,2e-3,1\n", "CH1: 1 2; CH2: 2 1 [Time, Time] every 1 ms"},
+        {"TIME,CH1,CH1 Peak Detect,CH2,CH2 Peak Detect\n0,1,9,2,8\n1,2,9,1,8\n",
+         "CH1: 1 2; CH2: 2 1 [TIME, CH1 Peak Detect, CH2 Peak Detect] every 1 s"},
+        {"CH1,Zeit (ms)\n1,0\n2,1\n", "CH1: 1 2 [Zeit (ms)] every 1 ms"},
+        {"Time,CH1\n0,0\n1,1\n2,2\n", "CH1: 0 1 2 [Time] every 1 s"},  // a channel that only rises
+        {"n,Run time,CH1\n0,0.5,3\n1,0.6,4\n2,0.7,3\n", "CH1: 3 4 3 [n, Run time] every 100 ms"},
+        {"foo,goo,baz\n0,0.5,3\n1,0.6,4\n2,0.7,3\n", "baz: 3 4 3 [foo, goo]"},  // both rise in line
+        {"Time,Ramp\n0,0\n1,1\n2,2\n", "Ramp: 0 1 2 [Time] every 1 s"},         // a channel must be left
+        {"0,1,3\n1,8,4\n2,9,3\n", "column 2: 1 8 9; column 3: 3 4 3 [column 1]"},
+        {"4,1\n2,2\n4,1\n", "column 1: 4 2 4; column 2: 1 2 1"},
+        {"1,x\n2,y\n3,z\n", "column 1: 1 2 3"},
+        {"Segment,Count,Time,CH1\n1,1,0,5\n1,1,1,6\n", "CH1: 5 6 [Segment, Count, Time] every 1 s"},
+        {"Time,Count,Sample\n0,5,1\n1,7,3\n2,6,2\n", "Count: 5 7 6; Sample: 1 3 2 [Time] every 1 s"},
+        {"X,Y\n0.5,1\n-0.2,2\n0.1,1\n", "X: 0.5 -0.2 0.1; Y: 1 2 1"},
+        {"Frequency (Hz),Gain (dB)\n10,1\n100,2\n1000,1\n", "Gain (dB): 1 2 1 [Frequency (Hz)] uneven"},
+        {"t;v;w\nMon 12:00;0,5;1\nTue 12:00;0,25;2\n", "v: 0.5 0.25; w: 1 2 [t]"},
+        {"0.1,OK\n0.2,OK\n0.1,FAIL\n", "column 1: 0.1 0.2 0.1"},
+        {"CH1,0,1.5\nCH1,1,2.5\nCH1,2,1.5\n", "column 3: 1.5 2.5 1.5 [column 2]"},
+    });
+}
+
+TEST(RecordingForms, HeadersWithNumbers) {
+    ExpectForms({
+        // Keys above, of all kinds, and settings beside the samples.
+        {"Length,2500\nInterval,1e-9\nInfo,x\nSource,CH1\n0,4\n1,3\n2,4", "CH1: 4 3 4 [column 1] every 1 ns"},
+        {"#Sampling rate: 500 kS/s\n#Offset: 0.5 V\nTime\tChannel A (mV)\n\n0\t1.5\n2e-6\t2.5\n",
+         "Channel A (mV): 1.5 2.5 [Time] every 2 \302\265s"},
+        {"[Waveform]\nXUNIT=s\nXINCR=4e-9\nYUNIT=V\nNR_PT=3\n[Data]\n0.5\n0.6\n0.5\n",
+         "column 1 (V): 0.5 0.6 0.5 every 4 ns"},
+        {"Sample Rate,1 MSa/s\nPoints,3\n0.5\n0.6\n0.5\n", "column 1: 0.5 0.6 0.5 every 1 \302\265s"},
+        {"# name: U1\n# dt = 0.5 ms\n1 2\n2 1\n1 2\n", "U1: 1 2 1; column 2: 2 1 2 every 500 \302\265s"},
+        {"Record Length,6,,0,4,\nSample Interval,2e-9,,2e-9,3,\nSource,CH1,,4e-9,2,\nVertical "
+         "Units,V,,6e-9,3,\nHorizontal "
+         "Units,s,,8e-9,4,\n,,,10e-9,5,\n,,,12e-9,5,\n,,,14e-9,5,\n,,,16e-9,5,\n",
+         "CH1 (V): 4 3 2 3 4 5 5 5 5 [column 2, column 4 (s)] every 2 ns"},
+        {"Source,CH1,,0,1,,Source,CH2,,0,5\nVertical Units,V,,1,2,,Vertical Units,A,,1,6\nSample "
+         "Interval,1,,2,1,,,,,2,5\n,,,3,1,,,,,3,5\n,,,4,2,,,,,4,6\n",
+         "CH1 (V): 1 2 1 1 2; CH2 (A): 5 6 5 5 6 [column 2, column 4, column 10] every 1 s"},
+        {"Model,X100\nChannel,CH1,CH2\nScale,1.0,0.5\nOffset,0.0,0.1\nUnit,V,mV\nSample "
+         "Rate,1.0E+9,1.0E+9\n.1,.2\n.2,.1\n.3,.2\n",
+         "CH1 (V): 0.1 0.2 0.3; CH2 (mV): 0.2 0.1 0.2 every 1 ns"},
+        {"X,CH1,CH2,Start,Increment\nSequence,Volt,Volt,-6.0e-04,1.0e-06\n0,1.2,3.4,,\n1,1.3,3.3,,\n",
+         "CH1 (Volt): 1.2 1.3; CH2 (Volt): 3.4 3.3 [X (Sequence)] every 1 \302\265s"},
+        {"Sample,CH1 (V),Start,Increment (ms)\n0,1.2,0,5\n1,1.3\n2,1.2\n3,1.3\n",
+         "CH1 (V): 1.2 1.3 1.2 1.3 [Sample, Start, Increment (ms)] every 5 ms"},
+        {"CH1V,t0 = -1.0e-3s, tInc = 2.0e-7s,\n1.5,,\n2.5,,\n", "CH1V: 1.5 2.5 every 200 ns"},
+        {"2024;11;05\nt;v\n0;1,5\n1;0,5\n", "v: 1.5 0.5 [t] every 1 s"},
+        {"3,1e-9\n.1,.2,.4\n.3,.1,.5\n.1,.2,.4\n",
+         "column 1: 0.1 0.3 0.1; column 2: 0.2 0.1 0.2; column 3: 0.4 0.5 0.4"},
+        {"3,5,7\n1,2\n2,1\n1,2\n", "column 1: 1 2 1; column 2: 2 1 2"},
+    });
+}
+
+TEST(RecordingForms, EdgesWithoutNumbersAreLeftOut) {
+    ExpectForms({
+        {"t,CH1,CH2\n0,Null,1\n1,--,2\n2,1.5,1\n3,2.5,2\n4,1.5,9.9E37\n5,2.5,NaN\n",
+         "CH1: 1.5 2.5 1.5 2.5; CH2: 1 2 1 2 [t] every 1 s"},
+        {"Time,A\n(ms),(V)\n0,\342\210\236\n1,2\n2,3\n3,-inf\n", "A (V): 2 3 [Time (ms)] every 1 ms"},
+        {"0,1,5\n1,2,6\n2,1,7\n3,2,\n4,3", "column 2: 1 2 1 2 3; column 3: 5 6 7 [column 1]"},
+        {"5;6\n\n3;2\n  \n4;1\n-- end, 3 samples --\n", "column 1: 5 3 4; column 2: 6 2 1"},
+    });
+    const recording::Outcome outcome = ReadBytes("Title\n\nt,CH1,CH2\n0,,1\n1,2,1\n2,3,\n3,1,\n4,2,\nEnd of file\n");
+    const recording::Block& block = outcome.recording->blocks[0];
+    EXPECT_TRUE(block.rows == 5 && block.firstLine == 4 && block.lastLine == 8);
+    EXPECT_TRUE(block.columns[1].rowsLeftOut == 1 && block.columns[1].firstLine == 5 && block.columns[1].firstRow == 1);
+    EXPECT_TRUE(block.columns[2].rowsLeftOut == 3 && block.columns[2].lastLine == 5);
+    EXPECT_TRUE(block.columns[1].lowest == 1.0 && block.columns[1].highest == 3.0);
+    EXPECT_EQ(outcome.recording->linesLeftOut, 3U);
+}
+
+TEST(RecordingForms, BlocksBelowEachOther) {
+    ExpectForms({
+        {"Channel: CH1\nUnit: V\nSample interval: 1 us\n1\n2\n1\nChannel: CH2\nUnit: A\nSample interval: 2 us\n5\n6\n",
+         "CH1 (V): 1 2 1 every 1 \302\265s || CH2 (A): 5 6 every 2 \302\265s"},
+        {"Segment,Time,CH1\n1,0,5\n1,1,6\n1,2,5\n2,0,7\n2,1,8\n2,2,7\n",
+         "CH1: 5 6 5 [Segment, Time] every 1 s || CH1: 7 8 7 [Segment, Time] every 1 s"},
+        {"time v\n0 1\n1 2\n2 1\nStep 2 of 2\n0 5\n1 6\n2 5\n",
+         "v: 1 2 1 [time] every 1 s || v: 5 6 5 [time] every 1 s"},
+        {"0 1\n1 2\n2 1\n\n\n0 5\n1 6\n2 5\n", "column 2: 1 2 1 [column 1] || column 2: 5 6 5 [column 1]"},
+        {"0 1\n1 2\n2 1\n0 5\n1 6\n2 5\n", "column 1: 0 1 2 0 1 2; column 2: 1 2 1 5 6 5"},
+        // The pages of a print are one recording.
+        {"Index   time     v(out)\n-----------------------\n0\t0.0e+00\t1.0\n1\t1.0e-03\t2.0\n\f\nIndex   time     "
+         "v(out)\n"
+         "-----------------------\n2\t2.0e-03\t3.0\n3\t3.0e-03\t2.0\n",
+         "v(out): 1 2 3 2 [Index, time] every 1 ms"},
+    });
+    EXPECT_EQ(ReadBytes("t,v\n0,1\n1,2\n\nt,v\n0,1\n1,2\n2,3\n\nt,v\n0,1\n1,2\n2,3\n").recording->longest, 1U);
+}
+
+TEST(RecordingForms, SeparatorsAndNumbers) {
+    ExpectForms({
+        {"0;1,5;-2,5\r\n1;1,25;3\r\n2;1;0,5\r\n", "column 2: 1.5 1.25 1; column 3: -2.5 3 0.5 [column 1]"},
+        {"t\tU\n0,000\t1,234\n0,001\t2,345\n", "U: 1.234 2.345 [t] every 1 ms"},
+        {" 0.000e+000   1.5\n 1.000E-003  -2.5\n", "column 2: 1.5 -2.5 [column 1]"},
+        {"  0,000   1,5\n  0,001  -2,5\n", "column 2: 1.5 -2.5 [column 1]"},
+        {"| t (s) | U |\n|-------|---|\n| 0 | 1,5 |\n| 1 | 2,5 |\n", "U: 1.5 2.5 [t (s)] every 1 s"},
+        {"t, U\n0.5,\t1.5\n1.5,\t2.5\n", "U: 1.5 2.5 [t] every 1 s"},
+        {"\"CH1\",\"CH2\"\n\"0,5\",\"1\"\n \"0,25\" , 2 \n", "CH1: 0.5 0.25; CH2: 1 2"},
+        {"\"my t\" \"my v\"\n\"0\" \"1.5\"\n\"1\" \"2.5\"\n\"2\" \"1\"\n", "my v: 1.5 2.5 1 [my t]"},
+        {"sep=;\nt;U\n0;1,5\n1;2,5\n", "U: 1.5 2.5 [t] every 1 s"},
+        // One column of numbers with a decimal comma, as no whole number begins with a zero.
+        {"0,125\n-0,25\n1,05\n", "column 1: 0.125 -0.25 1.05"},
+        {"1,5\n2,4\n1,3\n", "column 1: 1 2 1; column 2: 5 4 3"},
+        {"Volt\n0,5\n1,5\n", "Volt: 0.5 1.5", {.decimalMark = ','}},
+        {"Volt\n0,5\n1,5\n", "Volt: 0 1; column 2: 5 5", {.byNumber = true}},
+        {"Volt\n0,5\n1,5\n", "Volt: 0 1; column 2: 5 5", {.separator = ','}},
+        {"0 1;5\n1 2;5\n2 1;5\n", "column 2: 5 5 5", {.separator = ';', .byNumber = true}},
+        // Thousands
+        {"t;U\n0;1.000,5\n1;1.001\n", "U: 1000.5 1001 [t] every 1 s"},
+        {"t,U\n0,\"1,000.5\"\n1,\"1,001\"\n", "U: 1000.5 1001 [t] every 1 s"},
+        {"t;U\n0;1'234.5\n1;-12'345\n", "U: 1234.5 -12345 [t] every 1 s"},
+        {"t\tU\n0\t1,234,567\n1\t2,345\n2\t0.5\n", "U: 1234567 2345 0.5 [t] every 1 s"},
+        {"t;U\n0;1,234\n1;2,345\n", "U: 1.234 2.345 [t] every 1 s"},
+        {"t\tU\n0\t1,234\n1\t2,345\n", "U: 1234 2345 [t] every 1 s", {.decimalMark = '.'}},
+        {"t;U\n0;\302\240"
+         "1\342\200\257"
+         "234,5\n1;\342\210\222"
+         "2\302\240"
+         "345,5\n",
+         "U: 1234.5 -2345.5 [t] every 1 s"},
+        // Units in the cells
+        {"t;U\n0 ms;1.5V\n1 ms;20 mV\n2 ms;-1 V\n", "U (V): 1.5 0.02 -1 [t (s)] every 1 ms"},
+        {"t,U\n0,1.5m\n1u,2.5m\n2u,900u\n", "U: 0.0015 0.0025 0.0009 [t] every 1 \302\265s"},
+        {"1e-400,1E+001\n1,2\n2,1e308\n", "column 2: 10 2 1e+308 [column 1]"},
+    });
+}
+
+TEST(RecordingForms, TimesAndSteps) {
+    ExpectForms({
+        {"2024-01-05T12:00:00.00Z,1\n2024-01-05T12:00:00.25Z,2\n", "column 2: 1 2 [column 1] every 250 ms"},
+        {"1/5/2024 11:59:59 PM,1\n1/6/2024 12:00:00 AM,2\n1/6/2024 12:00:01 AM,1\n",
+         "column 2: 1 2 1 [column 1] every 1 s"},
+        {"Date;Time;T (\302\260"
+         "C)\n05.11.2024;12:00;20,5\n05.11.2024;12:10;20,6\n",
+         "T (\302\260"
+         "C): 20.5 20.6 [Date, Time] every 600 s"},
+        {"Elapsed,CH1\n00:59.5,1\n01:00.0,2\n", "CH1: 1 2 [Elapsed] every 500 ms"},
+        {"No.,Time,ms,CH1\n1,12:00:00,0,+0.5\n2,12:00:00,500,+0.6\n3,12:00:01,0,+0.5\n",
+         "CH1: 0.5 0.6 0.5 [No., Time, ms]"},
+        {"time\tV(out)\n0.0e+000\t1\n1.0e-009\t1.5\n3.0e-009\t1\n1.0e-008\t0.5\n", "V(out): 1 1.5 1 0.5 [time] uneven"},
+        {"time (s),v\n0.0,1\n0.1,2\n0.3,1\n0.4,2\n", "v: 1 2 1 2 [time (s)] every 133.333 ms"},  // few digits
+        {"Sample,v\nRate,10\n0,1\n1,2\n2,1\n", "v: 1 2 1 [Sample] every 100 ms"},
+    });
+    const recording::Outcome uneven = ReadBytes("t,v\n0,1\n1,2\n10,1\n");
+    const recording::Column& column = uneven.recording->blocks[0].columns[1];
+    EXPECT_TRUE(column.timing.times.size() == 3 && column.timing.duration == 10.0 && !column.timing.interval);
+    EXPECT_EQ(ReadBytes("t (ms),v\n0,1\n2,2\n").recording->blocks[0].columns[1].timing.duration, 4e-3);
+}
+
+TEST(RecordingForms, EncodingsAndLineEnds) {
+    const QString text = QStringLiteral("Zeit (s);U (\u00B5V)\n0;-1,5\n1;2,5\n\n2;1,5\n");
+    const std::string result = Describe(text.toStdString());
+    EXPECT_EQ(result, "U (\302\265V): -1.5 2.5 1.5 [Zeit (s)] every 1 s");
+    for (const char* const end : {"\r\n", "\r", "\r\r\n"}) {
+        EXPECT_EQ(Describe(QString(text).replace(u'\n', QLatin1String(end)).toStdString()), result);
+    }
+    EXPECT_EQ(Describe(ReadBytes("\xEF\xBB\xBF" + text.toUtf8())), result);
+    EXPECT_EQ(Describe(ReadBytes(text.toLatin1())), result);
+    EXPECT_EQ(Describe(ReadBytes(text.toUtf8() + QByteArray(300'000, '\0'))), result);  // padding
+    for (const auto encoding : {QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
+        QStringEncoder encoder(encoding, QStringConverter::Flag::WriteBom);
+        EXPECT_EQ(Describe(ReadBytes(encoder(text))), result);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,181 @@
+// What is refused, with its sentence; the editor's own form; cancelling; what a long file takes.
+
+#include <QTemporaryFile>
+#include <cmath>
+
+#include "Describe.h"
+
+namespace {
+
+using recording::Choice;
+
+TEST(RecordingFaults, EachSaysWhatToDo) {
+    const std::tuple<std::string, Choice, const char*> cases[] = {
+        {"", {}, "The file is empty. Save the recording again, as CSV."},
+        {"\n  \n\t\n", {}, "The file is empty. Save the recording again, as CSV."},
+        {"no numbers at all\n", {}, "The file holds no numbers. Save the samples as CSV."},
+        {"wave\n0x10\n0x20\n",
+         {},
+         "No cell of the file is a number; line 2 is \"0x10\". Save it with tabs, semicolons or commas between plain "
+         "numbers."},
+        {"1,5;1,7\n2,5;1,8\n",
+         {.separator = '|'},
+         "With the chosen separator and decimal mark no cell is a number; line 1 is \"1,5;1,7\". Choose others."},
+        {"t,v\n0,1\nend\n",
+         {},
+         "Nowhere do numbers stand in two rows below each other; line 2 has the first one. Save the recording with one "
+         "row for each sample."},
+        {"Model,X\nLength,2500\nRate,5\n",
+         {},
+         "Numbers stand only behind words, as in a header, from line 2 on. Choose the columns by their numbers if they "
+         "are samples."},
+        {"Volt\n0,5\n1,5\n",
+         {},
+         "Line 2 has more cells than titles stand above it, so that its commas may be decimal marks. Save the "
+         "recording "
+         "with semicolons between the cells or with decimal points, or choose the separator, the decimal mark or the "
+         "columns."},
+        {"0,01,1,05\n0,02,1,10\n",
+         {},
+         "Commas separate the cells and seem to be decimal marks as well. Save the recording with semicolons or tabs "
+         "between the cells, or with decimal points."},
+        {"t\tU\n0\t1,234\n1\t2,345\n",
+         {},
+         "The comma in \"2,345\" may be a decimal mark, or part thousands. Choose the decimal mark."},
+        {{"1,2\n3,\0"
+          "4\n",
+          9},
+         {},
+         "The file holds zero bytes, so it is no plain text. Save the recording as CSV, in UTF-8 or in UTF-16 with a "
+         "byte "
+         "order mark."}};
+    for (const auto& [text, choice, sentence] : cases) {
+        EXPECT_EQ(Describe(text, choice), std::string("! ") + sentence) << text;
+    }
+    EXPECT_NE(Describe("Model,X\nLength,2500\nRate,5\n", {.byNumber = true}), "");
+}
+
+TEST(RecordingFaults, AColumnThatCannotBeTakenSaysWhy) {
+    const std::tuple<const char*, std::size_t, const char*> cases[] = {
+        {"t,v\n0,1\n1,9.91E+37\n2,3\n", 2,
+         "Line 3 has no number in column 2 \"v\", and others follow below. Take another column, or save the rows above "
+         "or below that line alone."},
+        {"2,1\n1,\n2,2\n", 2,
+         "Line 2 has no number in column 2, and others follow below. Take another column, or save the rows above or "
+         "below that line alone."},
+        {"t;v\n0;1.5\n1;1,5\n2;2\n", 2,
+         "Line 2 has a decimal point in column 2 \"v\" and line 3 a decimal comma. Write all numbers with one of "
+         "them."},
+        {"t,v\n0,1\n1,12V\n2,2\n", 2,
+         "In line 3 the unit changes in column 2 \"v\". Write all numbers of a column in one unit."},
+        {"t,v,w\n0,1,5\n1,2,\n2,1,\n", 3,
+         "One number only stands in column 3 \"w\", and a recording has two at least. Take another column."},
+        {"Start,v\n12:00,1\n12:01,2\n", 1, "Dates or times of day stand in column 1 \"Start\". Take another column."}};
+    for (const auto& [text, number, sentence] : cases) {
+        const recording::Outcome outcome = ReadBytes(text);
+        ASSERT_TRUE(outcome.recording) << text;
+        const recording::Column& column = outcome.recording->blocks[0].columns.at(number - 1);
+        EXPECT_EQ(column.fault.toStdString(), sentence) << text;
+        EXPECT_TRUE(column.values.empty());
+    }
+}
+
+TEST(RecordingColumns, AreFoundByNumberAndTitle) {
+    const recording::Outcome outcome =
+        ReadBytes("Time;CH1 (mV);a, b;v;v\n0;1;2;3;4\n1;2;3;4;\n2;3;;5;6\n\nTime;Late;w\n0;5;6\n1;6;7\n");
+    const recording::Recording& recording = *outcome.recording;
+    const std::tuple<const char16_t*, std::vector<std::size_t>, const char*> cases[] = {
+        {u"2", {2}, ""},
+        {u"ch1", {2}, ""},
+        {u"CH1 (mV),4", {2, 4}, ""},
+        {u"a, b", {3}, ""},
+        {u" 1 , a, b ", {1, 3}, ""},
+        {u"Late", {2}, ""},
+        {u"v", {}, "Several columns are titled \"v\". Choose one by its number: 1 Time, 2 CH1 (mV), 3 a, b, 4 v, 5 v."},
+        {u"7", {}, "There are no numbers in a column 7. Choose one of these: 1 Time, 2 CH1 (mV), 3 a, b, 4 v, 5 v."},
+        {u"2,CH3", {}, "There is no column titled \"CH3\". Choose one of these: 1 Time, 2 CH1 (mV), 3 a, b, 4 v, 5 v."},
+        {u"5",
+         {},
+         "Line 3 has no number in column 5 \"v\", and others follow below. Take another column, or save the "
+         "rows above or below that line alone."}};
+    for (const auto& [text, numbers, sentence] : cases) {
+        QString fault;
+        std::vector<std::size_t> found;
+        for (const recording::Column* const column : FindColumns(recording, 0, QString::fromUtf16(text), &fault)) {
+            found.push_back(column->number);
+        }
+        EXPECT_EQ(found, numbers) << QString::fromUtf16(text);
+        EXPECT_EQ(fault.toStdString(), sentence);
+    }
+}
+
+TEST(RecordingAddressed, TheEditorsOwnFormIsTakenToTheLetter) {
+    const recording::Outcome outcome = ReadBytes("address,value\r\n3,-2047\r\n0,05\r\n1,7\r\n");
+    const auto& samples = outcome.recording->addressed;
+    ASSERT_EQ(samples.size(), 3U);
+    EXPECT_TRUE(samples[0].address == 3 && samples[0].value == -2047 && samples[0].line == 2);
+    EXPECT_TRUE(samples[1].address == 0 && samples[1].value == 5 && samples[2].address == 1 && samples[2].line == 4);
+    EXPECT_EQ(outcome.recording->blocks.size(), 1U);
+    EXPECT_EQ(ReadBytes("Address;Value\n0;1\n").recording->addressed.size(), 1U);
+
+    for (const char* const text : {"address,value\n0,1\n1,1.5\n", "address,value\n0,1\n1\n",
+                                   "address,value\n0,1\nx,1\n", "address,value\n0,1\n1,99999999999\n"}) {
+        const recording::Outcome faulty = ReadBytes(text);
+        EXPECT_TRUE(faulty.recording->addressed.empty());
+        EXPECT_EQ(faulty.recording->addressedFault,
+                  u"Line 3 is no address and value, two whole numbers. Correct it, or take the file as a recording.");
+    }
+    EXPECT_EQ(ReadBytes("address,value\n").recording->addressedFault,
+              u"No address and value stands below the title line. Save the memory again.");
+    EXPECT_TRUE(ReadBytes("address,value,x\n0,1,2\n1,2,3\n").recording->addressed.empty());
+}
+
+// A device that gives a few bytes at a time, as a slow disk may.
+class Dribble : public QBuffer {
+  public:
+    using QBuffer::QBuffer;
+
+  protected:
+    qint64 readData(char* data, qint64 most) override { return QBuffer::readData(data, std::min<qint64>(most, 5)); }
+};
+
+TEST(RecordingReading, IsTheSameInPiecesAndFromTheMiddleOn) {
+    QByteArray text("t;CH1\r\n");
+    for (int i = 0; i < 500; ++i) {
+        text += QByteArray::number(i) + ";" + QByteArray::number(i * 7 % 13 - 5) + ",5\r\n";
+    }
+    Dribble buffer(&text);
+    buffer.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    EXPECT_EQ(Describe(recording::Read(buffer)), Describe(text.toStdString()));
+}
+
+TEST(RecordingReading, TheWholeFileDecidesAndMayBeCancelled) {
+    // A header of many lines with other separators than the samples.
+    QByteArray text;
+    for (int i = 0; i < 20'000; ++i) {
+        text += "; remark " + QByteArray::number(i) + ", with; some; 1,5; cells\n";
+    }
+    const int rows = 200'000;
+    for (int i = 0; i < rows; ++i) {
+        text += QByteArray::number(i * 1e-6, 'f', 6) + "\t" + QByteArray::number(std::sin(i * 1e-3), 'f', 5) + "\n";
+    }
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open() && file.write(text) == text.size() && file.flush());
+    double last = 0.0;
+    int calls = 0;
+    const recording::Outcome outcome = recording::Read(file, {}, [&](double part) {
+        EXPECT_TRUE(part >= last && part <= 1.0);
+        last = part;
+        return ++calls > 0;
+    });
+    const recording::Column& column = outcome.recording->blocks.at(0).columns.at(1);
+    EXPECT_TRUE(outcome.recording->blocks[0].rows == rows && outcome.recording->linesLeftOut == 20'000U);
+    EXPECT_TRUE(column.values.size() == rows && column.values[1571] == 1.0 && column.lastLine == 220'000U);
+    EXPECT_TRUE(calls > 10 && last > 0.9);
+
+    calls = 0;
+    const recording::Outcome cancelled = recording::Read(file, {}, [&calls](double) { return ++calls < 3; });
+    EXPECT_TRUE(!cancelled.recording && cancelled.fault.isEmpty() && calls == 3);
+}
+
+}  // namespace
