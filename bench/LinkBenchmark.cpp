@@ -21,6 +21,7 @@ constexpr double kBitsPerCharacter = 11.0;  // start, 8 data, 2 stop
 class NoDesktop : public Desktop {
   public:
     void MessageBox(const QString&, const QString&) override {}
+    void Inform(const QString&, const QString&) override {}
     bool Question(const QString&, const QString&, Default) override { return false; }
     QString OpenFile(const FileRequest&) override { return {}; }
     QString SaveFile(const FileRequest&) override { return {}; }

@@ -129,6 +129,10 @@ void Main::ConnectMenu() {
               [this] { OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualGerman)); });
     onTrigger(menu_->mnuhelp,
               [this] { OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualEnglish)); });
+    connect(menu_->mnuab, &QMenu::aboutToShow, this, [this] {
+        menu_->mnuhilfe->setToolTip(ManualToolTip(services_.documentFolders, QString::fromLatin1(kManualGerman)));
+        menu_->mnuhelp->setToolTip(ManualToolTip(services_.documentFolders, QString::fromLatin1(kManualEnglish)));
+    });
     onTrigger(menu_->mnuabout, [this] { Main_mnuabout_Click(); });
     onTrigger(menu_->mnuguide, [this] { Main_mnuguide_Click(); });
 }

@@ -18,7 +18,8 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnuStArb16 = AddItem(mnuArb, "mnuStArb16", "Se&nd Arb. 16K");
     mnueditor = AddItem(mnuArb, "mnueditor", "E&ditor");
     mnueditor->setShortcut(Qt::CTRL | Qt::Key_E);
-    QMenu* const mnuab = AddMenu(bar, "mnuab", "?");
+    mnuab = AddMenu(bar, "mnuab", "?");
+    mnuab->setToolTipsVisible(true);
     mnuhilfe = AddItem(mnuab, "mnuhilfe", "Handbuch deutsch (PDF)");
     mnuhelp = AddItem(mnuab, "mnuhelp", "Manual english (PDF)");
     mnuabout = AddItem(mnuab, "mnuabout", "About");

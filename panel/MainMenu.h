@@ -9,5 +9,6 @@ struct MainMenu {
 
     QAction *mnulset, *mnusset, *mnucom, *mnuexit;
     QAction *mnuRdArb4, *mnuStArb4, *mnuRdArb16, *mnuStArb16, *mnueditor;
+    QMenu* mnuab;
     QAction *mnuhilfe, *mnuhelp, *mnuguide, *mnuabout;
 };

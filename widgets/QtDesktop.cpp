@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QMessageBox>
 
 #include "widgets/FileDialog.h"
 #include "widgets/InputHold.h"
@@ -23,14 +22,18 @@ QWidget* QtDesktop::Parent() {
     return parent_ != nullptr && parent_->isVisible() ? parent_.data() : nullptr;
 }
 
-void QtDesktop::MessageBox(const QString& text, const QString& title) {
+void QtDesktop::MessageBox(const QString& text, const QString& title) { ShowBox(QMessageBox::Warning, text, title); }
+
+void QtDesktop::Inform(const QString& text, const QString& title) { ShowBox(QMessageBox::Information, text, title); }
+
+void QtDesktop::ShowBox(QMessageBox::Icon icon, const QString& text, const QString& title) {
     // A close of the window that came while the program was waiting would get lost behind the box. What was typed and
     // clicked meanwhile is dropped: it was meant for the operation that the box is about.
     InputHold hold(*this);
     hold.Set(true);
     QCoreApplication::processEvents();
     hold.Set(false);
-    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, Parent());
+    QMessageBox box(icon, title, text, QMessageBox::Ok, Parent());
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }

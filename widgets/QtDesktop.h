@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMessageBox>
 #include <QPointer>
 #include <QWidget>
 
@@ -12,6 +13,7 @@ class QtDesktop : public Desktop {
     void SetParent(QWidget* parent) { parent_ = parent; }
 
     void MessageBox(const QString& text, const QString& title) override;
+    void Inform(const QString& text, const QString& title) override;
     bool Question(const QString& text, const QString& title, Default answer) override;
     QString OpenFile(const FileRequest& request) override;
     QString SaveFile(const FileRequest& request) override;
@@ -23,6 +25,7 @@ class QtDesktop : public Desktop {
 
   private:
     QWidget* Parent();
+    void ShowBox(QMessageBox::Icon icon, const QString& text, const QString& title);
 
     QPointer<QWidget> parent_;
     QPointer<QWidget> last_;  // the form that was active last

@@ -10,7 +10,7 @@ using MainForm = OpenPanel;
 
 using DefaultsFile = PanelBench;
 
-const QString kNewDefaults = QStringLiteral("Load default settings|Generate new default settings");
+const QString kNewDefaults = QStringLiteral("information Load default settings|Generate new default settings");
 
 TEST_F(DefaultsFile, IsMadeEmptyAtTheFirstRun) {
     form->Main_Form_Load();

@@ -25,6 +25,9 @@ class FakeDesktop : public Desktop {
             whileShown();
         }
     }
+    void Inform(const QString& text, const QString& title) override {
+        boxes += QStringLiteral("information ") + title + u'|' + text;
+    }
     bool Question(const QString& text, const QString& title, Default enter) override {
         boxes += title + u'|' + text;
         defaultAnswer = enter;
