@@ -39,6 +39,10 @@ class SoakDesktop : public QtDesktop {
         ++shown[u"box " + title + u": " + text.left(20)];
         QtDesktop::MessageBox(text, title);
     }
+    void Information(const QString& text, const QString& title) override {
+        ++shown[u"box " + title + u": " + text.left(20)];
+        QtDesktop::Information(text, title);
+    }
     bool Question(const QString& text, const QString& title, Default answer) override {
         ++shown[u"question " + text.left(30)];
         return QtDesktop::Question(text, title, answer);

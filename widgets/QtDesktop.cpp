@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QMessageBox>
 
 #include "widgets/FileDialog.h"
 
@@ -45,14 +44,14 @@ class InputSink : public QObject {
 
 }  // namespace
 
-void QtDesktop::MessageBox(const QString& text, const QString& title) {
+void QtDesktop::ShowBox(QMessageBox::Icon icon, const QString& text, const QString& title) {
     // A close of the window that came while the program was waiting would get lost behind the box. What was typed and
     // clicked meanwhile does get lost: it was meant for what the box now says is over.
     InputSink sink;
     QCoreApplication::instance()->installEventFilter(&sink);
     QCoreApplication::processEvents();
     QCoreApplication::instance()->removeEventFilter(&sink);
-    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, Parent());
+    QMessageBox box(icon, title, text, QMessageBox::Ok, Parent());
     box.setTextFormat(Qt::PlainText);
     box.exec();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMessageBox>
 #include <QPointer>
 #include <QWidget>
 
@@ -11,7 +12,10 @@ class QtDesktop : public Desktop {
   public:
     void SetParent(QWidget* parent) { parent_ = parent; }
 
-    void MessageBox(const QString& text, const QString& title) override;
+    void MessageBox(const QString& text, const QString& title) override { ShowBox(QMessageBox::Warning, text, title); }
+    void Information(const QString& text, const QString& title) override {
+        ShowBox(QMessageBox::Information, text, title);
+    }
     bool Question(const QString& text, const QString& title, Default answer) override;
     QString OpenFile(const FileRequest& request) override;
     QString SaveFile(const FileRequest& request) override;
@@ -23,6 +27,7 @@ class QtDesktop : public Desktop {
 
   private:
     QWidget* Parent();
+    void ShowBox(QMessageBox::Icon icon, const QString& text, const QString& title);
 
     QPointer<QWidget> parent_;
     QPointer<QWidget> last_;  // the form that was active last

@@ -25,6 +25,7 @@ class FakeDesktop : public Desktop {
             whileShown();
         }
     }
+    void Information(const QString& text, const QString& title) override { MessageBox(text, title); }
     bool Question(const QString& text, const QString& title, Default enter) override {
         boxes += title + u'|' + text;
         defaultAnswer = enter;
