@@ -2,8 +2,8 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLayout>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTabBar>
@@ -24,6 +24,8 @@
 #include "panel/OverviewGroup.h"
 #include "panel/PreferencesFile.h"
 #include "panel/SweepGroup.h"
+#include "panel/TransferBar.h"
+#include "panel/TransferMenu.h"
 #include "storage/SettingFile.h"
 #include "widgets/FormPlace.h"
 
@@ -49,7 +51,7 @@ void Main::MakeControls() {
     auto* const panel = new QWidget(this);
     setCentralWidget(panel);
     hint_ = new HintLine(desktop_, panel);
-    status = Named(new QProgressBar(panel), QStringLiteral("status"), QStringLiteral("Progress of the transfer"));
+    status = new TransferBar([this] { return link_.memory.Progress(); }, panel);
     SSTab1 = Named(new QTabWidget(panel), QStringLiteral("SSTab1"), QStringLiteral("Overview, modulation and mode"));
     SSTab1->tabBar()->setFocusPolicy(Qt::StrongFocus);  // a click on a tab leaves the entry field, which commits
     outputColumn_ = new QWidget(panel);
@@ -66,6 +68,8 @@ void Main::MakeControls() {
                      QStringLiteral("Set the instrument's time and date to those of the PC"));
     Command7->setToolTip(QStringLiteral("Transmit the PC-Time and date to the KL5276-x"));
     menu_ = std::make_unique<MainMenu>(menuBar());
+    transfers_ = std::make_unique<TransferMenu>(link_.memory, *menu_->mnuverify, desktop_,
+                                                [this](const QString& hint) { FlashMessage(hint); });
 }
 
 void Main::MakeGroups() {
@@ -110,14 +114,16 @@ void Main::ConnectMenu() {
     const auto onTransfer = [&](QAction* item, auto transfer, const MemorySize& size) {
         onTrigger(item, [this, transfer, &size] {
             if (const auto operation = BeginCommand()) {
-                (link_.memory.*transfer)(size);
+                (*transfers_.*transfer)(size);
             }
         });
     };
-    onTransfer(menu_->mnuRdArb4, &MemoryTransfer::ReadArb, kMemory4k);
-    onTransfer(menu_->mnuStArb4, &MemoryTransfer::SendArb, kMemory4k);
-    onTransfer(menu_->mnuRdArb16, &MemoryTransfer::ReadArb, kMemory16k);
-    onTransfer(menu_->mnuStArb16, &MemoryTransfer::SendArb, kMemory16k);
+    onTransfer(menu_->mnuRdArb4, &TransferMenu::Read, kMemory4k);
+    onTransfer(menu_->mnuStArb4, &TransferMenu::Send, kMemory4k);
+    onTransfer(menu_->mnuRdArb16, &TransferMenu::Read, kMemory16k);
+    onTransfer(menu_->mnuStArb16, &TransferMenu::Send, kMemory16k);
+    onTransfer(menu_->mnuCmpArb4, &TransferMenu::Compare, kMemory4k);
+    onTransfer(menu_->mnuCmpArb16, &TransferMenu::Compare, kMemory16k);
     onTrigger(menu_->mnueditor, [this] { Main_mnueditor_Click(); });
     onTrigger(menu_->mnucom, [this] { Main_mnucom_Click(); });
     onTrigger(menu_->mnuexit, [this] { close(); });
@@ -214,6 +220,15 @@ void Main::OnGateChanged(bool running) {
     }
 }
 
+// Escape stops a transfer. It does so whichever control has the focus: none of them has a use for the key.
+void Main::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && link_.memory.Stop()) {
+        hint_->ShowText(QStringLiteral("Stopping: what is on its way goes out first"));
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
 // Whoever wonders why there is no link is told what is wrong with the port now.
 bool Main::eventFilter(QObject* watched, QEvent* event) {
     if (watched == cRM && event->type() == QEvent::ToolTip) {
@@ -284,22 +299,17 @@ void Main::Main_Command7_Click() {
 }
 
 void Main::ShowTransfer(const QString& text, int last) {
-    status->setRange(0, last);
-    status->setValue(0);
-    status->setVisible(true);
+    status->Begin(last);
     // In place before the first point goes out, which may keep events waiting.
     centralWidget()->layout()->activate();
     hint_->ShowText(text);
     status->repaint();
 }
 
-void Main::ShowProgress(int value) {
-    status->setValue(value);
-    status->repaint();
-}
+void Main::ShowProgress(int value) { status->ShowPoint(value); }
 
 void Main::HideTransfer() {
-    status->setVisible(false);
+    status->End();
     hint_->ShowText(QString());
 }
 
