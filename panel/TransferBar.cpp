@@ -1,5 +1,7 @@
 #include "panel/TransferBar.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <algorithm>
 #include <chrono>
 
@@ -11,6 +13,7 @@ constexpr std::chrono::milliseconds kLook{200};
 constexpr int kLeastWidth = 240;
 constexpr int kTextMargin = 24;
 constexpr qint64 kSecondsPerMinute = 60;
+constexpr double kTint = 0.4;  // of the bar's colour in its ground
 
 }  // namespace
 
@@ -32,8 +35,30 @@ TransferBar::TransferBar(std::function<TransferProgress()> progress, QWidget* pa
     setToolTip(QStringLiteral("Escape stops the transfer after the current point"));
     setMinimumWidth(
         std::max(kLeastWidth, fontMetrics().horizontalAdvance(ProgressText({100, 3'599'000})) + kTextMargin));
+    TakeColours();
     look_.setInterval(kLook);
     connect(&look_, &QTimer::timeout, this, &TransferBar::ShowProgress);
+}
+
+void TransferBar::changeEvent(QEvent* event) {
+    QProgressBar::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        TakeColours();
+    }
+}
+
+// The text stands on the bar and on what is left of it. The usual bar is too near to white and to black for either: a
+// tint of the ground is not.
+void TransferBar::TakeColours() {
+    const QPalette theme = QApplication::palette(this);
+    const QColor ground = theme.color(QPalette::Base);
+    const QColor bar = theme.color(QPalette::Highlight);
+    const auto mix = [](int from, int to) { return static_cast<int>(from + (to - from) * kTint); };
+    QPalette colours;  // all others go on to follow the theme
+    colours.setColor(QPalette::Highlight, QColor(mix(ground.red(), bar.red()), mix(ground.green(), bar.green()),
+                                                 mix(ground.blue(), bar.blue())));
+    colours.setColor(QPalette::HighlightedText, theme.color(QPalette::Text));
+    setPalette(colours);
 }
 
 void TransferBar::Begin(int last) {

@@ -20,8 +20,12 @@ class TransferBar : public QProgressBar {
     void ShowPoint(int address);
     void End();
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     void ShowProgress();
+    void TakeColours();
 
     std::function<TransferProgress()> progress_;
     QTimer look_;  // while a full port or a drained line keeps the points waiting

@@ -190,4 +190,32 @@ TEST_F(TransferPanel, TheItemsStandBehindTheDescribedOnesAndTheBarTellsPercentAn
     EXPECT_EQ(ProgressText({99, 1}), u"99 %, 1 s left");
 }
 
+double Luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+TEST_F(TransferPanel, TheTextOfTheBarIsReadableOnEitherPartInAnyPalette) {
+    const QPalette former = QApplication::palette();
+    QPalette dark(QColor(0x31, 0x36, 0x3b));
+    dark.setColor(QPalette::Base, QColor(0x23, 0x26, 0x29));
+    const QPalette contrast(Qt::yellow, Qt::black, Qt::black, Qt::black, Qt::black, Qt::yellow, Qt::black);
+    auto* const bar = Get<TransferBar>("status");
+    bar->Begin(100);
+    bar->ShowPoint(50);
+    for (const QPalette& palette : {former, dark, contrast}) {
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
+        const QImage image = bar->grab().toImage();
+        const double text = Luminance(palette.color(QPalette::Text));
+        for (const int x : {image.width() / 4, image.width() * 3 / 4}) {
+            const double ground = Luminance(image.pixelColor(x, 4));
+            EXPECT_GE((std::max(text, ground) + 0.05) / (std::min(text, ground) + 0.05), 4.5) << x;
+        }
+    }
+    QApplication::setPalette(former);
+}
+
 }  // namespace
