@@ -21,7 +21,7 @@ constexpr double kBitsPerCharacter = 11.0;  // start, 8 data, 2 stop
 class NoDesktop : public Desktop {
   public:
     void MessageBox(const QString&, const QString&) override {}
-    void Inform(const QString&, const QString&) override {}
+    void Information(const QString&, const QString&) override {}
     bool Question(const QString&, const QString&, Default) override { return false; }
     QString OpenFile(const FileRequest&) override { return {}; }
     QString SaveFile(const FileRequest&) override { return {}; }
@@ -93,7 +93,7 @@ BENCHMARK(SetWithReadBack)->Name("Set with read-back")->Iterations(20);
 
 // A memory over a line of 115200 baud. The floor is the time that the bytes need on the line, or, in reading,
 // the 5 ms after each query, in which the line works too, if they are more.
-void Transfer(benchmark::State& state, void (MemoryTransfer::*routine)(const MemorySize&), const MemorySize& moved,
+void Transfer(benchmark::State& state, TransferResult (MemoryTransfer::*routine)(const MemorySize&), const MemorySize& moved,
               bool paced) {
     Bench bench({.rate = 115200, .realTime = true});
     int sample = 0;

@@ -47,7 +47,7 @@ class OneFileDesktop : public QtDesktop {
   public:
     explicit OneFileDesktop(QString file) : file_(std::move(file)) {}
     void MessageBox(const QString&, const QString&) override {}
-    void Inform(const QString&, const QString&) override {}
+    void Information(const QString&, const QString&) override {}
     QString SaveFile(const FileRequest&) override { return file_; }
 
   private:

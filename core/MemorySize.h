@@ -15,6 +15,8 @@ struct MemorySize {
     int progressStep;          // addresses from one step of the progress bar to the next
     const char* readCaption;   // the hint line during a transfer
     const char* sendCaption;
+    const char* compareCaption;
+    const char* compareTitle;  // of the message box with the result of a comparison
     int gridFirst;  // the editor's grid lines: the first address, the limit, the step, and the one at the centre
     int gridLimit;
     int gridStep;
@@ -31,6 +33,8 @@ inline constexpr MemorySize kMemory4k{
     .progressStep = 50,
     .readCaption = "Please wait. Read 4096 Values",
     .sendCaption = "Please wait. Send 4095 Values",
+    .compareCaption = "Please wait. Compare 4096 Values",
+    .compareTitle = "Compare Arb. 4k",
     .gridFirst = 511,
     .gridLimit = 3583,
     .gridStep = 512,
@@ -47,6 +51,8 @@ inline constexpr MemorySize kMemory16k{
     .progressStep = 100,
     .readCaption = "Please wait. Read 16384 Values",
     .sendCaption = "Please wait. Send 16384 Values",
+    .compareCaption = "Please wait. Compare 16385 Values",
+    .compareTitle = "Compare Arb. 16k",
     .gridFirst = 1023,
     .gridLimit = 15360,
     .gridStep = 1024,

@@ -73,7 +73,9 @@ QString FormatPicture(double value, const char* picture, char separator) {
     return QString::fromLatin1(value < 0.0 && !zero ? '-' + text : text);
 }
 
-double ReadHeadNumber(QStringView text) {
+double ReadHeadNumber(QStringView text) { return FindHeadNumber(text).value_or(0.0); }
+
+std::optional<double> FindHeadNumber(QStringView text) {
     QByteArray plain;
     for (const QChar c : text) {
         if (c != u' ' && c != u'\t' && c != u'\n') {
@@ -84,7 +86,7 @@ double ReadHeadNumber(QStringView text) {
     const bool isSigned = plain.startsWith('-') || plain.startsWith('+');
     const char head = plain.size() > isSigned ? plain.at(isSigned) : '\0';
     if (head != '.' && (head < '0' || head > '9')) {
-        return 0.0;
+        return std::nullopt;
     }
     const char* const first = plain.constData() + (plain.startsWith('+') ? 1 : 0);
     const char* const last = plain.constData() + plain.size();
@@ -93,7 +95,7 @@ double ReadHeadNumber(QStringView text) {
     if (result.ec == std::errc::result_out_of_range) {
         return QString::fromLatin1(first, result.ptr - first).toDouble();  // infinity, or 0
     }
-    return value;
+    return result.ec == std::errc() ? std::optional(value) : std::nullopt;
 }
 
 UserNumbers::UserNumbers(const QLocale& locale)

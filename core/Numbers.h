@@ -2,6 +2,7 @@
 
 #include <QLocale>
 #include <QString>
+#include <optional>
 
 // Nearest whole number; a fraction of exactly one half goes to the even neighbour.
 double NearestEven(double value);
@@ -15,6 +16,8 @@ QString FormatPicture(double value, const char* picture, char separator);
 // stand, "." is the decimal point in every locale, and reading stops at the first character that can't belong to the
 // number. No number gives 0, and one that is too great for a double infinity with its sign.
 double ReadHeadNumber(QStringView text);
+// The same; empty if there is no number.
+std::optional<double> FindHeadNumber(QStringView text);
 
 // How this user reads and writes numbers.
 class UserNumbers {

@@ -63,7 +63,7 @@ void Connection::ConnectUnit() {
     }
     link_.UnitVersion = TrimBlanks(link_.ReplyText);
     front_.ShowCaption(LinkedCaption(link_.UnitVersion));
-    preferences_.ComBaudRate = static_cast<qint32>(ReadHeadNumber(transport_.Settings().section(u',', 0, 0)));
+    preferences_.ComBaudRate = transport_.Baud();
     desktop_.BusyOff();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/LinkState.h"
+#include "core/Numbers.h"
 #include "link/LinkFront.h"
 #include "link/LinkGate.h"
 #include "platform/Com.h"
@@ -41,8 +42,10 @@ class SerialTransport {
     // Opens the port of this number, 1 to 4, with a settings text as "19200,N,8,2". False if it can't be opened, or
     // if the text makes no sense.
     bool OpenPort(int number, const QString& settings);
-    // The settings text that is in force.
-    QString Settings() const { return com_.Settings(); }
+    // The rate that is in force, in baud.
+    qint32 Baud() const { return static_cast<qint32>(ReadHeadNumber(com_.Settings())); }
+    // How long the line is still busy with what was sent, as far as can be known.
+    qint64 LineTimeLeftMs() const { return com_.LineTimeLeftMs(); }
     // Closes the port as soon as the line has carried all that was sent; until then the user's events are served.
     // In an abandoned operation the port stays open, for AbandonPort. False, with the port open, if the line stalled
     // while there was a link.

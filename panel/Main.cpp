@@ -2,8 +2,8 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLayout>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QTabBar>
@@ -13,7 +13,6 @@
 #include "editor/Editor.h"
 #include "overview/AboutForm.h"
 #include "overview/GuideForm.h"
-#include "overview/Manuals.h"
 #include "panel/Comset.h"
 #include "panel/FrequencyGroup.h"
 #include "panel/HintLine.h"
@@ -25,6 +24,8 @@
 #include "panel/OverviewGroup.h"
 #include "panel/PreferencesFile.h"
 #include "panel/SweepGroup.h"
+#include "panel/TransferBar.h"
+#include "panel/TransferMenu.h"
 #include "storage/SettingFile.h"
 #include "widgets/FormPlace.h"
 
@@ -51,7 +52,7 @@ void Main::MakeControls() {
     auto* const panel = new QWidget(this);
     setCentralWidget(panel);
     hint_ = new HintLine(desktop_, panel);
-    status = Named(new QProgressBar(panel), QStringLiteral("status"), QStringLiteral("Progress of the transfer"));
+    status = new TransferBar([this] { return link_.memory.Progress(); }, panel);
     SSTab1 = Named(new QTabWidget(panel), QStringLiteral("SSTab1"), QStringLiteral("Overview, modulation and mode"));
     SSTab1->tabBar()->setFocusPolicy(Qt::StrongFocus);  // a click on a tab leaves the entry field, which commits
     outputColumn_ = new QWidget(panel);
@@ -70,6 +71,8 @@ void Main::MakeControls() {
                      QStringLiteral("Set the instrument's time and date to those of the PC"));
     Command7->setToolTip(QStringLiteral("Transmit the PC-Time and date to the KL5276-x"));
     menu_ = std::make_unique<MainMenu>(menuBar());
+    transfers_ = std::make_unique<TransferMenu>(link_.memory, *menu_->mnuverify, desktop_,
+                                                [this](const QString& hint) { FlashMessage(hint); });
 }
 
 void Main::MakeGroups() {
@@ -87,78 +90,6 @@ void Main::MakeGroups() {
         context, [this] { level_->RefreshLevel(); }, modulationTab_);
     sweep_ = std::make_unique<SweepGroup>(context, modeTab_);
     mode_ = std::make_unique<ModeGroup>(program_.panel, modeTab_);
-}
-
-void Main::ConnectControls() {
-    connect(cRM, &QCheckBox::clicked, this, &Main::Main_cRM_MouseUp);
-    cRM->installEventFilter(this);
-    connect(Command3, &QPushButton::clicked, this, &Main::Main_Command3_Click);
-    connect(Command4, &QPushButton::clicked, this, &Main::Main_Command4_Click);
-    connect(Command7, &QPushButton::clicked, this, &Main::Main_Command7_Click);
-    connect(SSTab1, &QTabWidget::currentChanged, this, &Main::Main_SSTab1_Click);
-    link_.gate.SetWhenChanged([this](bool running) { OnGateChanged(running); });
-}
-
-void Main::ConnectMenu() {
-    const auto onTrigger = [this](QAction* item, auto act) {
-        connect(item, &QAction::triggered, this, [this, act] {
-            // A command that will be refused leaves a half-typed entry alone.
-            if (!link_.gate.Running()) {
-                CommitFocusedField(this);
-            }
-            act();
-        });
-    };
-    onTrigger(menu_->mnulset, [this] { Main_mnulset_Click(); });
-    onTrigger(menu_->mnusset, [this] { Main_mnusset_Click(); });
-    const auto onTransfer = [&](QAction* item, auto transfer, const MemorySize& size) {
-        onTrigger(item, [this, transfer, &size] {
-            if (const auto operation = BeginCommand()) {
-                (link_.memory.*transfer)(size);
-            }
-        });
-    };
-    onTransfer(menu_->mnuRdArb4, &MemoryTransfer::ReadArb, kMemory4k);
-    onTransfer(menu_->mnuStArb4, &MemoryTransfer::SendArb, kMemory4k);
-    onTransfer(menu_->mnuRdArb16, &MemoryTransfer::ReadArb, kMemory16k);
-    onTransfer(menu_->mnuStArb16, &MemoryTransfer::SendArb, kMemory16k);
-    onTrigger(menu_->mnueditor, [this] { Main_mnueditor_Click(); });
-    onTrigger(menu_->mnucom, [this] { Main_mnucom_Click(); });
-    onTrigger(menu_->mnuexit, [this] { close(); });
-    onTrigger(menu_->mnuhilfe,
-              [this] { OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualGerman)); });
-    onTrigger(menu_->mnuhelp,
-              [this] { OpenManual(desktop_, services_.documentFolders, QString::fromLatin1(kManualEnglish)); });
-    connect(menu_->mnuab, &QMenu::aboutToShow, this, [this] {
-        menu_->mnuhilfe->setToolTip(ManualToolTip(services_.documentFolders, QString::fromLatin1(kManualGerman)));
-        menu_->mnuhelp->setToolTip(ManualToolTip(services_.documentFolders, QString::fromLatin1(kManualEnglish)));
-    });
-    onTrigger(menu_->mnuabout, [this] { Main_mnuabout_Click(); });
-    onTrigger(menu_->mnuguide, [this] { Main_mnuguide_Click(); });
-}
-
-// Keys for the main work that no menu shows; the tool tips of the controls do.
-void Main::ConnectKeys() {
-    const auto onKeys = [this](const QList<QKeySequence>& keys, const auto& act) {
-        auto* const action = new QAction(this);
-        action->setShortcuts(keys);
-        action->setAutoRepeat(false);
-        addAction(action);
-        connect(action, &QAction::triggered, this, act);
-    };
-    onKeys({Qt::Key_F5}, [this] { Main_Command3_Click(); });
-    onKeys({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}, [this] { Main_Command4_Click(); });
-    onKeys({Qt::CTRL | Qt::SHIFT | Qt::Key_O}, [this] {
-        if (!link_.gate.Refuses()) {
-            CommitFocusedField(this);
-            output_->SwitchOver();
-        }
-    });
-    for (int tab = 0; tab < SSTab1->count(); ++tab) {
-        onKeys({QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab))},
-               [this, tab] { SSTab1->setCurrentIndex(tab); });
-        SSTab1->setTabToolTip(tab, QStringLiteral("Ctrl+%1").arg(tab + 1));
-    }
 }
 
 void Main::Main_Form_Load() {
@@ -247,6 +178,15 @@ void Main::OnGateChanged(bool running) {
     }
 }
 
+// Escape stops a transfer. It does so whichever control has the focus: none of them has a use for the key.
+void Main::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier && link_.memory.Stop()) {
+        hint_->ShowText(QStringLiteral("Stopping: what is on its way goes out first"));
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
 // The tool tip of cRM describes the port as it is now, for a user who wonders why there is no link.
 bool Main::eventFilter(QObject* watched, QEvent* event) {
     if (watched == cRM && event->type() == QEvent::ToolTip) {
@@ -317,22 +257,17 @@ void Main::Main_Command7_Click() {
 }
 
 void Main::ShowTransfer(const QString& text, int last) {
-    status->setRange(0, last);
-    status->setValue(0);
-    status->setVisible(true);
+    status->Begin(last);
     // In place before the first point goes out, which may keep events waiting.
     centralWidget()->layout()->activate();
     hint_->ShowText(text);
     status->repaint();
 }
 
-void Main::ShowProgress(int value) {
-    status->setValue(value);
-    status->repaint();
-}
+void Main::ShowProgress(int value) { status->ShowPoint(value); }
 
 void Main::HideTransfer() {
-    status->setVisible(false);
+    status->End();
     hint_->ShowText(QString());
 }
 

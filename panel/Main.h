@@ -22,10 +22,11 @@ class ModulationGroup;
 class OutputGroup;
 class OverviewGroup;
 class QCheckBox;
-class QProgressBar;
 class QPushButton;
 class QTabWidget;
 class SweepGroup;
+class TransferBar;
+class TransferMenu;
 struct MainMenu;
 
 // What the form Main needs. Tests provide their own.
@@ -63,6 +64,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
   protected:
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     // LinkFront
@@ -123,7 +125,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     bool unloaded_ = false;       // Main_Form_Unload has run
 
     HintLine* hint_ = nullptr;  // Label8
-    QProgressBar* status = nullptr;
+    TransferBar* status = nullptr;
     QTabWidget* SSTab1 = nullptr;
     QWidget* outputColumn_ = nullptr;
     QWidget* overviewTab_ = nullptr;
@@ -134,6 +136,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     QPushButton* Command4 = nullptr;  // "Set"
     QPushButton* Command7 = nullptr;  // "Set time and date"
     std::unique_ptr<MainMenu> menu_;
+    std::unique_ptr<TransferMenu> transfers_;
     std::unique_ptr<FrequencyGroup> frequency_;
     std::unique_ptr<LevelGroup> level_;
     std::unique_ptr<OutputGroup> output_;

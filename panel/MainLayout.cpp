@@ -3,7 +3,6 @@
 
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -16,6 +15,7 @@
 #include "panel/OutputGroup.h"
 #include "panel/OverviewGroup.h"
 #include "panel/SweepGroup.h"
+#include "panel/TransferBar.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ void Main::Arrange() {
     auto* const lower = new QHBoxLayout;
     const int height = hint_->fontMetrics().height() + 10;
     hint_->setFixedHeight(height);
-    status->setFixedSize(240, height);
+    status->setFixedSize(status->minimumWidth(), height);
     status->setVisible(false);
     lower->addWidget(hint_, 1);
     lower->addWidget(status);

@@ -18,6 +18,15 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnuStArb16 = AddItem(mnuArb, "mnuStArb16", "Se&nd Arb. 16K");
     mnueditor = AddItem(mnuArb, "mnueditor", "E&ditor");
     mnueditor->setShortcut(Qt::CTRL | Qt::Key_E);
+    mnuArb->addSeparator();
+    mnuCmpArb4 = AddItem(mnuArb, "mnuCmpArb4", "&Compare Arb. 4k");
+    mnuCmpArb16 = AddItem(mnuArb, "mnuCmpArb16", "C&ompare Arb. 16k");
+    for (QAction* const compare : {mnuCmpArb4, mnuCmpArb16}) {
+        compare->setToolTip(QStringLiteral("Read the memory back and compare it with the one in the PC, which stays"));
+    }
+    mnuverify = AddItem(mnuArb, "mnuverify", "&Verify after send");
+    mnuverify->setToolTip(QStringLiteral("Compare by itself behind each memory that was sent"));
+    mnuverify->setCheckable(true);
     mnuab = AddMenu(bar, "mnuab", "?");
     mnuab->setToolTipsVisible(true);
     mnuhilfe = AddItem(mnuab, "mnuhilfe", "Handbuch deutsch (PDF)");

@@ -9,6 +9,7 @@ struct MainMenu {
 
     QAction *mnulset, *mnusset, *mnucom, *mnuexit;
     QAction *mnuRdArb4, *mnuStArb4, *mnuRdArb16, *mnuStArb16, *mnueditor;
+    QAction *mnuCmpArb4, *mnuCmpArb16, *mnuverify;
     QMenu* mnuab;
     QAction *mnuhilfe, *mnuhelp, *mnuguide, *mnuabout;
 };

@@ -12,7 +12,7 @@ void LoadPreferences(const QString& folder, Preferences& preferences, Desktop& d
     const QByteArray record = opened ? file.read(kPreferencesSize) : QByteArray();
     file.close();
     if (DecodePreferences(record, preferences) != PreferencesOutcome::Read) {
-        desktop.Inform(QStringLiteral("Generate new default settings"), QStringLiteral("Load default settings"));
+        desktop.Information(QStringLiteral("Generate new default settings"), QStringLiteral("Load default settings"));
     }
 }
 

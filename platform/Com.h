@@ -41,7 +41,7 @@ class Com {
     // ClearOutBuffer, and while it stays stalled there is no second wait.
     enum class OutputState { Taken, Waiting, Stalled };
     virtual OutputState FlushOutput() = 0;
-    // How long the line is still busy with what the port took, as far as can be known; 0 when it is idle.
+    // How long the line is still busy with what was put in line, as far as can be known; 0 when it is idle or stalled.
     virtual qint64 LineTimeLeftMs() = 0;
     // To be called when a reply came whole: the line carries nothing any more.
     virtual void ReplyComplete() = 0;

@@ -19,8 +19,8 @@ class Desktop {
 
     // One OK button; returns when the user has pressed it.
     virtual void MessageBox(const QString& text, const QString& title) = 0;
-    // The same for what is no trouble.
-    virtual void Inform(const QString& text, const QString& title) = 0;
+    // The same for what is no trouble: it does not look like a warning.
+    virtual void Information(const QString& text, const QString& title) = 0;
     // Yes and No; true for Yes. Enter gives the default; closing the box counts as No.
     enum class Default { Yes, No };
     virtual bool Question(const QString& text, const QString& title, Default answer) = 0;

@@ -18,17 +18,17 @@ constexpr qint64 kMostHeld = qint64{32} * 1024;
 
 }  // namespace
 
+qint64 LineTimeUs(qint64 characters, qint32 baud) { return characters * kBitsPerCharacter * 1'000'000 / baud; }
+
 void LineLoad::Opened(qint32 baud) {
     *this = LineLoad();
     baud_ = std::max(baud, 1);
 }
 
-qint64 LineLoad::LineTimeUs(qint64 characters) const { return characters * kBitsPerCharacter * 1'000'000 / baud_; }
-
 void LineLoad::Taken(qint64 characters, qint64 nowUs) {
     NoteMove(nowUs);
-    freeUs_ = std::max(freeUs_, nowUs) + LineTimeUs(characters);
-    farEndFaster_ = farEndFaster_ || (!driverTells_ && LeftUs(nowUs) > LineTimeUs(kMostHeld));
+    freeUs_ = std::max(freeUs_, nowUs) + TimeUs(characters);
+    farEndFaster_ = farEndFaster_ || (!driverTells_ && LeftUs(nowUs) > TimeUs(kMostHeld));
     if (farEndFaster_) {
         freeUs_ = nowUs;
     }
@@ -50,7 +50,7 @@ void LineLoad::DriverHolds(qint64 characters, qint64 nowUs) {
         LookForStall(nowUs);
     }
     if (driverTells_) {
-        freeUs_ = std::clamp(freeUs_, nowUs + LineTimeUs(characters), nowUs + LineTimeUs(characters + kAdapterHolds));
+        freeUs_ = std::clamp(freeUs_, nowUs + TimeUs(characters), nowUs + TimeUs(characters + kAdapterHolds));
     }
 }
 
@@ -63,5 +63,5 @@ void LineLoad::LookForStall(qint64 nowUs) { stalled_ = stalled_ || nowUs - moved
 
 void LineLoad::Dropped(qint64 nowUs) {
     const qint64 kept = driverTells_ ? kAdapterHolds : kPseudoTerminalKeeps;
-    freeUs_ = std::min(freeUs_, nowUs + LineTimeUs(kept));
+    freeUs_ = std::min(freeUs_, nowUs + TimeUs(kept));
 }

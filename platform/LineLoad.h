@@ -2,6 +2,9 @@
 
 #include <QtGlobal>
 
+// What a line at this rate needs for so many characters of 11 bits: start, 8 data, 2 stop. In microseconds.
+qint64 LineTimeUs(qint64 characters, qint32 baud);
+
 // Estimates how long the line is still busy with what the port took. A port shows only what it takes, which may be
 // thousands of characters ahead of the line. So the time that the characters need at the line's rate is counted, and
 // corrected by better evidence: a driver that reports how much still waits in it, a complete reply, a port that took
@@ -26,6 +29,8 @@ class LineLoad {
     // What the driver held was thrown away; an adapter may still hold some of it.
     void Dropped(qint64 nowUs);
 
+    // What the line needs for so many characters.
+    qint64 TimeUs(qint64 characters) const { return LineTimeUs(characters, baud_); }
     // Until the line has carried all that the port took; 0 when it is idle or has stalled.
     qint64 LeftUs(qint64 nowUs) const { return freeUs_ > nowUs && !stalled_ ? freeUs_ - nowUs : 0; }
 
@@ -33,7 +38,6 @@ class LineLoad {
     bool Stalled() const { return stalled_; }
 
   private:
-    qint64 LineTimeUs(qint64 characters) const;
     void NoteMove(qint64 nowUs);
     void LookForStall(qint64 nowUs);
 

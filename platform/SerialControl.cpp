@@ -217,7 +217,11 @@ void SerialControl::AskDriver() {
 
 qint64 SerialControl::LineTimeLeftMs() {
     AskDriver();
-    return lost_ ? 0 : (load_.LeftUs(NowUs()) + 999) / 1000;
+    if (lost_ || load_.Stalled()) {
+        return 0;
+    }
+    const qint64 leftUs = load_.LeftUs(NowUs()) + load_.TimeUs(static_cast<qint64>(waiting_.size()));
+    return (leftUs + 999) / 1000;
 }
 
 Com::OutputState SerialControl::FlushOutput() {

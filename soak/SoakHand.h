@@ -39,9 +39,9 @@ class SoakDesktop : public QtDesktop {
         ++shown[u"box " + title + u": " + text.left(20)];
         QtDesktop::MessageBox(text, title);
     }
-    void Inform(const QString& text, const QString& title) override {
+    void Information(const QString& text, const QString& title) override {
         ++shown[u"box " + title + u": " + text.left(20)];
-        QtDesktop::Inform(text, title);
+        QtDesktop::Information(text, title);
     }
     bool Question(const QString& text, const QString& title, Default answer) override {
         ++shown[u"question " + text.left(30)];

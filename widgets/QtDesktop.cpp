@@ -24,7 +24,9 @@ QWidget* QtDesktop::Parent() {
 
 void QtDesktop::MessageBox(const QString& text, const QString& title) { ShowBox(QMessageBox::Warning, text, title); }
 
-void QtDesktop::Inform(const QString& text, const QString& title) { ShowBox(QMessageBox::Information, text, title); }
+void QtDesktop::Information(const QString& text, const QString& title) {
+    ShowBox(QMessageBox::Information, text, title);
+}
 
 void QtDesktop::ShowBox(QMessageBox::Icon icon, const QString& text, const QString& title) {
     // A close of the window that came while the program was waiting would get lost behind the box. What was typed and

@@ -13,7 +13,7 @@ class QtDesktop : public Desktop {
     void SetParent(QWidget* parent) { parent_ = parent; }
 
     void MessageBox(const QString& text, const QString& title) override;
-    void Inform(const QString& text, const QString& title) override;
+    void Information(const QString& text, const QString& title) override;
     bool Question(const QString& text, const QString& title, Default answer) override;
     QString OpenFile(const FileRequest& request) override;
     QString SaveFile(const FileRequest& request) override;

@@ -7,7 +7,8 @@ namespace {
 using ConnectionPanel = OpenPanel;
 
 TEST_F(ConnectionPanel, WithoutALinkNothingMoves) {
-    for (const char* const command : {"mnuRdArb4", "mnuStArb4", "mnuRdArb16", "mnuStArb16", "Command3", "Command4"}) {
+    for (const char* const command :
+         {"mnuRdArb4", "mnuStArb4", "mnuRdArb16", "mnuStArb16", "mnuCmpArb4", "mnuCmpArb16", "Command3", "Command4"}) {
         Get<QLabel>("Label8")->clear();
         QMetaObject::invokeMethod(Get<QObject>(command), *command == 'm' ? "trigger" : "click");
         EXPECT_EQ(Hint(), u"Not connected - RM ist off") << command;

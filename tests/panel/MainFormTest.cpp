@@ -10,11 +10,12 @@ using MainForm = OpenPanel;
 
 using DefaultsFile = PanelBench;
 
-const QString kNewDefaults = QStringLiteral("information Load default settings|Generate new default settings");
+const QString kNewDefaults = QStringLiteral("Load default settings|Generate new default settings");
 
 TEST_F(DefaultsFile, IsMadeEmptyAtTheFirstRun) {
     form->Main_Form_Load();
     EXPECT_EQ(desktop.boxes, QStringList(kNewDefaults));
+    EXPECT_EQ(desktop.informations, 1);
     EXPECT_EQ(form->windowTitle(), u"KL5276 - V1.02       Offline");
     EXPECT_EQ(Text("Text1"), u"1.0000000");
     ExpectChecked({"opsignal_0", "Opoutput_1"});

@@ -12,6 +12,7 @@ class FakeDesktop : public Desktop {
     QStringList boxes;  // "title|text" of each message box and question, in order; "busy" ahead under the hourglass
     QList<QUrl> viewed;
     int beeps = 0;
+    int informations = 0;  // of the boxes, those that are no warning
     bool busy = false;
     bool answer = false;                   // to questions
     Default defaultAnswer = Default::Yes;  // of the last question
@@ -25,8 +26,9 @@ class FakeDesktop : public Desktop {
             whileShown();
         }
     }
-    void Inform(const QString& text, const QString& title) override {
-        boxes += QStringLiteral("information ") + title + u'|' + text;
+    void Information(const QString& text, const QString& title) override {
+        ++informations;
+        MessageBox(text, title);
     }
     bool Question(const QString& text, const QString& title, Default enter) override {
         boxes += title + u'|' + text;

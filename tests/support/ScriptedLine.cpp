@@ -29,7 +29,7 @@ bool ScriptedLine::SetPortOpen(bool open) {
 
 qsizetype ScriptedLine::InBufferCount() {
     if (input_.isEmpty() || clock_.nowMs < nextByteMs_) {
-        clock_.nowMs += 50;
+        clock_.nowMs += restMs;
         return 0;
     }
     return 1;
@@ -38,7 +38,7 @@ qsizetype ScriptedLine::InBufferCount() {
 QByteArray ScriptedLine::Input() {
     const QByteArray taken = input_.first(inputLen_);
     input_.remove(0, inputLen_);
-    nextByteMs_ = clock_.nowMs + byteDelayMs;
+    nextByteMs_ = clock_.nowMs + byteDelayMs + characterMs;
     return taken;
 }
 
@@ -57,11 +57,18 @@ Com::OutputState ScriptedLine::FlushOutput() {
         --busyFlushes;
         return OutputState::Waiting;
     }
+    if (characterMs > 0) {
+        if (LineTimeLeftMs() / characterMs > portHolds) {
+            clock_.nowMs += 20;
+            return OutputState::Waiting;
+        }
+        lineFreeMs = std::max(lineFreeMs, clock_.nowMs) + waiting_.size() * characterMs;
+    }
     wire += waiting_;
     if (waiting_.endsWith('\r')) {
         const QString line = QString::fromLatin1(wire.sliced(wire.lastIndexOf('\r', -2) + 1)).chopped(1);
         input_ += replies.contains(line) ? replies.value(line) : reply ? reply(line, settings_) : QByteArray();
-        nextByteMs_ = clock_.nowMs + byteDelayMs;
+        nextByteMs_ = std::max(clock_.nowMs, characterMs > 0 ? lineFreeMs : 0) + byteDelayMs + characterMs;
     }
     waiting_.clear();
     return OutputState::Taken;

@@ -4,6 +4,7 @@
 #include <QSet>
 #include <QStringList>
 #include <functional>
+#include <limits>
 
 #include "platform/Com.h"
 #include "platform/LinkClock.h"
@@ -29,7 +30,11 @@ class ScriptedLine : public Com {
     qint64 byteDelayMs = 0;
     QSet<int> ports{1, 2, 3, 4};  // that can be opened
     bool takesOutput = true;
-    int busyFlushes = 0;    // that take nothing yet
+    int busyFlushes = 0;                                          // that take nothing yet
+    int characterMs = 0;                                          // that the line needs for each, in both directions
+    qsizetype portHolds = std::numeric_limits<qsizetype>::max();  // characters ahead of the line
+    int restMs = 50;                                              // of a look for a byte that is not there
+    bool lost = false;
     qint64 lineFreeMs = 0;  // when the line has carried what it took, by the scripted clock
 
     QByteArray wire;       // all that was sent
@@ -50,7 +55,9 @@ class ScriptedLine : public Com {
     QByteArray Input() override;
     void Output(char character) override { waiting_ += character; }
     OutputState FlushOutput() override;
-    qint64 LineTimeLeftMs() override { return std::max<qint64>(lineFreeMs - clock_.nowMs, 0); }
+    qint64 LineTimeLeftMs() override {
+        return std::max<qint64>(lineFreeMs - clock_.nowMs, 0) + waiting_.size() * characterMs;
+    }
     void ReplyComplete() override { lineFreeMs = 0; }
     void DropOutput() override {
         waiting_.clear();

@@ -1,0 +1,88 @@
+#include "panel/TransferBar.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <algorithm>
+#include <chrono>
+
+#include "widgets/Controls.h"
+
+namespace {
+
+constexpr std::chrono::milliseconds kLook{200};
+constexpr int kLeastWidth = 240;
+constexpr int kTextMargin = 24;
+constexpr qint64 kSecondsPerMinute = 60;
+constexpr double kTint = 0.4;  // of the bar's colour in its ground
+
+}  // namespace
+
+QString ProgressText(const TransferProgress& progress) {
+    const QString percent = QStringLiteral("%1 %").arg(progress.percent);
+    if (!progress.leftMs) {
+        return percent;
+    }
+    const qint64 seconds = std::max<qint64>((*progress.leftMs + 500) / 1000, 1);
+    const qint64 minutes = seconds / kSecondsPerMinute;
+    const QString time = minutes > 0 ? QStringLiteral("%1 min %2 s").arg(minutes).arg(seconds % kSecondsPerMinute)
+                                     : QStringLiteral("%1 s").arg(seconds);
+    return QStringLiteral("%1, %2 left").arg(percent, time);
+}
+
+TransferBar::TransferBar(std::function<TransferProgress()> progress, QWidget* parent)
+    : QProgressBar(parent), progress_(std::move(progress)) {
+    Named(this, QStringLiteral("status"), QStringLiteral("Progress of the transfer"));
+    setToolTip(QStringLiteral("Escape stops the transfer after the current point"));
+    setMinimumWidth(
+        std::max(kLeastWidth, fontMetrics().horizontalAdvance(ProgressText({100, 3'599'000})) + kTextMargin));
+    TakeColours();
+    look_.setInterval(kLook);
+    connect(&look_, &QTimer::timeout, this, &TransferBar::ShowProgress);
+}
+
+void TransferBar::changeEvent(QEvent* event) {
+    QProgressBar::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        TakeColours();
+    }
+}
+
+// The text stands on the bar and on what is left of it. The usual bar is too near to white and to black for either: a
+// tint of the ground is not.
+void TransferBar::TakeColours() {
+    const QPalette theme = QApplication::palette(this);
+    const QColor ground = theme.color(QPalette::Base);
+    const QColor bar = theme.color(QPalette::Highlight);
+    const auto mix = [](int from, int to) { return static_cast<int>(from + (to - from) * kTint); };
+    QPalette colours;  // all others go on to follow the theme
+    colours.setColor(QPalette::Highlight, QColor(mix(ground.red(), bar.red()), mix(ground.green(), bar.green()),
+                                                 mix(ground.blue(), bar.blue())));
+    colours.setColor(QPalette::HighlightedText, theme.color(QPalette::Text));
+    setPalette(colours);
+}
+
+void TransferBar::Begin(int last) {
+    setRange(0, last);
+    setValue(0);
+    ShowProgress();
+    setVisible(true);
+    look_.start();
+}
+
+void TransferBar::ShowPoint(int address) {
+    setValue(address);
+    ShowProgress();
+    repaint();
+}
+
+void TransferBar::End() {
+    look_.stop();
+    setVisible(false);
+}
+
+void TransferBar::ShowProgress() {
+    const QString text = ProgressText(progress_());
+    if (text != format()) {
+        setFormat(text);
+    }
+}
