@@ -88,11 +88,11 @@ TEST_F(Transport, AReplyIsDueFromWhenTheLineHasCarriedTheQuery) {
 
     // A reply ends the wait, and shows that the line is free.
     ConnectSilently();
-    line.lineFreeMs = clock.nowMs + 40'000;
+    const qint64 before = clock.nowMs;
+    line.lineFreeMs = before + 40'000;
     line.replies = {{QStringLiteral("ID?"), "KL5276\r"}};
     Query("ID?");
     EXPECT_EQ(state.ReplyText, u"KL5276");
-    const qint64 before = clock.nowMs;
     Query("sta?");
     EXPECT_LT(clock.nowMs - before, 3200);
 }
