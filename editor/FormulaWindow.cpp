@@ -1,5 +1,6 @@
 #include "editor/FormulaWindow.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QScreen>
@@ -158,8 +159,9 @@ bool FormulaWindow::IsOutdated() const {
            context_.tables.FileOf(EditTarget::Memory) != fileName_;
 }
 
+// A box that stands over the window would go with it.
 void FormulaWindow::FollowEditor() {
-    if (isVisible() && IsOutdated()) {
+    if (QApplication::activeModalWidget() == this && IsOutdated()) {
         reject();
     }
 }

@@ -23,7 +23,8 @@ class FormulaWindow : public QDialog {
   public:
     FormulaWindow(const EditorContext& context, StoreFaults& faults, QWidget* editor);
 
-    // Closes, with nothing written, if the editor has gone over to another file, size or mode.
+    // Closes, with nothing written, if the editor has gone over to another file, size or mode. While a box stands over
+    // the window nothing happens: to be called again.
     void FollowEditor();
 
   private:

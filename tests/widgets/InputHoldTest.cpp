@@ -10,9 +10,9 @@ TEST(InputHold, HoldsAWindowThatIsModalToAFormButNoneThatIsModalToTheProgram) {
     FakeDesktop desktop;
     InputHold hold(desktop);
     hold.Set(true);
+    QWidget form;
+    form.show();
     for (const auto& [modality, taken] : {std::pair(Qt::WindowModal, u""), {Qt::ApplicationModal, u"1"}}) {
-        QWidget form;
-        form.show();
         QDialog dialog(&form);
         dialog.setWindowModality(modality);
         QLineEdit field(&dialog);
@@ -20,10 +20,8 @@ TEST(InputHold, HoldsAWindowThatIsModalToAFormButNoneThatIsModalToTheProgram) {
         ASSERT_TRUE(Activate(&dialog));
         QTest::keyClick(&field, Qt::Key_1);
         EXPECT_EQ(field.text(), taken);
-        EXPECT_EQ(desktop.beeps, 1);
-        QTest::keyClick(&field, Qt::Key_Escape);
-        EXPECT_FALSE(dialog.isVisible());
     }
+    EXPECT_EQ(desktop.beeps, 1);
 }
 
 }  // namespace
