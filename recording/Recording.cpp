@@ -69,7 +69,23 @@ class Assembly {
                        "the recording with one row for each sample.")
                 .arg(table.FirstLineWithValue());
         }
-        return {};
+        return choice.byNumber ? QString() : FaultOfSideBySide(search);
+    }
+
+    // The samples of a recording may stand in one line, the times in another.
+    static QString FaultOfSideBySide(const BlockSearch& search) {
+        constexpr std::size_t kManyColumns = 100;
+        constexpr std::size_t kPerRow = 10;
+        const TableBlock& block = *std::ranges::max_element(search.blocks, {}, &TableBlock::rows);
+        if (block.columns.size() < kManyColumns || block.columns.size() < kPerRow * block.rows) {
+            return {};
+        }
+        return QStringLiteral(
+                   "Line %1 has %2 numbers side by side, and there are %3 such rows. Save the recording with "
+                   "one row for each sample, or choose the columns by their numbers.")
+            .arg(block.firstLine)
+            .arg(block.columns.size())
+            .arg(block.rows);
     }
 
     QString FaultWithoutNumbers(const Choice& choice) const {
@@ -94,7 +110,6 @@ class Assembly {
         Table& table = *recording_.table_;
         Heading heading;
         Facts facts;
-        std::size_t lines = 0;
         for (const TableBlock& block : search.blocks) {
             Heading own = FindHeading(table, block);
             if (IsDoubtful(table, block, own, guess)) {
@@ -108,12 +123,12 @@ class Assembly {
             Facts found = FindFacts(table, block, heading);
             found.TakeFrom(facts);
             facts = std::move(found);
-            for (const std::size_t stretch : block.stretches) {
-                lines += table.Stretches()[stretch].rows;
-            }
             std::ranges::move(ReadColumns(table, block, heading, facts), std::back_inserter(recording_.blocks));
         }
-        recording_.linesLeftOut = table.LinesWithCells() - lines;
+        recording_.linesLeftOut = table.LinesWithCells();
+        for (const Block& block : recording_.blocks) {
+            recording_.linesLeftOut -= block.rows;
+        }
         const auto longest = std::ranges::max_element(recording_.blocks, {}, &Block::rows);
         recording_.longest = static_cast<std::size_t>(longest - recording_.blocks.begin());
         for (std::size_t i = 0; i < recording_.blocks.size(); ++i) {
