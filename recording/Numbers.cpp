@@ -21,11 +21,15 @@ bool IsGroupMark(char c) { return c == '\'' || c == ' '; }
 
 // "NaN", "Null", "--" and their like, with or without a sign.
 bool IsHoleWord(string_view text) {
-    if (text.find_first_not_of("-") == string_view::npos || text.find_first_not_of("*") == string_view::npos ||
-        text.find_first_not_of("?") == string_view::npos) {
+    constexpr std::size_t kLongest = 9;
+    if (text.find_first_not_of('-') == string_view::npos || text.find_first_not_of('*') == string_view::npos ||
+        text.find_first_not_of('?') == string_view::npos) {
         return true;
     }
     text.remove_prefix(text.front() == '-' || text.front() == '+' ? 1 : 0);
+    if (text.size() > kLongest) {
+        return false;
+    }
     constexpr auto kWords = std::to_array<string_view>(
         {"nan",     "null",      "n/a",      "#n/a",     "inf",      "infinity", "1.#inf",
          "1.#qnan", "1.#ind",    "nan(ind)", "overflow", "overload", "over",     "ovl",
@@ -144,6 +148,9 @@ Cell NumberOf(const std::string& plain, const Cell& cell, double scale) {
 }
 
 std::optional<Cell> ReadNumber(string_view text, const NumberStyle& style) {
+    if (text.find_first_of("0123456789") == string_view::npos) {
+        return std::nullopt;
+    }
     std::string plain(text.starts_with('-') ? "-" : "");
     text.remove_prefix(text.starts_with('-') || text.starts_with('+') ? 1 : 0);
     Body body{.text = text.substr(0, BodyLength(text))};

@@ -16,7 +16,7 @@ class Assembly {
   public:
     explicit Assembly(std::unique_ptr<Table> table) { recording_.table_ = std::move(table); }
 
-    Outcome Build(const Guess& guess, const Choice& choice) {
+    Outcome Build(const Guess& guess, const Choice& choice, const Progress& progress) {
         Table& table = *recording_.table_;
         recording_.decimalMark = guess.form.numbers.decimalMark;
         recording_.separator = guess.form.separator == '\0' ? std::nullopt : std::optional(guess.form.separator);
@@ -30,7 +30,10 @@ class Assembly {
         const BlockSearch search = FindBlocks(table, choice.byNumber);
         QString fault = FaultOfText(guess, choice, search);
         if (fault.isEmpty()) {
-            fault = ReadBlocks(search, guess);
+            fault = ReadBlocks(search, guess, progress);
+        }
+        if (isCancelled_) {
+            return {};
         }
         if (!fault.isEmpty() && !isAddressed) {
             return {.recording = std::nullopt, .fault = fault};
@@ -106,11 +109,15 @@ class Assembly {
             .arg(QString::fromStdString(line.text).left(kShown), remedy);
     }
 
-    QString ReadBlocks(const BlockSearch& search, const Guess& guess) {
+    QString ReadBlocks(const BlockSearch& search, const Guess& guess, const Progress& progress) {
         Table& table = *recording_.table_;
         Heading heading;
         Facts facts;
         for (const TableBlock& block : search.blocks) {
+            isCancelled_ = progress && !progress(1.0);
+            if (isCancelled_) {
+                return {};
+            }
             Heading own = FindHeading(table, block);
             if (IsDoubtful(table, block, own, guess)) {
                 return QStringLiteral(
@@ -148,6 +155,7 @@ class Assembly {
     }
 
     Recording recording_;
+    bool isCancelled_ = false;
 };
 
 namespace {
@@ -185,7 +193,7 @@ Outcome ReadText(QIODevice& device, const Choice& choice, const Progress& progre
     if (const QString fault = FaultOfSource(source, device); !fault.isEmpty()) {
         return {.recording = std::nullopt, .fault = fault};
     }
-    return Assembly(std::move(table)).Build(guess, choice);
+    return Assembly(std::move(table)).Build(guess, choice, progress);
 }
 
 }  // namespace
