@@ -62,7 +62,8 @@ class Finder {
             first = above;
         }
         std::size_t last = seed;
-        for (std::size_t below = last; (below = NextThatBelongs(last, 1, seed)) != kNone;) {
+        for (std::size_t below = NextThatBelongs(last, 1, seed); below != kNone;
+             below = NextThatBelongs(last, 1, seed)) {
             last = below;
         }
         first += IsHeaderOfNumbers(first, last) ? 1 : 0;

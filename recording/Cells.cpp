@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cstring>
 
+#include "recording/Units.h"
+
 namespace recording {
 namespace {
 
@@ -111,6 +113,16 @@ class Cursor {
     bool more_ = false;
 };
 
+// The unit of the number in the cell to the left: meters that change their range write it so. Another
+// letter may mean anything.
+void GiveUnit(string_view text, Row* row) {
+    const std::optional<Unit> unit = ReadUnit(text);
+    if (unit && (text.size() > 1 || text == "V" || text == "A" || text == "s")) {
+        row->codes.back() = CellCode(CellKind::Number, unit->base);
+        row->values.back() *= unit->scale;
+    }
+}
+
 }  // namespace
 
 std::vector<string_view> SplitCells(string_view line, char separator) {
@@ -131,10 +143,14 @@ void ReadRow(string_view line, const Form& form, Row* row) {
         char mark = '\0';
         char code = kPlainNumber;
         if (!cursor.TakeNumber(form.numbers, &value, &mark)) {
-            const Cell cell = ReadCell(cursor.TakeText(), form.numbers);
+            const string_view text = cursor.TakeText();
+            const Cell cell = ReadCell(text, form.numbers);
             code = CellCode(cell.kind, cell.unit);
             value = cell.value;
             mark = cell.mark;
+            if (cell.kind == CellKind::Word && !row->codes.empty() && row->codes.back() == kPlainNumber) {
+                GiveUnit(Content(text), row);
+            }
         }
         row->codes.push_back(code);
         row->marks.push_back(mark);

@@ -77,6 +77,23 @@ class ColumnReader {
         NameByFacts();
     }
 
+    // Rows at the top that are no samples but numbers of a header: behind them the first column rises evenly, and no
+    // title says what it is.
+    std::size_t RowsOfHeader() const {
+        constexpr std::size_t kMost = 4;
+        constexpr std::size_t kFewestBehind = 8;
+        const Candidate& first = candidates_.front();
+        if (heading_.titleCells > 0 || candidates_.size() < 2 || first.course.rises || first.place->hasStamps) {
+            return 0;
+        }
+        for (std::size_t rows = 1; rows <= kMost && rows + kFewestBehind <= first.values.size(); ++rows) {
+            if (CourseOf(first.values.subspan(rows)).isEven) {
+                return rows + first.place->firstRow;
+            }
+        }
+        return 0;
+    }
+
     // Rows at which the time, or the index, begins again.
     std::vector<std::size_t> Restarts() const {
         for (const Candidate& candidate : candidates_) {
@@ -254,7 +271,7 @@ class ColumnReader {
         const auto [point, comma] = table_.MixedMarks(place.column, place.firstLine, place.lastLine);
         if (point != 0) {
             return QStringLiteral(
-                       "Line %1 has a decimal point in %3 and line %2 a decimal comma. Write all numbers "
+                       "In %3 the decimal mark is a point by line %1 and a comma by line %2. Write all numbers "
                        "with one of them.")
                 .arg(point)
                 .arg(comma)
@@ -338,17 +355,17 @@ class ColumnReader {
 
 std::vector<Block> ReadColumns(Table& table, const TableBlock& block, const Heading& heading, const Facts& facts) {
     const ColumnReader whole(table, block, heading, facts);
-    std::vector<std::size_t> rows = whole.Restarts();
-    if (rows.empty()) {
+    std::vector<std::size_t> ends = whole.Restarts();
+    std::size_t from = whole.RowsOfHeader();
+    if (ends.empty() && from == 0) {
         return {whole.Read()};
     }
-    rows.push_back(block.rows);
+    ends.push_back(block.rows);
     std::vector<Block> pieces;
-    std::size_t from = 0;
-    for (const std::size_t to : rows) {
-        const TableBlock piece = PieceOf(table, block, from, to);
+    for (const std::size_t end : ends) {
+        const TableBlock piece = PieceOf(table, block, from, end);
         pieces.push_back(ColumnReader(table, piece, heading, facts).Read());
-        from = to;
+        from = end;
     }
     return pieces;
 }

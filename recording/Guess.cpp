@@ -106,7 +106,7 @@ MarkCounts CountMarks(const Lines& rows, const Form& form) {
     for (const string_view row : rows) {
         for (const string_view text : SplitCells(row, form.separator)) {
             const Cell cell = ReadCell(text, form.numbers);
-            marks.points += cell.mark == '.' && !cell.isUnclear ? 1 : 0;
+            marks.points += cell.mark == '.' && !cell.isUnclear ? 1 : 0;  // also as marks of thousands show it
             marks.commas += cell.mark == ',' && !cell.isUnclear ? 1 : 0;
             if (cell.isUnclear && text.find(',') != string_view::npos) {
                 marks.unclearComma = text;

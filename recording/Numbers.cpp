@@ -21,14 +21,19 @@ bool IsGroupMark(char c) { return c == '\'' || c == ' '; }
 
 // "NaN", "Null", "--" and their like, with or without a sign.
 bool IsHoleWord(string_view text) {
-    if (text.find_first_not_of("-") == string_view::npos || text.find_first_not_of("*") == string_view::npos ||
-        text.find_first_not_of("?") == string_view::npos) {
+    constexpr std::size_t kLongest = 9;
+    if (text.find_first_not_of('-') == string_view::npos || text.find_first_not_of('*') == string_view::npos ||
+        text.find_first_not_of('?') == string_view::npos) {
         return true;
     }
     text.remove_prefix(text.front() == '-' || text.front() == '+' ? 1 : 0);
-    constexpr std::array<string_view, 16> kWords{"nan",    "null",    "n/a",    "#n/a",        "inf",      "infinity",
-                                                 "1.#inf", "1.#qnan", "1.#ind", "nan(ind)",    "overflow", "overload",
-                                                 "ovl",    "ol",      "void",   "\342\210\236"};
+    if (text.size() > kLongest) {
+        return false;
+    }
+    constexpr auto kWords = std::to_array<string_view>(
+        {"nan",     "null",      "n/a",      "#n/a",     "inf",      "infinity", "1.#inf",
+         "1.#qnan", "1.#ind",    "nan(ind)", "overflow", "overload", "over",     "ovl",
+         "ol",      "underflow", "clipped",  "invalid",  "error",    "void",     "\342\210\236"});
     return std::ranges::any_of(kWords, [text](string_view word) {
         return std::ranges::equal(word, text, {}, {}, [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
     });
@@ -108,6 +113,15 @@ bool PlainDigits(const Body& body, const NumberStyle& style, std::string* plain)
     return true;
 }
 
+// The decimal mark, or the one that the marks between thousands leave.
+char MarkOf(const Body& body) {
+    if (body.decimal != string_view::npos) {
+        return body.text[body.decimal];
+    }
+    const std::size_t group = body.text.find_first_of(".,");
+    return group == string_view::npos ? '\0' : body.text[group] == ',' ? '.' : ',';
+}
+
 // The length of "E+003"; 0 if there is none.
 std::size_t ExponentLength(string_view text) {
     if (text.empty() || (text.front() != 'e' && text.front() != 'E')) {
@@ -134,6 +148,9 @@ Cell NumberOf(const std::string& plain, const Cell& cell, double scale) {
 }
 
 std::optional<Cell> ReadNumber(string_view text, const NumberStyle& style) {
+    if (text.find_first_of("0123456789") == string_view::npos) {
+        return std::nullopt;
+    }
     std::string plain(text.starts_with('-') ? "-" : "");
     text.remove_prefix(text.starts_with('-') || text.starts_with('+') ? 1 : 0);
     Body body{.text = text.substr(0, BodyLength(text))};
@@ -150,8 +167,7 @@ std::optional<Cell> ReadNumber(string_view text, const NumberStyle& style) {
     if (!unit) {
         return std::nullopt;
     }
-    const char mark = body.decimal == string_view::npos ? '\0' : body.text[body.decimal];
-    return NumberOf(plain, {.unit = unit->base, .mark = mark, .isUnclear = body.isUnclear}, unit->scale);
+    return NumberOf(plain, {.unit = unit->base, .mark = MarkOf(body), .isUnclear = body.isUnclear}, unit->scale);
 }
 
 }  // namespace

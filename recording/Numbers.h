@@ -21,7 +21,7 @@ struct NumberStyle {
 struct Cell {
     CellKind kind = CellKind::Missing;
     int unit = 0;            // base of the unit behind the number (Units.h); the value is in that base
-    char mark = 0;           // the decimal mark that the number has, if any
+    char mark = 0;           // the decimal mark, also one that follows from marks between thousands; 0 without any
     bool isUnclear = false;  // the mark could as well part thousands
     double value = 0.0;
 };

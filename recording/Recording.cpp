@@ -16,7 +16,7 @@ class Assembly {
   public:
     explicit Assembly(std::unique_ptr<Table> table) { recording_.table_ = std::move(table); }
 
-    Outcome Build(const Guess& guess, const Choice& choice) {
+    Outcome Build(const Guess& guess, const Choice& choice, const Progress& progress) {
         Table& table = *recording_.table_;
         recording_.decimalMark = guess.form.numbers.decimalMark;
         recording_.separator = guess.form.separator == '\0' ? std::nullopt : std::optional(guess.form.separator);
@@ -30,7 +30,10 @@ class Assembly {
         const BlockSearch search = FindBlocks(table, choice.byNumber);
         QString fault = FaultOfText(guess, choice, search);
         if (fault.isEmpty()) {
-            fault = ReadBlocks(search, guess);
+            fault = ReadBlocks(search, guess, progress);
+        }
+        if (isCancelled_) {
+            return {};
         }
         if (!fault.isEmpty() && !isAddressed) {
             return {.recording = std::nullopt, .fault = fault};
@@ -69,7 +72,23 @@ class Assembly {
                        "the recording with one row for each sample.")
                 .arg(table.FirstLineWithValue());
         }
-        return {};
+        return choice.byNumber ? QString() : FaultOfSideBySide(search);
+    }
+
+    // The samples of a recording may stand in one line, the times in another.
+    static QString FaultOfSideBySide(const BlockSearch& search) {
+        constexpr std::size_t kManyColumns = 100;
+        constexpr std::size_t kPerRow = 10;
+        const TableBlock& block = *std::ranges::max_element(search.blocks, {}, &TableBlock::rows);
+        if (block.columns.size() < kManyColumns || block.columns.size() < kPerRow * block.rows) {
+            return {};
+        }
+        return QStringLiteral(
+                   "Line %1 has %2 numbers side by side, and there are %3 such rows. Save the recording with "
+                   "one row for each sample, or choose the columns by their numbers.")
+            .arg(block.firstLine)
+            .arg(block.columns.size())
+            .arg(block.rows);
     }
 
     QString FaultWithoutNumbers(const Choice& choice) const {
@@ -90,12 +109,15 @@ class Assembly {
             .arg(QString::fromStdString(line.text).left(kShown), remedy);
     }
 
-    QString ReadBlocks(const BlockSearch& search, const Guess& guess) {
+    QString ReadBlocks(const BlockSearch& search, const Guess& guess, const Progress& progress) {
         Table& table = *recording_.table_;
         Heading heading;
         Facts facts;
-        std::size_t lines = 0;
         for (const TableBlock& block : search.blocks) {
+            isCancelled_ = progress && !progress(1.0);
+            if (isCancelled_) {
+                return {};
+            }
             Heading own = FindHeading(table, block);
             if (IsDoubtful(table, block, own, guess)) {
                 return QStringLiteral(
@@ -108,12 +130,12 @@ class Assembly {
             Facts found = FindFacts(table, block, heading);
             found.TakeFrom(facts);
             facts = std::move(found);
-            for (const std::size_t stretch : block.stretches) {
-                lines += table.Stretches()[stretch].rows;
-            }
             std::ranges::move(ReadColumns(table, block, heading, facts), std::back_inserter(recording_.blocks));
         }
-        recording_.linesLeftOut = table.LinesWithCells() - lines;
+        recording_.linesLeftOut = table.LinesWithCells();
+        for (const Block& block : recording_.blocks) {
+            recording_.linesLeftOut -= block.rows;
+        }
         const auto longest = std::ranges::max_element(recording_.blocks, {}, &Block::rows);
         recording_.longest = static_cast<std::size_t>(longest - recording_.blocks.begin());
         for (std::size_t i = 0; i < recording_.blocks.size(); ++i) {
@@ -133,6 +155,7 @@ class Assembly {
     }
 
     Recording recording_;
+    bool isCancelled_ = false;
 };
 
 namespace {
@@ -170,7 +193,7 @@ Outcome ReadText(QIODevice& device, const Choice& choice, const Progress& progre
     if (const QString fault = FaultOfSource(source, device); !fault.isEmpty()) {
         return {.recording = std::nullopt, .fault = fault};
     }
-    return Assembly(std::move(table)).Build(guess, choice);
+    return Assembly(std::move(table)).Build(guess, choice, progress);
 }
 
 }  // namespace

@@ -154,10 +154,11 @@ bool IsDateText(string_view text) {
 }  // namespace
 
 std::optional<Cell> ReadStamp(string_view text) {
-    if (IsDate(text) || IsDayOrMonth(text) || IsWrittenDate(text)) {
+    const bool hasDigit = std::ranges::any_of(text, IsDigit);
+    if (hasDigit ? IsDate(text) || IsWrittenDate(text) : IsDayOrMonth(text)) {
         return Cell{.kind = CellKind::Stamp, .value = kNoTime};
     }
-    const double seconds = TakeClock(&text);
+    const double seconds = hasDigit ? TakeClock(&text) : kNoTime;
     if (std::isnan(seconds) || text.size() > kLongestDate || !IsDateText(text)) {
         return std::nullopt;
     }

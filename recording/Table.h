@@ -54,8 +54,8 @@ class Table {
     // first ones where numbers stand beside the words.
     std::vector<Line> Texts(std::size_t from, std::size_t to) const;
 
-    // A line in which a number of that column has a decimal point, and one in which it has a comma, if both are found
-    // between these lines; else zeros.
+    // A line by whose number the decimal mark of that column is a point, and one by which it is a comma, if both are
+    // found between these lines; else zeros.
     std::pair<std::size_t, std::size_t> MixedMarks(std::size_t column, std::size_t from, std::size_t to) const;
 
     bool HasMarks(std::size_t column, std::size_t from, std::size_t to) const;

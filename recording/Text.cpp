@@ -12,6 +12,7 @@ constexpr qint64 kReadBytes = 256 * 1024;
 constexpr qint64 kSampleBytes = 8 * 1024;  // at each of these places
 constexpr qint64 kSamplePlaces = 32;
 constexpr std::size_t kSampleLinesAtHead = 64;  // also where they are long
+constexpr std::size_t kAll = static_cast<std::size_t>(-1);
 
 bool IsHigh(char byte) { return (static_cast<unsigned char>(byte) & 0x80U) != 0; }
 bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
@@ -61,7 +62,8 @@ QString Decoded(string_view line) {
 
 }  // namespace
 
-LineSource::LineSource(QIODevice& device, qint64 from) : device_(device), piece_(kReadBytes, Qt::Uninitialized) {
+LineSource::LineSource(QIODevice& device, qint64 from, qint64 most)
+    : device_(device), bytesLeft_(most), piece_(std::min(kReadBytes, most), Qt::Uninitialized) {
     device_.seek(0);
     const QByteArray head = device_.peek(3);
     isUtf16_ = head.startsWith("\xFF\xFE") || head.startsWith("\xFE\xFF");
@@ -133,7 +135,8 @@ bool LineSource::Refill() {
     scanned_ -= begin_;
     begin_ = next_ = 0;
     const std::size_t old = buffer_.size();
-    const qint64 got = device_.read(piece_.data(), piece_.size());
+    const qint64 got = device_.read(piece_.data(), std::min(piece_.size(), bytesLeft_));
+    bytesLeft_ -= std::max<qint64>(got, 0);
     readFailed_ = got < 0;
     ended_ = got <= 0;
     const QByteArrayView piece(piece_.constData(), std::max<qint64>(got, 0));
@@ -145,7 +148,9 @@ bool LineSource::Refill() {
     }
     EndAtZeroByte(old);
     lineFeed_ = buffer_.size();
-    hasHighBytes_ = std::ranges::any_of(buffer_, IsHigh);
+    hasHighBytes_ = (hasHighBytes_ && old > 0) ||
+                    std::any_of(buffer_.begin() + static_cast<std::ptrdiff_t>(std::min(old, buffer_.size())),
+                                buffer_.end(), IsHigh);
     return true;
 }
 
@@ -174,17 +179,24 @@ string_view LineSource::Normalised(string_view line) {
 
 std::vector<std::string> SampleLines(QIODevice& device) {
     std::vector<std::string> lines;
-    const qint64 size = device.size();
-    const bool isShort = size <= kSampleBytes * kSamplePlaces;
-    for (qint64 place = 0; place < (isShort ? 1 : kSamplePlaces); ++place) {
-        LineSource source(device, size / kSamplePlaces * place);
-        qint64 left = isShort ? size : kSampleBytes;
-        std::size_t least = place == 0 ? kSampleLinesAtHead : 0;
-        for (string_view line; (left > 0 || least > 0) && source.Next(&line); least -= least > 0 ? 1 : 0) {
-            left -= static_cast<qint64>(line.size()) + 1;
+    const auto take = [&lines](LineSource source, std::size_t most) {
+        string_view line;
+        while (lines.size() < most && source.Next(&line)) {
             if (line.find_first_not_of(" \t\f\v") != string_view::npos) {
                 lines.emplace_back(line);
             }
+        }
+    };
+    const qint64 size = device.size();
+    if (size <= kSampleBytes * kSamplePlaces) {
+        take(LineSource(device), kAll);
+        return lines;
+    }
+    take(LineSource(device), kSampleLinesAtHead);
+    for (qint64 place = 0; place < kSamplePlaces; ++place) {
+        take(LineSource(device, size / kSamplePlaces * place, kSampleBytes), kAll);
+        if (lines.size() > kSampleLinesAtHead) {
+            lines.pop_back();  // it may be cut off
         }
     }
     return lines;

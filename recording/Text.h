@@ -3,6 +3,7 @@
 #include <QIODevice>
 #include <QStringDecoder>
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,9 +15,9 @@ namespace recording {
 // it parts the thousands of a number. Holds no more of the text than the line in work and what was read ahead.
 class LineSource {
   public:
-    // From the first line that begins behind byte `from`; with 0, from the first line of all. The device is open and
-    // must outlive this.
-    explicit LineSource(QIODevice& device, qint64 from = 0);
+    // From the first line that begins behind byte `from`; with 0, from the first line of all. Reads `most` bytes, so
+    // that the last line may be cut off. The device is open and must outlive this.
+    explicit LineSource(QIODevice& device, qint64 from = 0, qint64 most = std::numeric_limits<qint64>::max());
 
     // The next line without its end, which is LF, CR, or CRs and an LF. It holds until the next call. False at the end.
     bool Next(std::string_view* line);
@@ -39,6 +40,7 @@ class LineSource {
     QStringDecoder utf16_;
     bool isUtf16_ = false;
     qint64 bytesRead_ = 0;
+    qint64 bytesLeft_;
     QByteArray piece_;  // what was read last
     std::string buffer_;
     std::size_t begin_ = 0;     // of the line in work

@@ -95,6 +95,7 @@ TEST(RecordingForms, HeadersWithNumbers) {
         {"3,1e-9\n.1,.2,.4\n.3,.1,.5\n.1,.2,.4\n",
          "column 1: 0.1 0.3 0.1; column 2: 0.2 0.1 0.2; column 3: 0.4 0.5 0.4"},
         {"3,5,7\n1,2\n2,1\n1,2\n", "column 1: 1 2 1; column 2: 2 1 2"},
+        {"9,1e-6\n0,5\n1,6\n2,5\n3,6\n4,5\n5,6\n6,5\n7,6\n8,5\n", "column 2: 5 6 5 6 5 6 5 6 5 [column 1]"},
     });
 }
 
@@ -167,6 +168,8 @@ TEST(RecordingForms, SeparatorsAndNumbers) {
          "U: 1234.5 -2345.5 [t] every 1 s"},
         // Units in the cells
         {"t;U\n0 ms;1.5V\n1 ms;20 mV\n2 ms;-1 V\n", "U (V): 1.5 0.02 -1 [t (s)] every 1 ms"},
+        {"0 s 900 mV\n1 s 1.1 V\n2 s 1 V\n", "column 3 (V): 0.9 1.1 1 [column 1 (s)] every 1 s"},
+        {"No.,Value,Unit\n1,0.512,V\n2,98.5,mV\n", "Value (V): 0.512 0.0985 [No.]"},
         {"t,U\n0,1.5m\n1u,2.5m\n2u,900u\n", "U: 0.0015 0.0025 0.0009 [t] every 1 \302\265s"},
         {"1e-400,1E+001\n1,2\n2,1e308\n", "column 2: 10 2 1e+308 [column 1]"},
     });

@@ -49,6 +49,14 @@ TEST(RecordingFaults, EachSaysWhatToDo) {
          "The file holds zero bytes, so it is no plain text. Save the recording as CSV, in UTF-8 or in UTF-16 with a "
          "byte "
          "order mark."}};
+    std::string wide;
+    for (int i = 0; i < 200; ++i) {
+        wide += (i % 100 == 0 ? "\n" : ",") + std::to_string(i);
+    }
+    EXPECT_EQ(
+        Describe(wide),
+        "! Line 2 has 100 numbers side by side, and there are 2 such rows. Save the recording with one row for each "
+        "sample, or choose the columns by their numbers.");
     for (const auto& [text, choice, sentence] : cases) {
         EXPECT_EQ(Describe(text, choice), std::string("! ") + sentence) << text;
     }
@@ -64,7 +72,10 @@ TEST(RecordingFaults, AColumnThatCannotBeTakenSaysWhy) {
          "Line 2 has no number in column 2, and others follow below. Take another column, or save the rows above or "
          "below that line alone."},
         {"t;v\n0;1.5\n1;1,5\n2;2\n", 2,
-         "Line 2 has a decimal point in column 2 \"v\" and line 3 a decimal comma. Write all numbers with one of "
+         "In column 2 \"v\" the decimal mark is a point by line 2 and a comma by line 3. Write all numbers with one of "
+         "them."},
+        {"t;v\n0.001;1,5\n0.002;1,234\n", 2,
+         "In column 2 \"v\" the decimal mark is a point by line 3 and a comma by line 2. Write all numbers with one of "
          "them."},
         {"t,v\n0,1\n1,12V\n2,2\n", 2,
          "In line 3 the unit changes in column 2 \"v\". Write all numbers of a column in one unit."},
