@@ -18,7 +18,7 @@ constexpr double kTint = 0.4;  // of the bar's colour in its ground
 }  // namespace
 
 QString ProgressText(const TransferProgress& progress) {
-    const QString percent = QStringLiteral("%1 %").arg(progress.percent);
+    QString percent = QStringLiteral("%1 %").arg(progress.percent);
     if (!progress.leftMs) {
         return percent;
     }

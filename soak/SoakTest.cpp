@@ -314,6 +314,8 @@ class WholeSoak : public WholeBench {
         Count(QStringLiteral("steps with link"), program.link.LinkUp == 1);
         Count(QStringLiteral("steps in an operation"), Running());
         Count(QStringLiteral("steps in a transfer"), moving);
+        Count(QStringLiteral("steps in a comparison"), moving && panel.Hint().contains(u"Compare"));
+        Count(QStringLiteral("steps behind a stopped transfer"), panel.Hint().startsWith(u"Stopped:"));
         Count(QStringLiteral("steps in a popup"), QApplication::activePopupWidget() != nullptr);
         Count(QStringLiteral("steps in a modal box"), modal);
         Count(QStringLiteral("steps in a modal box in an operation"), modal && Running());
