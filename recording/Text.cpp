@@ -8,8 +8,8 @@ namespace {
 
 using std::string_view;
 
-constexpr qint64 kReadBytes = 256 * 1024;
-constexpr qint64 kSampleBytes = 8 * 1024;  // at each of these places
+constexpr qint64 kReadBytes = qint64{256} * 1024;
+constexpr qint64 kSampleBytes = qint64{8} * 1024;  // at each of these places
 constexpr qint64 kSamplePlaces = 32;
 constexpr std::size_t kSampleLinesAtHead = 64;  // also where they are long
 constexpr std::size_t kAll = static_cast<std::size_t>(-1);

@@ -212,7 +212,7 @@ QStringList WordCells(const std::string& line, char separator, std::size_t cells
     if (static_cast<std::size_t>(words.size()) == cells || (separator != ' ' && !isOneCell)) {
         return words;
     }
-    const QStringList apart = PartsOf(TextOf(Trimmed(line)));
+    QStringList apart = PartsOf(TextOf(Trimmed(line)));
     if (isOneCell || static_cast<std::size_t>(apart.size()) == cells) {
         return apart;
     }

@@ -49,6 +49,13 @@ TEST(RecordingFaults, EachSaysWhatToDo) {
          "The file holds zero bytes, so it is no plain text. Save the recording as CSV, in UTF-8 or in UTF-16 with a "
          "byte "
          "order mark."}};
+    for (const auto& [text, choice, sentence] : cases) {
+        EXPECT_EQ(Describe(text, choice), std::string("! ") + sentence) << text;
+    }
+    EXPECT_NE(Describe("Model,X\nLength,2500\nRate,5\n", {.byNumber = true}), "");
+}
+
+TEST(RecordingFaults, SamplesSideBySideAreNoChannels) {
     std::string wide;
     for (int i = 0; i < 200; ++i) {
         wide += (i % 100 == 0 ? "\n" : ",") + std::to_string(i);
@@ -57,10 +64,7 @@ TEST(RecordingFaults, EachSaysWhatToDo) {
         Describe(wide),
         "! Line 2 has 100 numbers side by side, and there are 2 such rows. Save the recording with one row for each "
         "sample, or choose the columns by their numbers.");
-    for (const auto& [text, choice, sentence] : cases) {
-        EXPECT_EQ(Describe(text, choice), std::string("! ") + sentence) << text;
-    }
-    EXPECT_NE(Describe("Model,X\nLength,2500\nRate,5\n", {.byNumber = true}), "");
+    EXPECT_EQ(ReadBytes(QByteArray::fromStdString(wide), {.byNumber = true}).recording->blocks[0].columns.size(), 100U);
 }
 
 TEST(RecordingFaults, AColumnThatCannotBeTakenSaysWhy) {
