@@ -48,11 +48,13 @@ struct EditorState {
     bool CopyDragging = false;
     qint16 CopyStart = 0;        // where the last Copy drag began and ended; no distance counts as an empty buffer
     qint16 CopyEnd = 0;          // -1 during the first move of a drag
-    qint16 FormerCopyStart = 0;  // both as they were before the drag under way, for when it is abandoned
+    qint16 FormerCopyStart = 0;  // both as they were before the button went down, for when the drag is abandoned
     qint16 FormerCopyEnd = 0;
     bool PasteDragging = false;
     qint16 PasteAt = 0;  // lowest address of the paste
 
+    // Since the left button went down; a redraw ends a drag, and the next move goes on with a new one.
+    enum class Drag { None, Copy, Paste } DragSincePress = Drag::None;
     bool DragsHeld = false;  // a drag was abandoned, and its button is still down: no other one begins
 
     // What the window `formula` was left with.

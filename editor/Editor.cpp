@@ -258,7 +258,8 @@ void Editor::ShowPen() {
 }
 
 void Editor::ShowSteps() {
-    tables_.EndStepsOfOtherFiles(program_.editor.Target);
+    tables_.EndStepsOfOtherFiles();
+    const QString former = menu_->mnuundo->text();
     const auto show = [this](QAction* item, const QString& caption, Replay way) {
         const EditStep* const step = tables_.History.Next(way);
         item->setText(step != nullptr ? caption + u' ' + QString::fromLatin1(step->name) : caption);
@@ -269,9 +270,11 @@ void Editor::ShowSteps() {
     if (const auto ending = tables_.History.TakeEnding()) {
         const QString why = ending->reason == EditHistory::Reason::AnotherFile
                                 ? QStringLiteral(": the editor works on another file now.")
-                                : QStringLiteral(": something else has changed or replaced the file.");
+                                : QStringLiteral(": it was changed or replaced.");
         const QString what = QStringLiteral("Nothing more to undo in ");
         hint_->Tell(what + QFileInfo(ending->fileName).fileName() + why, what + ending->fileName + why);
+    } else if (menu_->mnuundo->text() != former) {
+        hint_->ShowPen(program_.editor.SelectedPen, program_.editor.Target);  // what was told is over
     }
 }
 

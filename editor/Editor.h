@@ -111,6 +111,7 @@ class Editor : public QMainWindow {
     QCheckBox* Marker = nullptr;
     QPushButton* opFit = nullptr;
     QTimer Timer1{this};
+    int turned_ = 0;  // of the wheel with Ctrl, not yet zoomed
     std::unique_ptr<EditorMenu> menu_;
 
     EditorTables tables_;

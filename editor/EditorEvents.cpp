@@ -1,6 +1,7 @@
 // What an event of the form runs: an operation on the state and the tables, and then what shows its result.
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QWheelEvent>
 #include <utility>
@@ -18,6 +19,7 @@
 namespace {
 
 constexpr double kWheelStep = 120.0;  // of a notch of the wheel, in eighths of a degree
+constexpr int kLeastTurn = 30;        // of a touchpad: what is less would be lost in whole addresses
 
 }  // namespace
 
@@ -184,16 +186,26 @@ void Editor::TakeStep(Replay way) {
         return;
     }
     DropUnderWay(program_.editor);
-    ShowSteps();
+    tables_.EndStepsOfOtherFiles();
+    TableResult result;
     const EditStep* const step = tables_.History.Next(way);
     if (step != nullptr && GoTo(step->target, *step->size)) {
-        desktop_.BusyOn();
-        const TableResult result = tables_.Step(way);
-        faults_.Tell(result, result.outcome == StoreOutcome::ChangedSince ? Telling::Silent : Telling::Box);
-        desktop_.BusyOff();
+        tables_.EndStepsOfOtherFiles();  // that target may have another file by now
+        if (tables_.History.Next(way) == step) {
+            desktop_.BusyOn();
+            result = tables_.Step(way);
+            faults_.Tell(result, result.outcome == StoreOutcome::ChangedSince ? Telling::Silent : Telling::Box);
+            desktop_.BusyOff();
+        }
     }
     ShowChoices();
     DrawEditor();
+    // Behind settings that were saved under another name, Data1 and its steps stay on the former file.
+    if (const QString shown = tables_.FileOf(program_.editor.Target); result.changed && result.fileName != shown) {
+        const QString done = way == Replay::Undo ? QStringLiteral("Undone in ") : QStringLiteral("Redone in ");
+        hint_->Tell(done + QFileInfo(result.fileName).fileName() + u"; shown is " + QFileInfo(shown).fileName() + u'.',
+                    done + result.fileName + u"; shown is " + shown + u'.');
+    }
 }
 
 // As a user would go there. False if the file for it is no good; it was told why.
@@ -220,6 +232,9 @@ void Editor::wheelEvent(QWheelEvent* event) {
         QMainWindow::wheelEvent(event);
         return;
     }
-    pointer_->Zoom(event->angleDelta().y() / kWheelStep);
-    DrawSoon();
+    turned_ += event->angleDelta().y();
+    if (std::abs(turned_) >= kLeastTurn) {
+        pointer_->Zoom(std::exchange(turned_, 0) / kWheelStep);
+        DrawSoon();
+    }
 }

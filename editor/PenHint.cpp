@@ -20,10 +20,9 @@ PenHint::PenHint(QWidget* parent)
 }
 
 void PenHint::ShowPen(Pen pen, EditTarget target) {
-    hints_ = QStringList{QString::fromLatin1(LookOf(pen).Hint(target)), QStringLiteral("Escape drops what is begun."),
-                         QStringLiteral("Ctrl with +, -, 0 or the wheel: zoom."),
+    hints_ = QStringList{QString::fromLatin1(LookOf(pen).Hint(target)), QStringLiteral("Ctrl +, -, 0: zoom."),
                          QStringLiteral("Right click in a shaded strip: next page.")};
-    hint_->setToolTip(hints_.join(u"  "));
+    hint_->setToolTip(hints_.join(u' '));
     Fit();
 }
 
@@ -49,8 +48,8 @@ void PenHint::Fit() {
     const QFontMetrics metrics = hint_->fontMetrics();
     const int room = hint_->width();
     QStringList shown = hints_;
-    while (shown.size() > 1 && metrics.horizontalAdvance(shown.join(u"  ")) > room) {
+    while (shown.size() > 1 && metrics.horizontalAdvance(shown.join(u' ')) > room) {
         shown.removeLast();
     }
-    hint_->setText(metrics.elidedText(shown.join(u"  "), Qt::ElideRight, room));
+    hint_->setText(metrics.elidedText(shown.join(u' '), Qt::ElideRight, room));
 }

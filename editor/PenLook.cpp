@@ -38,13 +38,13 @@ void DrawArrowAndBoard(QPainter& painter) {
 }  // namespace
 
 const std::array<PenLook, 4> kPenLooks{{
-    {"Set Point/Line", DrawPencil, true, "Click twice to draw a straight line; a right click drops it.",
-     "Click to set a point, or to move the point at that address up or down."},
+    {"Set Point/Line", DrawPencil, true, "Two clicks draw a line; Escape drops it.",
+     "Click to set a point, or to move it up or down."},
     {"Delete", DrawArrowAndCross, true, "Click to set one sample to 0.", "Click to remove a point."},
-    {"Copy", DrawArrowAndSheets, false, "Drag to copy a part; from right to left it is copied mirrored.",
+    {"Copy", DrawArrowAndSheets, false, "Drag to copy, leftwards mirrored; Escape drops it.",
      "Copying is for the memory; choose another pen."},
-    {"Paste", DrawArrowAndBoard, true, "Drag the copied part to its place; it is written there on release.",
-     "Drag the copied part to its place; each sample becomes a point."},
+    {"Paste", DrawArrowAndBoard, true, "Drag the copy to its place; Escape drops it.",
+     "Drag the copy to its place; Escape drops it."},
 }};
 
 // The point of work is the corner: some desktops take it in logical pixels, some in those of the device.

@@ -15,11 +15,12 @@ void BeginEditing(EditorState& editor) {
     editor.LineActive = false;
     editor.CopyDragging = false;
     editor.PasteDragging = false;
+    editor.DragSincePress = EditorState::Drag::None;
     editor.DragsHeld = false;
 }
 
 void WorkOn(EditTarget target, EditorState& editor, EditorTables& tables) {
-    tables.DatabaseName = tables.FileOf(target);
+    tables.OpenData1(target);
     if (editor.Target != target) {
         editor.Target = target;
         editor.EditorRedrawPending = true;

@@ -78,9 +78,8 @@ TableResult EditorTables::Step(Replay way) {
     return {result.fileName, result.outcome};
 }
 
-void EditorTables::EndStepsOfOtherFiles(EditTarget target) {
-    History.EndUnless([this, target](const FileIdentity& identity, EditTarget of) {
-        // Data1 may still work on a file that was named before.
-        return IdentityOf(FileOf(of)) == identity || (of == target && IdentityOf(DatabaseName) == identity);
+void EditorTables::EndStepsOfOtherFiles() {
+    History.EndUnless([this](const FileIdentity& identity, EditTarget of) {
+        return IdentityOf(FileOf(of)) == identity || IdentityOf(lastOf_[static_cast<std::size_t>(of)]) == identity;
     });
 }

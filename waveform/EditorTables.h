@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <array>
 #include <functional>
 #include <span>
 #include <vector>
@@ -39,6 +40,11 @@ class EditorTables {
     // The file of the data control Data1, through which the pens and the entry fields edit. No records are kept from
     // one operation to the next, so nothing has to be read anew after a change.
     QString DatabaseName;
+    // Data1 goes over to the file that is named for this target now.
+    void OpenData1(EditTarget target) {
+        DatabaseName = FileOf(target);
+        lastOf_[static_cast<std::size_t>(target)] = DatabaseName;
+    }
 
     // The file that is named for this target now. Data1 may still work on one that was named before.
     QString FileOf(EditTarget target) const {
@@ -62,8 +68,9 @@ class EditorTables {
     // Undoes or makes again the next step, in the file that it wrote and in the elements that have no record; a redraw
     // is to follow. Where the file is no longer as the step left it nothing is touched, and the steps of that file end.
     TableResult Step(Replay way);
-    // Ends the steps of files that are no longer in use for their target.
-    void EndStepsOfOtherFiles(EditTarget target);
+    // Ends the steps of files that are no longer in use for their target. One under another name stays in use until
+    // Data1 goes over to it: settings that are merely saved end nothing.
+    void EndStepsOfOtherFiles();
 
   private:
     void KeepElements(EditStep& step) const;
@@ -72,4 +79,5 @@ class EditorTables {
     const FixedName& SettingFileName_;
     const FixedName& ConstructionFileName_;
     ArbMemories& memories_;
+    std::array<QString, 2> lastOf_;  // the file on which Data1 worked last, by target
 };

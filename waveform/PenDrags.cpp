@@ -35,21 +35,25 @@ std::vector<QLineF> LineBand(const EditorState& editor, std::span<const qint16> 
 }
 
 bool DropUnderWay(EditorState& editor) {
-    const bool dragging = editor.CopyDragging || editor.PasteDragging;
+    const bool dragging = editor.DragSincePress != EditorState::Drag::None;
     const bool dropped = editor.LineActive || dragging;
-    if (editor.CopyDragging) {
+    if (editor.DragSincePress == EditorState::Drag::Copy) {
         editor.CopyStart = editor.FormerCopyStart;
         editor.CopyEnd = editor.FormerCopyEnd;
     }
     editor.LineActive = false;
     editor.CopyDragging = false;
     editor.PasteDragging = false;
+    editor.DragSincePress = EditorState::Drag::None;
     editor.DragsHeld = editor.DragsHeld || dragging;
     return dropped;
 }
 
 DragStep NextDragStep(EditorState& editor, int buttons) {
-    editor.DragsHeld = editor.DragsHeld && (buttons & 1) != 0;
+    if ((buttons & 1) == 0) {
+        editor.DragsHeld = false;
+        editor.DragSincePress = EditorState::Drag::None;
+    }
     if (editor.DragsHeld) {
         return DragStep::None;
     }
@@ -69,8 +73,11 @@ DragStep NextDragStep(EditorState& editor, int buttons) {
 std::optional<DragBox> CopyStep(EditorState& editor, float x) {
     if (!editor.CopyDragging) {
         editor.CopyDragging = true;
-        editor.FormerCopyStart = editor.CopyStart;
-        editor.FormerCopyEnd = editor.CopyEnd;
+        if (editor.DragSincePress != EditorState::Drag::Copy) {
+            editor.DragSincePress = EditorState::Drag::Copy;
+            editor.FormerCopyStart = editor.CopyStart;
+            editor.FormerCopyEnd = editor.CopyEnd;
+        }
         editor.CopyStart = Nearest(x);
         editor.CopyEnd = -1;
         return std::nullopt;
@@ -97,6 +104,7 @@ bool EndCopy(EditorState& editor, std::span<const qint16> memory, float x) {
 
 DragBox PasteStep(EditorState& editor, float x) {
     editor.PasteDragging = true;
+    editor.DragSincePress = EditorState::Drag::Paste;
     editor.PasteAt = Nearest(x);
     return {editor.PasteAt, static_cast<double>(editor.PasteAt + CopiedDistance(editor))};
 }

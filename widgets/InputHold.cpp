@@ -8,6 +8,12 @@ namespace {
 
 bool IsEscape(const QEvent& event) { return static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape; }
 
+// Shift, Ctrl and the like: the key behind them is the press.
+bool IsModifier(const QEvent& event) {
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return (key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock) || key == Qt::Key_AltGr;
+}
+
 }  // namespace
 
 void InputHold::Set(bool hold) {
@@ -28,14 +34,17 @@ bool InputHold::eventFilter(QObject* /*watched*/, QEvent* event) {
             if (IsEscape(*event)) {
                 return false;
             }
+            if (IsModifier(*event)) {
+                return true;
+            }
             [[fallthrough]];
+        case QEvent::Shortcut:  // no press follows one
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
             desktop_.Beep();
             return true;
         case QEvent::ShortcutOverride:
             return !IsEscape(*event);
-        case QEvent::Shortcut:
         case QEvent::Wheel:
         case QEvent::ContextMenu:
             return true;

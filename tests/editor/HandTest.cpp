@@ -78,8 +78,7 @@ TEST_F(EditorHand, TheKeysOfUndoBelongToAFieldThatHasSomethingToUndo) {
 }
 
 TEST_F(EditorHand, UndoSaysWhyItHasEnded) {
-    const QString fileChanged =
-        QStringLiteral("Nothing more to undo in %1: something else has changed or replaced the file.");
+    const QString fileChanged = QStringLiteral("Nothing more to undo in %1: it was changed or replaced.");
     EnterPoint("1500", "9");
     Execute(set, "update ARB4 set Value = 5 where Adr = 1");
     Undo();
@@ -123,6 +122,15 @@ TEST_F(EditorHand, EscapeDropsWhatThePenHasBegun) {
         EXPECT_EQ(state.CopyBuffer[5], 105);
         ExpectMemory("1201=201 1301=301 1321=321");
     }
+    Click("opPenmode_2");
+    Detail().Move(1200, 0, Qt::LeftButton);
+    Detail().Move(1220, 0, Qt::LeftButton);
+    Redraw();  // ends the drag, and the next move begins another
+    Detail().Move(1230, 0, Qt::LeftButton);
+    Keys(Qt::Key_Escape, {});
+    Detail().Move(1240, 0, Qt::LeftButton);
+    Detail().Move(1240, 0);
+    EXPECT_EQ(state.CopyEnd, 1110);
     Paste(1400);
     ExpectMemory("1400=100");
     EXPECT_TRUE(form->isVisible());

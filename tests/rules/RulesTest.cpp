@@ -77,7 +77,7 @@ TEST(LevelRules, SumTestIsStrictAndTakesTheSign) {
 }
 
 TEST(LevelRules, TheSideThatGivesWayMeetsTheBound) {
-    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(6.0, 1.0, 3, kFalse, kPoint).value, 7.07 - std::sqrt(2.0));
+    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(6.0, 0.9, 3, kFalse, kPoint).value, 7.07 - 0.9 * std::sqrt(2.0));
     // Never below the range, never raised.
     EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(0.3, 0.5, 2, kFalse, kPoint).value, 0.071);
     EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(0.0705, 5.0, 3, kFalse, kPoint).value, 0.0705);

@@ -185,10 +185,15 @@ TEST_F(History, EndsWithTheFileOfItsTarget) {
     const QString other = folder.filePath(QStringLiteral("b.set"));
     ASSERT_TRUE(SaveSettingFile(CreateSettingFile(other), program.panel, program.memories));
     program.SettingFileName.Set(other);  // settings saved: Data1 stays on the former file
-    tables.EndStepsOfOtherFiles(editor.Target);
-    ASSERT_NE(tables.History.Next(Replay::Undo), nullptr);
+    for (const EditTarget elsewhere : {EditTarget::Memory, EditTarget::Signal}) {
+        if (elsewhere != editor.Target) {
+            WorkOn(elsewhere, editor, tables);
+        }
+        tables.EndStepsOfOtherFiles();
+        ASSERT_NE(tables.History.Next(Replay::Undo), nullptr);
+    }
     WorkOn(EditTarget::Memory, editor, tables);
-    tables.EndStepsOfOtherFiles(editor.Target);
+    tables.EndStepsOfOtherFiles();
     EXPECT_EQ(tables.History.Next(Replay::Undo), nullptr);
     EXPECT_EQ(Ended(set), EditHistory::Reason::AnotherFile);
 }

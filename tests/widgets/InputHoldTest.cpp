@@ -1,4 +1,5 @@
 #include <QDialog>
+#include <QShortcut>
 
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
@@ -21,6 +22,22 @@ TEST(InputHold, HoldsAWindowThatIsModalToAFormButNoneThatIsModalToTheProgram) {
         QTest::keyClick(&field, Qt::Key_1);
         EXPECT_EQ(field.text(), taken);
     }
+    EXPECT_EQ(desktop.beeps, 1);
+}
+
+TEST(InputHold, BeepsOnceForAKeyOfAMenuAndRunsNothing) {
+    FakeDesktop desktop;
+    InputHold hold(desktop);
+    QWidget form;
+    int runs = 0;
+    QShortcut key(QKeySequence(Qt::CTRL | Qt::Key_Z), &form, [&runs] { ++runs; });
+    form.show();
+    ASSERT_TRUE(Activate(&form));
+    for (const bool held : {true, false}) {
+        hold.Set(held);
+        QTest::keyClick(&form, Qt::Key_Z, Qt::ControlModifier);
+    }
+    EXPECT_EQ(runs, 1);
     EXPECT_EQ(desktop.beeps, 1);
 }
 
