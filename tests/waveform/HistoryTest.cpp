@@ -69,6 +69,7 @@ struct Walk : History {
             [this] { GenerateMemory(editor, tables, program.memories); },
             [this] { RepeatTrace(editor, tables); },
             [this] { FitTrace(editor, tables); },
+            [this] { ReplaceByAddressed(editor, tables, editor.Target, table); },
             [this] { Fit(static_cast<qint16>(Random(5000))); },
             [this] { Paste(Address()); },
             [this] { Press(Pen::Delete, Address()); },
