@@ -63,13 +63,15 @@ int RankOf(const recording::Column* column) {
 
 ChannelList::ChannelList(const UserNumbers& numbers, QWidget* parent) : QTreeWidget(parent), numbers_(numbers) {
     setColumnCount(kListColumns);
-    setHeaderLabels({QStringLiteral("Channel"), QStringLiteral("Unit"), QStringLiteral("Lowest"),
-                     QStringLiteral("Highest")});
+    setHeaderLabels(
+        {QStringLiteral("Channel"), QStringLiteral("Unit"), QStringLiteral("Lowest"), QStringLiteral("Highest")});
     setRootIsDecorated(false);
     setUniformRowHeights(true);
     setTabKeyNavigation(false);
     setIconSize(kPictureSize);
-    header()->setStretchLastSection(true);
+    header()->setStretchLastSection(false);
+    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(kName, QHeaderView::Stretch);
     connect(this, &QTreeWidget::currentItemChanged, this, &ChannelList::ChosenChanged);
 }
 
@@ -89,17 +91,14 @@ void ChannelList::Show(const recording::Block* block) {
         setCurrentItem(topLevelItem(usable == columns_.end() ? 0 : static_cast<int>(usable - columns_.begin())));
     }
     DrawPictures();
-    for (int i = 0; i < kListColumns; ++i) {
-        resizeColumnToContents(i);
-    }
 }
 
 void ChannelList::Add(const recording::Column& column) {
     const QString name = column.name.isEmpty() ? recording::NameOfColumn(column.number, {}) : column.name;
     const bool known = column.fault.isEmpty();
-    auto* const item = new QTreeWidgetItem(this, {name + KindOf(column), column.unit,
-                                                  known ? Text(column.lowest) : QString(),
-                                                  known ? Text(column.highest) : QString()});
+    auto* const item =
+        new QTreeWidgetItem(this, {name + KindOf(column), column.unit, known ? Text(column.lowest) : QString(),
+                                   known ? Text(column.highest) : QString()});
     for (const int number : {kLowest, kHighest}) {
         item->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
     }
@@ -122,10 +121,13 @@ void ChannelList::changeEvent(QEvent* event) {
 
 void ChannelList::DrawPictures() {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-        topLevelItem(static_cast<int>(i))->setIcon(kName, PictureOf(*columns_[i], *this));
+        const QPixmap picture = PictureOf(*columns_[i], *this);
+        QIcon icon(picture);
+        icon.addPixmap(picture, QIcon::Selected);  // else the toolkit tints it
+        topLevelItem(static_cast<int>(i))->setIcon(kName, icon);
     }
 }
 
 QString ChannelList::Text(double value) const {
-    return QString::number(value, 'g', kDigits).replace(u'.', QChar(numbers_.DecimalSeparator));
+    return QString::number(value, 'g', kDigits).replace(u'.', QChar(ushort{numbers_.DecimalSeparator}));
 }

@@ -82,12 +82,11 @@ void RecordingWindow::MakeChoices() {
     addresses = Named(new QSpinBox(this), QStringLiteral("addresses"), QStringLiteral("Number of addresses to paste"));
     addresses->setRange(2, size_.lastTableAddress + 1);
     addresses->setValue(addresses->maximum());
-    scale = std::make_unique<OptionGroup>(
-        QStringLiteral("scale"),
-        QStringList{QStringLiteral("Lowest to highest over the full range"),
-                    QStringLiteral("Lowest to highest over \302\2611500, as a trace"),
-                    QStringLiteral("By volts: 0 V is 0")},
-        this);
+    scale = std::make_unique<OptionGroup>(QStringLiteral("scale"),
+                                          QStringList{QStringLiteral("Lowest to highest over the full range"),
+                                                      QStringLiteral("Lowest to highest over \u00b11500, as a trace"),
+                                                      QStringLiteral("By volts: 0 V is 0")},
+                                          this);
     scale->SetAccessibleName(QStringLiteral("Scale"));
     scale->Show(static_cast<int>(state_.RecordingScale));
 }
@@ -173,7 +172,8 @@ QLayout* RecordingWindow::ArrangeChoices() {
         usesColumn->addWidget(option);
     }
     auto* const part = new QHBoxLayout;
-    part->addWidget(MakeLabel(QStringLiteral("addressesTitle"), QStringLiteral("Addresses to p&aste"), uses, addresses));
+    part->addWidget(
+        MakeLabel(QStringLiteral("addressesTitle"), QStringLiteral("Addresses to p&aste"), uses, addresses));
     part->addWidget(addresses, 1);
     usesColumn->insertLayout(1, part);
     auto* const scales = new QGroupBox(QStringLiteral("&Scale"), this);
@@ -202,9 +202,9 @@ void RecordingWindow::OrderTabs() {
         setTabOrder(former, next);
         former = next;
     };
-    for (QWidget* const next : std::initializer_list<QWidget*>{separator, decimal, asrecording, block, channels,
-                                                               preview, first, last, whole, use->Option(0), addresses,
-                                                               use->Option(1), use->Option(2)}) {
+    for (QWidget* const next :
+         std::initializer_list<QWidget*>{separator, decimal, asrecording, block, channels, preview, first, last, whole,
+                                         use->Option(0), addresses, use->Option(1), use->Option(2)}) {
         follow(next);
     }
     for (QAbstractButton* const option : scale->Options()) {

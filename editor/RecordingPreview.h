@@ -5,8 +5,8 @@
 
 #include "widgets/PictureBox.h"
 
-// The curve of the chosen stretch of a recording, in the colours of the desktop. A drag across a part of it chooses that
-// part; the keys of PictureKeys do so too.
+// The curve of the chosen stretch of a recording, in the colours of the desktop. A drag across a part of it chooses
+// that part; the keys of PictureKeys do so too.
 class RecordingPreview : public PictureBox {
     Q_OBJECT
 

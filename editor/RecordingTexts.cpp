@@ -7,7 +7,7 @@
 namespace {
 
 QString Seconds(double value, const UserNumbers& numbers) {
-    return recording::WithPrefix(value, QStringLiteral("s")).replace(u'.', QChar(numbers.DecimalSeparator));
+    return recording::WithPrefix(value, QStringLiteral("s")).replace(u'.', QChar(ushort{numbers.DecimalSeparator}));
 }
 
 QString IntervalOf(const recording::Timing& timing, const UserNumbers& numbers) {

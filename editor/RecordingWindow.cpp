@@ -188,7 +188,7 @@ void RecordingWindow::FollowRecording() {
         ShowNoReproduction({});
         return;
     }
-    const auto [from, to] = std::minmax(first->value(), last->value());
+    const auto [from, to] = std::minmax({first->value(), last->value()});
     const RecordedPart part = PartOf(*column, static_cast<std::size_t>(from) - 1, static_cast<std::size_t>(to) - 1);
     preview->Show(part.values, part.times);
     const RecordedWave wave = MakeWave(part, AddressesWanted(), state_.RecordingScale);

@@ -21,9 +21,9 @@
 #include "waveform/RecordingFill.h"
 #include "widgets/OptionGroup.h"
 
-// The window `recording`, "Open recording": modal to the editor, for the file, the target and the size that this has when
-// it opens. It reads the recording in the background, and is accepted when the samples are where the user wants them; a
-// failure is told in a message box, and the window stays.
+// The window `recording`, "Open recording": modal to the editor, for the file, the target and the size that this has
+// when it opens. It reads the recording in the background, and is accepted when the samples are where the user wants
+// them; a failure is told in a message box, and the window stays.
 class RecordingWindow : public QDialog {
   public:
     RecordingWindow(const EditorContext& context, EditMode& mode, StoreFaults& faults, const QString& fileName,

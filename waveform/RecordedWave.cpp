@@ -44,10 +44,9 @@ QString RemarkOnLevel(double level, double offset) {
         return QStringLiteral("The instrument has 20 Vpp at most.");
     }
     const double most = std::min(range.largestOffset, ToLevelStep((range.highestVpp - level) / 2.0));
-    return std::fabs(offset) > most
-               ? QStringLiteral("At this level the instrument has an offset of %1 mV at most.")
-                     .arg(std::floor(most * 1000.0))
-               : QString();
+    return std::fabs(offset) > most ? QStringLiteral("At this level the instrument has an offset of %1 mV at most.")
+                                          .arg(std::floor(most * 1000.0))
+                                    : QString();
 }
 
 void SpreadOver(double half, const std::vector<double>& values, RecordedWave& wave) {

@@ -8,8 +8,8 @@
 #include "core/EditorState.h"
 #include "recording/Recording.h"
 
-// A part of a recording as samples of the memory, and the setting of the instrument with which the memory plays it as it
-// was recorded.
+// A part of a recording as samples of the memory, and the setting of the instrument with which the memory plays it as
+// it was recorded.
 
 // Rows of a channel, one at least.
 struct RecordedPart {

@@ -15,7 +15,8 @@ QString RefuseSample(const AddressedSample& sample, int lastAddress) {
     using Limits = std::numeric_limits<qint16>;
     if (sample.address < 0 || sample.address > lastAddress) {
         return QStringLiteral(
-                   "Line %1 has the address %2, and the addresses go from 0 to %3. Choose the other size under \"Memory\", "
+                   "Line %1 has the address %2, and the addresses go from 0 to %3. Choose the other size under "
+                   "\"Memory\", "
                    "or take the file as a recording.")
             .arg(sample.line)
             .arg(sample.address)

@@ -58,7 +58,13 @@ struct WaveformBench : ::testing::Test {
         std::iota(samples.begin(), samples.end(), qint16{1});
         return samples;
     }();
-    const std::vector<recording::AddressedSample> table{{1503, 8, 2}, {1503, 9, 3}};
+    const std::vector<recording::AddressedSample> table = [] {
+        std::vector<recording::AddressedSample> samples;
+        for (int i = 0; i < 4096; ++i) {
+            samples.push_back({i, i % 7, 2});
+        }
+        return samples;
+    }();
 
     // Each that works on the address 1503, and whether it does so in the construction file.
     const std::vector<std::pair<std::function<TableResult()>, bool>> all{
