@@ -216,7 +216,7 @@ TEST_F(RecordingForm, AFaultIsToldAndTheUserMayOverruleTheGuess) {
     AwaitWindow();
     EXPECT_EQ(Listed().size(), 2);
     Get("separator")->setFocus();
-    QTest::keyClicks(Get("separator"), QStringLiteral("s"));
+    Key(Qt::Key_Up);  // the semicolon
     Get("decimal")->setFocus();
     QTest::keyClicks(Get("decimal"), QStringLiteral("c"));
     AwaitWindow();
@@ -228,7 +228,7 @@ TEST_F(RecordingForm, OffersEachBlockAndNumbersAsTheUserWritesThem) {
     OpenText("t;A\n0;1,5\n1;2,5\n\nt;B\n0;10\n2;20\n4;-30,25\n");
     EXPECT_EQ(Listed().first(), u"B||-30,25|20");
     EXPECT_EQ(Get<QComboBox>("block")->currentText(), u"2: lines 6 to 8, 3 rows");
-    EXPECT_EQ(Sets(), u"0,2499 Hz 50,2500 -5,1250");
+    EXPECT_EQ(Sets(), u"0,2499 Hz 50,2476 -5,1262");
     Get("block")->setFocus();
     Key(Qt::Key_Up);
     EXPECT_EQ(Listed().first(), u"A||1,5|2,5");
