@@ -8,9 +8,10 @@
 #include "core/MemorySize.h"
 
 enum class EditTarget { Memory, Signal };  // opEditmode 0 and 1: the table of a setting file, or construction points
-enum class Pen { Draw, Delete, Copy, Paste };    // opPenmode 0 to 3
-enum class Interpolation { Linear, Spline };     // Opintmode 0 and 1
-enum class FillStretch { Whole, View, Copied };  // stretch 0 to 2 of the window `formula`: what is filled
+enum class Pen { Draw, Delete, Copy, Paste };         // opPenmode 0 to 3
+enum class Interpolation { Linear, Spline };          // Opintmode 0 and 1
+enum class RecordedScale { FullRange, Trace, Zero };  // scale 0 to 2 of the window `recording`
+enum class FillStretch { Whole, View, Copied };       // stretch 0 to 2 of the window `formula`: what is filled
 
 // What the waveform editor remembers, also while its form is closed. Addresses run from 0 to the LastAdr of the current
 // memory size; values from -2047 to 2047, in the band around the view up to 2060.
@@ -61,6 +62,8 @@ struct EditorState {
     QString FormulaText = QStringLiteral("sin(2*pi*x)");
     FillStretch FormulaStretch = FillStretch::Whole;
     bool FormulaScaled = false;  // to the full range
+
+    RecordedScale RecordingScale = RecordedScale::FullRange;  // as the window `recording` was left
 
     bool EditorRedrawPending = false;  // Timer1 redraws at its next tick
     bool EditorOpen = false;           // the form is loaded

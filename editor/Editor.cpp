@@ -149,6 +149,8 @@ void Editor::ConnectMenu() {
     onTrigger(menu_->mnurdbinchb, [this] { import_->ReadAndPaste(Channel::B); });
     onTrigger(menu_->mnuchbmulti, [this] { import_->MultipleToMemory(Channel::B); });
     onTrigger(menu_->mnuchbfit, [this] { import_->FitToSignal(Channel::B); });
+    connect(menu_->mnuopenrec, &QAction::triggered, this, &Editor::Editor_mnuopenrec_Click);
+    setAcceptDrops(true);
 }
 
 void Editor::ConnectSteps() {
@@ -214,7 +216,7 @@ void Editor::Editor_Form_Unload() {
     host_.DrawOverviewSignal();
     desktop_.BusyOff();
     program_.editor.EditorOpen = false;
-    FollowByFormula();
+    FollowByWindows();
 }
 
 void Editor::FollowSettingFile() {
@@ -230,7 +232,7 @@ void Editor::ShowChoices() {
     Marker->setChecked(editor.Markers);
     (editor.Size == &kMemory4k ? menu_->mnu4ksig : menu_->mnu16ksig)->setChecked(true);
     ShowSteps();
-    FollowByFormula();
+    FollowByWindows();
 }
 
 void Editor::ShowMode(EditTarget target) {

@@ -17,6 +17,7 @@
 #include "editor/Import.h"
 #include "editor/PenHint.h"
 #include "editor/PointEntry.h"
+#include "editor/RecordingWindow.h"
 #include "editor/StoreFaults.h"
 #include "editor/ViewPointer.h"
 #include "widgets/OptionGroup.h"
@@ -51,6 +52,8 @@ class Editor : public QMainWindow {
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     void Editor_Form_Unload();
@@ -80,7 +83,9 @@ class Editor : public QMainWindow {
     void Editor_mnudelete_Click();
     void Editor_mnulinint_Click();
     void Editor_mnuformula_Click();
-    void FollowByFormula();
+    void Editor_mnuopenrec_Click();
+    void OpenRecording(const QString& fileName);
+    void FollowByWindows();
     void Editor_mnusavecsv_Click();
     void DropPen();
     void TakeStep(Replay way);
@@ -121,5 +126,6 @@ class Editor : public QMainWindow {
     std::unique_ptr<PointEntry> entry_;
     std::unique_ptr<EditMode> mode_;
     std::unique_ptr<Import> import_;
-    QPointer<FormulaWindow> formula_;  // while it stands
+    QPointer<FormulaWindow> formula_;      // while it stands
+    QPointer<RecordingWindow> recording_;  // likewise
 };

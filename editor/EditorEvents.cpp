@@ -1,8 +1,10 @@
 // What an event of the form runs: an operation on the state and the tables, and then what shows its result.
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QWheelEvent>
 #include <utility>
 
@@ -20,6 +22,12 @@ namespace {
 
 constexpr double kWheelStep = 120.0;  // of a notch of the wheel, in eighths of a degree
 constexpr int kLeastTurn = 30;        // of a touchpad: what is less would be lost in whole addresses
+
+// The one local file that is dragged; empty for anything else.
+QString DraggedFile(const QMimeData* dragged) {
+    const QList<QUrl> urls = dragged->urls();
+    return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
+}
 
 }  // namespace
 
@@ -46,7 +54,7 @@ void Editor::DrawSoon() {
 
 // Any number of requests make one redraw. It may come in the middle of a transfer or an import, whose hourglass stays.
 void Editor::Editor_Timer1_Timer() {
-    FollowByFormula();
+    FollowByWindows();
     if (program_.editor.EditorOpen && std::exchange(program_.editor.EditorRedrawPending, false)) {
         const bool busy = desktop_.Busy();
         DrawEditor();
@@ -153,12 +161,45 @@ void Editor::Editor_mnuformula_Click() {
     formula_->open();
 }
 
-// The panel stays in use beside the window: it may load another file, or save to one.
-void Editor::FollowByFormula() {
+void Editor::Editor_mnuopenrec_Click() {
+    boxfile_.FileName = QStringLiteral("*.csv");
+    const QString chosen = boxfile_.ShowOpen(
+        {.title = QStringLiteral("Open recording"),
+         .filter = QStringLiteral("Recordings (*.csv *.txt *.tsv *.dat *.CSV *.TXT *.TSV *.DAT);;All files (*) |*.csv"),
+         .extension = QStringLiteral("csv")});
+    if (!chosen.isEmpty()) {
+        OpenRecording(chosen);
+    }
+}
+
+// The editor may have been closed behind the file dialog, and a second file dropped on it.
+void Editor::OpenRecording(const QString& fileName) {
+    if (!program_.editor.EditorOpen || recording_ != nullptr) {
+        return;
+    }
+    recording_ = new RecordingWindow({program_, desktop_, tables_}, *mode_, faults_, fileName, this);
+    connect(recording_, &QDialog::accepted, this, [this] {
+        ShowChoices();
+        DrawEditor();
+    });
+    connect(recording_, &QDialog::rejected, this, [this] {
+        if (program_.editor.EditorOpen) {
+            ShowChoices();  // a construction file that was no good may have ended "Edit signal"
+        }
+    });
+    recording_->open();
+}
+
+// The panel stays in use beside these windows: it may load another file, or save to one.
+void Editor::FollowByWindows() {
     if (formula_ != nullptr) {
         formula_->FollowEditor();
     }
+    if (recording_ != nullptr) {
+        recording_->FollowEditor();
+    }
 }
+
 void Editor::Editor_mnusavecsv_Click() {
     const QString title = QStringLiteral("Save as CSV");
     boxfile_.FileName = QStringLiteral("*.csv");
@@ -237,4 +278,24 @@ void Editor::wheelEvent(QWheelEvent* event) {
         pointer_->Zoom(std::exchange(turned_, 0) / kWheelStep);
         DrawSoon();
     }
+}
+
+// Not while a window that is to be answered first stands before the editor.
+void Editor::dragEnterEvent(QDragEnterEvent* event) {
+    if (QApplication::activeModalWidget() == nullptr && !DraggedFile(event->mimeData()).isEmpty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void Editor::dropEvent(QDropEvent* event) {
+    const QString fileName = DraggedFile(event->mimeData());
+    if (QApplication::activeModalWidget() != nullptr || fileName.isEmpty() || host_.RefuseWhileRunning()) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    activateWindow();
+    OpenRecording(fileName);
 }

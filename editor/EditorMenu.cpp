@@ -31,6 +31,8 @@ EditorMenu::EditorMenu(QMenuBar* bar) {
     mnurdbinchb = AddItem(mnuimport, "mnurdbinchb", "Read Ch&B and paste(over DDE)");
     mnuchbmulti = AddItem(mnuimport, "mnuchbmulti", "Read ChB  m&ultiple to the memory(over DDE)");
     mnuchbfit = AddItem(mnuimport, "mnuchbfit", "Read ChB  f&it to signal (over DDE)");
+    mnuimport->addSeparator();
+    mnuopenrec = AddItem(mnuimport, "mnuopenrec", "&Open recording...");
     QMenu* const mnuedit = AddMenu(bar, "mnuedit", "&Edit");
     mnuundo = AddItem(mnuedit, "mnuundo", "&Undo");
     mnuundo->setShortcut(Qt::CTRL | Qt::Key_Z);

@@ -12,4 +12,5 @@ struct EditorMenu {
     QAction *mnuncon, *mnulcon, *mnudelete, *mnulinint;
     QAction *mnuundo, *mnuredo;
     QAction *mnurdbincha, *mnuchamulti, *mnuchafit, *mnurdbinchb, *mnuchbmulti, *mnuchbfit;
+    QAction* mnuopenrec;
 };

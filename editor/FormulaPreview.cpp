@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "editor/Ink.h"
+
 namespace {
 
 constexpr double kFullScale = 1.0;
@@ -35,14 +37,14 @@ void FormulaPreview::Draw() {
     SetScale(0.0, static_cast<double>(last), kTop, -2.0 * kTop);
     Drawing drawing(*this);
     drawing.Cls();
-    drawing.ForeColor = Ink(0.25);
+    drawing.ForeColor = InkOn(palette(), 0.25);
     for (const double level : {-kFullScale, 0.0, kFullScale}) {
         drawing.Line(0.0, level, static_cast<double>(last), level);
     }
     drawing.DrawWidth = kCurveWidth;
-    drawing.ForeColor = Ink(0.4);
+    drawing.ForeColor = InkOn(palette(), 0.4);
     DrawCurve(drawing, kTop);
-    drawing.ForeColor = Ink(1.0);
+    drawing.ForeColor = InkOn(palette(), 1.0);
     DrawCurve(drawing, kFullScale);
 }
 
@@ -54,12 +56,4 @@ void FormulaPreview::DrawCurve(Drawing& drawing, double highest) {
         strokes.emplace_back(static_cast<double>(k) - 1.0, held(values_[k - 1]), static_cast<double>(k), to);
     }
     drawing.Lines(strokes);
-}
-
-// The colour of texts, so much of it on the ground.
-QColor FormulaPreview::Ink(double share) const {
-    const QColor text = palette().color(QPalette::Text);
-    const QColor ground = palette().color(QPalette::Base);
-    const auto mix = [share](int ink, int paper) { return static_cast<int>(share * ink + (1.0 - share) * paper); };
-    return {mix(text.red(), ground.red()), mix(text.green(), ground.green()), mix(text.blue(), ground.blue())};
 }

@@ -22,7 +22,6 @@ class FormulaPreview : public PictureBox {
   private:
     void Draw();
     void DrawCurve(Drawing& drawing, double highest);
-    QColor Ink(double share) const;
 
     std::vector<double> values_;
 };

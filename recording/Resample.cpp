@@ -97,6 +97,16 @@ std::vector<double> Resample(std::span<const double> values, std::span<const dou
     return samples;
 }
 
+double Lasting(std::size_t values, bool even, std::size_t addresses) {
+    const auto stretched = [](std::size_t count) {
+        return static_cast<double>(count) / static_cast<double>(std::max<std::size_t>(count, 2) - 1);
+    };
+    if (values > addresses) {
+        return even ? stretched(values) : 1.0;
+    }
+    return stretched(addresses);
+}
+
 std::vector<double> Spread(std::span<const double> values, double low, double high) {
     if (values.empty()) {
         return {};

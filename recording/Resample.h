@@ -15,6 +15,10 @@ namespace recording {
 // share.
 std::vector<double> Resample(std::span<const double> values, std::span<const double> times, std::size_t addresses);
 
+// How long the addresses last together, as a multiple of the time from the first value to the last. `even`: the values
+// follow each other evenly. Two values at least.
+double Lasting(std::size_t values, bool even, std::size_t addresses);
+
 // Spreads values so that the lowest becomes `low` and the highest `high`, exactly. Nothing for values that are all one,
 // up to what their arithmetic leaves over.
 std::vector<double> Spread(std::span<const double> values, double low, double high);

@@ -17,8 +17,8 @@ std::optional<Stretch> StretchOf(FillStretch which, const EditorState& editor) {
 }
 
 TableResult FillMemory(const EditorState& editor, EditorTables& tables, const Stretch& stretch,
-                       std::span<const qint16> samples) {
-    return tables.Change(tables.OnFileOf(EditTarget::Memory, "fill by formula"), *editor.Size, [&](RecordTable& table) {
+                       std::span<const qint16> samples, const char* step) {
+    return tables.Change(tables.OnFileOf(EditTarget::Memory, step), *editor.Size, [&](RecordTable& table) {
         std::vector<Record> records;
         table.Read(RecordOrder::Insertion, records);
         std::vector<bool> found(samples.size());

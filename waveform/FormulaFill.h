@@ -21,6 +21,6 @@ struct Stretch {
 std::optional<Stretch> StretchOf(FillStretch which, const EditorState& editor);
 
 // Writes the samples, one for each address of the stretch, into the memory table. Every record of an address takes its
-// sample; an address without one gets a record.
+// sample; an address without one gets a record. `step`: the name of the step in the history.
 TableResult FillMemory(const EditorState& editor, EditorTables& tables, const Stretch& stretch,
-                       std::span<const qint16> samples);
+                       std::span<const qint16> samples, const char* step = "fill by formula");

@@ -9,8 +9,8 @@ namespace {
 
 using Limits = std::numeric_limits<qint16>;
 
-constexpr double kScaledSpan = 3000.0;
-constexpr double kScaledLowest = -1500.0;
+constexpr double kScaledSpan = 2.0 * kTraceHeight;
+constexpr double kScaledLowest = -kTraceHeight;
 
 // The numbers of a reply, one after the other. Text without a comma stays: its number is met again and again, but read
 // only once.

@@ -6,6 +6,7 @@
 #include "core/ArbMemory.h"
 
 inline constexpr int kTraceSamples = 2048;  // of one channel
+inline constexpr int kTraceHeight = 1500;   // a trace spans this, up and down
 
 // Reads a recorded trace, decimal numbers separated by commas, into the samples 1 to 2048 of the copy buffer, and
 // scales it to -1500..1500 unless its highest number is 0 or less. A short text repeats its last number; a last number

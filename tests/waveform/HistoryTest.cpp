@@ -69,6 +69,7 @@ struct Walk : History {
             [this] { GenerateMemory(editor, tables, program.memories); },
             [this] { RepeatTrace(editor, tables); },
             [this] { FitTrace(editor, tables); },
+            [this] { ReplaceByAddressed(editor, tables, editor.Target, table); },
             [this] { Fit(static_cast<qint16>(Random(5000))); },
             [this] { Paste(Address()); },
             [this] { Press(Pen::Delete, Address()); },
@@ -136,8 +137,8 @@ TEST_F(History, EachStepHasItsName) {
     Press(Pen::Draw, 1500);
     ClearTable(editor, tables);
     EXPECT_EQ(All(Replay::Undo),
-              u"delete signal, point, fit, import, fill by formula, import, generate memory data, delete memory, "
-              u"entry, paste, delete, line");
+              u"delete signal, point, fit, open recording, open recording, import, open recording, open recording, fill by "
+              u"formula, import, generate memory data, delete memory, entry, paste, delete, line");
 }
 
 // With the change of another program undone over, the file would be one that never was.

@@ -4,6 +4,7 @@
 
 #include <QTemporaryDir>
 #include <functional>
+#include <numeric>
 
 #include "core/ProgramState.h"
 #include "storage/ConstructionFile.h"
@@ -17,6 +18,7 @@
 #include "waveform/Generation.h"
 #include "waveform/PenDrags.h"
 #include "waveform/Pens.h"
+#include "waveform/RecordingFill.h"
 
 // The operations on real files, without a form; what each writes is tested with the form that runs it.
 struct WaveformBench : ::testing::Test {
@@ -51,6 +53,19 @@ struct WaveformBench : ::testing::Test {
     const QString con = folder.filePath(QStringLiteral("a.con"));
     EditorTables tables{program.SettingFileName, program.ConstructionFileName, program.memories};
 
+    const std::vector<qint16> ramp = [] {
+        std::vector<qint16> samples(4096);
+        std::iota(samples.begin(), samples.end(), qint16{1});
+        return samples;
+    }();
+    const std::vector<recording::AddressedSample> table = [] {
+        std::vector<recording::AddressedSample> samples;
+        for (int i = 0; i < 4096; ++i) {
+            samples.push_back({i, i % 7, 2});
+        }
+        return samples;
+    }();
+
     // Each that works on the address 1503, and whether it does so in the construction file.
     const std::vector<std::pair<std::function<TableResult()>, bool>> all{
         {[this] { return Press(Pen::Draw, 1500).changed ? TableResult() : Press(Pen::Draw, 1510); }, false},
@@ -64,6 +79,10 @@ struct WaveformBench : ::testing::Test {
              return FillMemory(editor, tables, {1502, 1504}, std::vector<qint16>{5, 6, 7});
          },
          false},
+        {[this] { return RecordToMemory(editor, tables, ramp); }, false},
+        {[this] { return ReplaceByAddressed(editor, tables, EditTarget::Memory, table); }, false},
         {[this] { return FitTrace(editor, tables); }, true},
+        {[this] { return RecordToSignal(editor, tables, ramp); }, true},
+        {[this] { return ReplaceByAddressed(editor, tables, EditTarget::Signal, table); }, true},
         {[this] { return Fit(4096); }, true}};
 };

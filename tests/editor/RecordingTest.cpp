@@ -1,0 +1,282 @@
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTreeWidget>
+
+#include "EditorBench.h"
+
+namespace {
+
+// The window `recording` over the editor, used by keys.
+struct RecordingForm : EditorBench {
+    QString Write(const QByteArray& text, const char* name = "scope.csv") {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+        return file.fileName();
+    }
+    void OpenFile(const QString& fileName) {
+        EXPECT_FALSE(Standing());
+        desktop.chosen = fileName;
+        Get<QAction>("mnuopenrec")->trigger();
+        AwaitWindow();
+    }
+    void OpenText(const QByteArray& text) { OpenFile(Write(text)); }
+    void AwaitWindow() {
+        auto* const window = form->findChild<RecordingWindow*>(QStringLiteral("recording"));
+        ASSERT_TRUE(window != nullptr && Activate(window));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !Says("found").startsWith(u"Reading"); }));
+    }
+    QString Says(const char* label) { return Get<QLabel>(label)->text(); }
+    QString Sets() {
+        return QStringList{Get<QLineEdit>("frequency")->text(), Says("frequencyUnit"), Get<QLineEdit>("level")->text(),
+                           Get<QLineEdit>("offset")->text()}
+            .join(u' ');
+    }
+    bool Ready() { return Get("cbok")->isEnabled(); }
+    bool Standing() {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return form->findChild<RecordingWindow*>(QStringLiteral("recording")) != nullptr;
+    }
+    QStringList Listed() {
+        QStringList lines;
+        for (QTreeWidgetItemIterator item(Get<QTreeWidget>("channels")); *item != nullptr; ++item) {
+            EXPECT_FALSE((*item)->icon(0).isNull());
+            lines += QStringList{(*item)->text(0), (*item)->text(1), (*item)->text(2), (*item)->text(3)}.join(u'|');
+        }
+        return lines;
+    }
+    QString Table(const QString& file) { return Rows(file, Size().table); }
+    bool Drop(const QList<QUrl>& urls) {
+        QMimeData dragged;
+        dragged.setUrls(urls);
+        QDragEnterEvent enter({50, 50}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+        enter.ignore();
+        QApplication::sendEvent(form.get(), &enter);
+        QDropEvent drop({50, 50}, Qt::CopyAction, &dragged, Qt::LeftButton, {});
+        QApplication::sendEvent(form.get(), &drop);
+        return enter.isAccepted();
+    }
+
+    // 8192 rows, 10 us each: a ramp from 0 V to 8.191 V in a channel, a hole in another.
+    const QByteArray ramp = [] {
+        QByteArray text = "Model,X1\nTime (s),CH1 (V),CH2 (mV)\n";
+        for (int i = 0; i < 8192; ++i) {
+            text += QByteArray::number(i * 1e-5) + ',' + QByteArray::number(i * 1e-3) + ',' +
+                    (i == 4000 ? QByteArray() : QByteArray::number(i % 2)) + '\n';
+        }
+        return text;
+    }();
+};
+
+TEST_F(RecordingForm, WritesAChannelOverTheMemoryInOneStep) {
+    const QString before = Table(set);
+    OpenText(ramp);
+    EXPECT_EQ(desktop.dialogs.last().section(u'|', 0, 1), u"open|Open recording");
+    EXPECT_EQ(
+        Says("found"),
+        u"8192 rows in lines 3 to 8194. Sample interval: 10 \u00b5s. Duration: 81.92 ms. Lines left out as header "
+        "or remarks: 2.");
+    EXPECT_EQ(Listed(), QStringList({QStringLiteral("CH1|V|0|8.191"), QStringLiteral("CH2 (can't be taken)|mV||"),
+                                     QStringLiteral("Time (time)|s|0|0.08191")}));
+    EXPECT_EQ(Sets(), u"12.2070 Hz 8.1900 4.0955");
+    EXPECT_TRUE(Checked("use_1") && Checked("scale_0") && Ready());
+    Key(Qt::Key_Return);
+    EXPECT_FALSE(Standing() || desktop.busy);
+    ExpectMemory("0=-2047 1=-2046 2048=0 4095=2047");
+    EXPECT_EQ(Get<QAction>("mnuundo")->text(), u"&Undo open recording");
+    Choose("mnuundo");
+    EXPECT_EQ(Table(set), before);
+}
+
+TEST_F(RecordingForm, TakesThePartAndTheScaleThatAreChosen) {
+    OpenText(ramp);
+    auto* const preview = Get<RecordingPreview>("preview");
+    preview->setFocus();  // from the middle to the right edge
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_End, Qt::Key_Space}) {
+        Key(key);
+    }
+    EXPECT_NEAR(Get<QSpinBox>("first")->value(), 4096, 40);
+    Click("whole");
+    PictureHands{preview}.Drag(0.25, 0.75);
+    const int first = Get<QSpinBox>("first")->value();
+    EXPECT_NEAR(first, 2049, 25);
+    EXPECT_NEAR(Get<QSpinBox>("last")->value(), 6144, 25);
+    PictureHands{preview}.Drag(1.0, 0.0);  // from right to left, all of what is shown
+    EXPECT_EQ(Get<QSpinBox>("first")->value(), first);
+    Click("whole");
+    EXPECT_EQ(Get<QSpinBox>("first")->value(), 1);
+    EXPECT_EQ(Get<QSpinBox>("last")->value(), 8192);
+    for (const auto& [field, row] : {std::pair("first", "4097"), {"last", "1"}}) {
+        Get<QSpinBox>(field)->setFocus();
+        Get<QSpinBox>(field)->selectAll();
+        QTest::keyClicks(Get(field), QString::fromLatin1(row));
+    }
+    EXPECT_EQ(Sets(), u"24.4081 Hz 4.0960 2.0480");  // 4097 rows, either way round
+    Click("scale_2");
+    EXPECT_EQ(Sets(), u"24.4081 Hz 8.1920 0.0000");
+    Click("scale_1");
+    EXPECT_EQ(state.RecordingScale, RecordedScale::Trace);
+    Click("cbok");
+    ExpectMemory("0=-1500 4095=1500");
+    OpenText(ramp);
+    EXPECT_TRUE(Checked("scale_1"));  // as it was left
+}
+
+TEST_F(RecordingForm, IsReadyToPasteWithoutAnOldSampleInFront) {
+    state.CopyBuffer.fill(99);
+    OpenText("V\n1\n-1\n");
+    Click("use_0");
+    Get<QSpinBox>("addresses")->setFocus();
+    Get<QSpinBox>("addresses")->selectAll();
+    QTest::keyClicks(Get("addresses"), QStringLiteral("100"));
+    EXPECT_EQ(Sets(), u"unknown  2.0000 0.0000");
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(!Standing() && Checked("opPenmode_3"));
+    EXPECT_EQ(std::tuple(state.CopyStart, state.CopyEnd), std::tuple(0, 99));
+    EXPECT_EQ(std::tuple(state.CopyBuffer[0], state.CopyBuffer[99], state.CopyBuffer[100]),
+              std::tuple(2047, -2047, 99));
+    Paste(1200);
+    ExpectMemory("1199=199 1200=2047 1299=-2047 1300=300");
+}
+
+TEST_F(RecordingForm, BecomesThePointsOfTheSignal) {
+    desktop.answer = false;  // no new construction file, and no old one
+    for (const bool answered : {false, true}) {
+        OpenText("V\n1\n-1\n");
+        desktop.answer = answered;
+        desktop.chosen = answered ? con : QString();
+        Click("use_2");
+        Click("cbok");
+        EXPECT_EQ(Standing(), !answered);
+        EXPECT_FALSE(desktop.busy);
+        if (!answered) {
+            Key(Qt::Key_Escape);
+        }
+    }
+    EXPECT_TRUE(Checked("opEditmode_1"));
+    EXPECT_EQ(Ask(con, "select count(*) || ' ' || min(Adr) || ' ' || max(Adr) from ARB4"), u"4096 0 4095");
+    EXPECT_EQ(Rows(con, "ARB4 where Adr in (0, 4095)"), u"0=2047 4095=-2047");
+    Choose("mnuundo");
+    EXPECT_EQ(Table(con), u"0=0 4095=0");
+}
+
+TEST_F(RecordingForm, WhatSaveAsCsvWroteComesBackExactly) {
+    EditSignal("(0, 5), (9, -2047), (9, 8), (4095, 3000)");
+    Execute(con, "delete from ARB16; insert into ARB16 values (0, 1), (16384, -7)");
+    Execute(set, "insert into ARB4 values (17, -2060); delete from ARB16 where Adr = 9");
+    for (const char* const mode : {"opEditmode_0", "opEditmode_1"}) {
+        for (const char* const size : {"mnu4ksig", "mnu16ksig"}) {
+            Click(mode);
+            Choose(size);
+            const QString file = state.Target == EditTarget::Memory ? set : con;
+            const QString saved = folder.filePath(QStringLiteral("table.csv"));
+            desktop.chosen = saved;
+            Choose("mnusavecsv");
+            const QString before = Table(file);
+            Execute(file, std::string("delete from ") + Size().table + " where Adr < 4000; update " + Size().table +
+                              " set Value = 1");
+            OpenFile(saved);
+            EXPECT_TRUE(Ready() && !Get("channels")->isEnabled());
+            Click("cbok");
+            EXPECT_EQ(Table(file), before) << mode << size;
+        }
+    }
+    EXPECT_EQ(desktop.boxes.filter(QStringLiteral("|")).size(), 1);  // the question for a construction file
+}
+
+TEST_F(RecordingForm, ATableMayBeRefusedOrTakenAsARecording) {
+    const QString before = Table(set);
+    OpenText("address,value\n0,10\n4096,30\n");
+    EXPECT_TRUE(Says("found").startsWith(u"Line 3 has the address 4096,") && !Ready());
+    Key(Qt::Key_Return);
+    EXPECT_TRUE(Standing() && Table(set) == before);
+    Click("asrecording");
+    EXPECT_TRUE(Ready());
+    EXPECT_EQ(Listed().first(), u"value||10|30");
+    Click("cbok");
+    ExpectMemory("0=-2047 4095=2047");
+    OpenText("address,value\n0,10\n1,1.5\n");
+    EXPECT_TRUE(Says("found").startsWith(u"Line 3 is no address and value") && !Ready());
+}
+
+TEST_F(RecordingForm, AFaultIsToldAndTheUserMayOverruleTheGuess) {
+    for (const auto& [text, says] :
+         {std::pair("Dear Sir\n", "The file holds no numbers"), {"a,b\n1,2,3,4\n5,6,7,8\n", "Commas"}}) {
+        OpenText(text);
+        EXPECT_TRUE(Says("found").contains(QString::fromLatin1(says), Qt::CaseInsensitive)) << Says("found");
+        EXPECT_FALSE(Ready());
+        Key(Qt::Key_Escape);
+        EXPECT_FALSE(Standing());
+    }
+    OpenFile(folder.path());
+    EXPECT_TRUE(Says("found").startsWith(u"The file can't be opened") && !Ready());
+    Key(Qt::Key_Escape);
+    OpenText("1,5\n2,5\n4,5\n");
+    Get("separator")->setFocus();
+    QTest::keyClicks(Get("separator"), QStringLiteral("c"));
+    AwaitWindow();
+    EXPECT_EQ(Listed().size(), 2);
+    Get("separator")->setFocus();
+    Key(Qt::Key_Up);  // the semicolon
+    Get("decimal")->setFocus();
+    QTest::keyClicks(Get("decimal"), QStringLiteral("c"));
+    AwaitWindow();
+    EXPECT_EQ(Listed(), QStringList(QStringLiteral("column 1||1.5|4.5")));
+}
+
+TEST_F(RecordingForm, OffersEachBlockAndNumbersAsTheUserWritesThem) {
+    program.numbers = UserNumbers(QLocale(QLocale::German));
+    OpenText("t;A\n0;1,5\n1;2,5\n\nt;B\n0;10\n2;20\n4;-30,25\n");
+    EXPECT_EQ(Listed().first(), u"B||-30,25|20");
+    EXPECT_EQ(Get<QComboBox>("block")->currentText(), u"2: lines 6 to 8, 3 rows");
+    EXPECT_EQ(Sets(), u"0,2499 Hz 50,2476 -5,1262");
+    Get("block")->setFocus();
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Listed().first(), u"A||1,5|2,5");
+}
+
+TEST_F(RecordingForm, OpensTheOneLocalFileThatIsDropped) {
+    const QUrl file = QUrl::fromLocalFile(Write(ramp));
+    EXPECT_FALSE(Drop({QUrl(QStringLiteral("https://trx5276.example/a.csv"))}));
+    EXPECT_FALSE(Drop({file, file}) || Standing());
+    host.running = true;
+    Drop({file});
+    EXPECT_FALSE(Standing());
+    host.running = false;
+    EXPECT_TRUE(Drop({file}));
+    AwaitWindow();
+    EXPECT_EQ(Get<QLineEdit>("file")->text(), file.toLocalFile());
+    EXPECT_FALSE(Drop({file}));  // the window stands
+    Click("cbcancel");
+    EXPECT_FALSE(Standing());
+}
+
+TEST_F(RecordingForm, ClosesUnwrittenWithItsEditorAlsoWhileItReads) {
+    QByteArray text = ramp;
+    for (int i = 0; i < 5; ++i) {
+        text += text;
+    }
+    const QString file = Write(text);
+    const QString before = Table(set);
+    for (const auto& change : std::vector<std::function<void()>>{[this] { Choose("mnu16ksig"), Tick(); },
+                                                                 [this] { form->close(); }, [this] { form.reset(); }}) {
+        desktop.chosen = file;
+        Get<QAction>("mnuopenrec")->trigger();
+        EXPECT_TRUE(Says("found").startsWith(u"Reading") && !Ready());
+        change();
+        EXPECT_TRUE(form == nullptr || !Standing());
+        if (form == nullptr || !form->isVisible()) {
+            Open();
+        }
+    }
+    EXPECT_EQ(Table(set), before);
+}
+
+TEST_F(RecordingForm, AFailureIsToldAndTheWindowStays) {
+    Guard(set, "ARB4", 1503);
+    OpenText("V\n1\n-1\n");
+    Click("cbok");
+    EXPECT_EQ(desktop.boxes, QStringList(u"Arbitrary Editor|The file can't be read or changed:\n" + set));
+    EXPECT_TRUE(Standing() && !desktop.busy);
+}
+
+}  // namespace
