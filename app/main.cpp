@@ -38,7 +38,8 @@ int main(int argc, char* argv[]) {
     QtDesktop desktop;
     SocketDdeLink ziel;
     Main form({program, com, clock, desktop, ziel, folder, DocumentFolders(),
-               [folder](int number, bool openHere) { return DescribeComPort(number, folder, openHere); }});
+               [folder](int number, bool openHere) { return DescribeComPort(number, folder, openHere); },
+               [folder] { return AnyComPort(folder); }});
     desktop.SetParent(&form);
     form.Main_Form_Load();
     form.show();

@@ -15,12 +15,13 @@ QString NotFound() { return QStringLiteral("Unit not found"); }
 
 void Connection::OpenComPort() {
     link_.SerialFault = 0;
+    link_.Reported = {};
     link_.SerialErrorText = QStringLiteral(" Can not open com. port");
     transport_.ClosePort();
     if (transport_.OpenPort(preferences_.ComPortNumber, LineSettings(preferences_.ComBaudRate))) {
         link_.LinkUp = 1;
     } else {
-        transport_.ShowSerialError();
+        transport_.ShowSerialError(LinkFault::PortNotOpened);
         link_.LinkUp = 0;
     }
 }
@@ -75,7 +76,7 @@ bool Connection::SearchRates() {
         }
         transport_.ClosePort();
         if (!transport_.OpenPort(preferences_.ComPortNumber, LineSettings(baud))) {
-            transport_.ShowSerialError();
+            transport_.ShowSerialError(LinkFault::PortNotOpened);
             return false;
         }
         ProbeUnit();
@@ -89,7 +90,7 @@ bool Connection::SearchRates() {
         return false;
     }
     link_.SerialErrorText = NotFound();
-    transport_.ShowSerialError();
+    transport_.ShowSerialError(LinkFault::NoAnswer);
     return false;
 }
 
@@ -129,6 +130,6 @@ void Connection::AutoSearchUnit() {
                             QStringLiteral("Autosearch"));
     } else {
         link_.SerialErrorText = NotFound();
-        transport_.ShowSerialError();
+        transport_.ShowSerialError(LinkFault::NoAnswer);
     }
 }

@@ -40,11 +40,20 @@ double ReadBack::Ask(const char* query) {
     return ReadHeadNumber(link_.ReplyText);
 }
 
+// The fields as they stand now came from the instrument.
+template <typename... Fields>
+void ReadBack::Note(Fields... fields) {
+    if (Answered()) {
+        (link_.Reported.Note(fields, panel_), ...);
+    }
+}
+
 // A number that the field can't hold leaves it as it is.
 void ReadBack::AskMeasure(double PanelState::*field, const char* query) {
     const double number = Ask(query);
     if (std::isfinite(number)) {
         panel_.*field = number;
+        Note(field);
     }
 }
 
@@ -65,6 +74,7 @@ void ReadBack::ReadModulation() {
     // A depth that the field can't hold leaves the field as it is.
     if (depth >= 0.0 && depth <= std::numeric_limits<quint8>::max()) {
         panel_.bmAmDepth = static_cast<quint8>(depth);
+        Note(&PanelState::bmAmDepth);
     }
     AskMeasure(&PanelState::mcFreq, "fk0?");
     AskMeasure(&PanelState::mhFreq, "fk1?");
@@ -86,6 +96,8 @@ void ReadBack::ReadStatus() {
     panel_.bmFMod = FindToken(kShiftKeyings, status);
     panel_.bmMode = FindToken(kModes, status);
     panel_.tmVPP = ToTruth(status.contains(u"VPP"));
+    Note(&PanelState::tmOut, &PanelState::tmIntRef, &PanelState::bmWobbel, &PanelState::bmSignal, &PanelState::bmAmpMod,
+         &PanelState::bmFMod, &PanelState::bmMode, &PanelState::tmVPP);
 }
 
 void ReadBack::ReadLevel() {
@@ -101,8 +113,12 @@ void ReadBack::ReadLevel() {
         return;
     }
     panel_.tmOffset = ToTruth(reported != 0.0);
+    Note(&PanelState::tmOffset);
     if (panel_.tmOffset) {
         panel_.mOffset = reported / RangeOf(panel_.bmBereich).offsetReplyFactor;
+        Note(&PanelState::mOffset);
+    } else {
+        link_.Reported.Forget(&PanelState::mOffset);
     }
 }
 

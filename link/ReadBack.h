@@ -6,7 +6,7 @@
 
 // Fills PanelState from the instrument. Each routine returns at once while the link is down. A time-out within a
 // routine doesn't stop it: its later fields are filled from what stands in ReplyText, and nothing is restored. A number
-// that nothing can hold leaves its field as it is.
+// that nothing can hold leaves its field as it is. What was reported stands in LinkState::Reported as well.
 class ReadBack {
   public:
     ReadBack(ProgramState& program, SerialTransport& transport, const LinkGate& gate)
@@ -24,6 +24,9 @@ class ReadBack {
 
   private:
     double Ask(const char* query);
+    bool Answered() const { return link_.SerialFault != 1 && link_.LinkUp == 1; }
+    template <typename... Fields>
+    void Note(Fields... fields);
     void AskMeasure(double PanelState::*field, const char* query);
 
     PanelState& panel_;

@@ -34,7 +34,7 @@ void SerialTransport::Send(const SendForm& form) {
     const bool taken = Write(form.pacing);
     // Without a link a command vanishes in silence, on a stalled line as on a closed port.
     if (!taken && state_.LinkUp == 1) {
-        ShowSerialError();
+        ShowSerialError(LinkFault::NothingTaken);
     } else if (form.pacing == Pacing::Line) {
         Pace();
     }
@@ -90,7 +90,7 @@ void SerialTransport::QueryUnit() {
     state_.SerialErrorText = u" Data read error ( " + state_.CommandText + u" )";
     state_.SerialFault = 0;
     if (!com_.PortOpen()) {
-        ShowSerialError();
+        ShowSerialError(LinkFault::PortNotOpened);
         return;
     }
     state_.ReplyText.clear();
@@ -103,11 +103,12 @@ void SerialTransport::QueryUnit() {
         const QChar character = ReadReplyChar();
         if (character == kCr) {
             com_.ReplyComplete();
+            state_.LastFault = LinkFault::None;
             return;
         }
         state_.ReplyText += character;
     }
-    ShowSerialError();
+    ShowSerialError(LinkFault::NoAnswer);
 }
 
 // Behind the points of a memory it can take many seconds until a query is on the line.
@@ -131,14 +132,14 @@ void SerialTransport::EndCutQuery() {
         desktop_.BusyOff();
         state_.SerialFault = 1;
     } else {
-        ShowSerialError();
+        ShowSerialError(LinkFault::NothingTaken);
     }
 }
 
 bool SerialTransport::AwaitIdleLine() {
     const bool idle = Flush() && AwaitLine(false);
     if (!idle && !gate_.Abandoned() && state_.LinkUp == 1) {
-        ShowSerialError();
+        ShowSerialError(LinkFault::NothingTaken);
     }
     return idle;
 }
@@ -190,13 +191,14 @@ QChar SerialTransport::ReadReplyChar() {
     return input.isEmpty() ? QChar() : QChar::fromLatin1(input.front());
 }
 
-void SerialTransport::ShowSerialError() {
+void SerialTransport::ShowSerialError(LinkFault fault) {
     if (state_.SerialFault == 1) {
         return;
     }
     desktop_.BusyOff();
     desktop_.MessageBox(state_.SerialErrorText, QStringLiteral("Serial - Error"));
     state_.LinkUp = 0;
+    state_.LastFault = com_.LineLost() ? LinkFault::PortGone : fault;
     front_.CheckRemote(false);
     state_.SerialFault = 1;
 }

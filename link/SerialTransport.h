@@ -33,7 +33,7 @@ class SerialTransport {
     void QueryUnitBlock() { QueryUnit(); }
 
     // One message for a fault, and the link is down.
-    void ShowSerialError();
+    void ShowSerialError(LinkFault fault);
 
     // Serves the user's events until the line has carried all that was sent. False if it has stalled, which is a fault
     // while there is a link, or if the operation is abandoned.

@@ -133,6 +133,10 @@ void SettingCommands::SendOffset() {
 void SettingCommands::SendOutput() {
     if (Linked()) {
         Send(panel_.tmOut ? "OT1" : "OT0");
+        // The one command that a click sends by itself: what it said holds until it is read.
+        if (link_.SerialFault != 1) {
+            link_.Reported.Note(&PanelState::tmOut, panel_);
+        }
     }
 }
 

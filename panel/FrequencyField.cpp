@@ -5,7 +5,15 @@
 #include "core/FrequencyDisplay.h"
 #include "rules/FrequencyRules.h"
 
-FrequencyField::FrequencyField(const PanelContext& context, const Names& names, double& stored,
+namespace {
+
+const FrequencyUnit& UnitOf(double hertz) {
+    return kFrequencyUnits[static_cast<std::size_t>(FrequencyUnitIndex(hertz))];
+}
+
+}  // namespace
+
+FrequencyField::FrequencyField(const PanelContext& context, const Names& names, double PanelState::*stored,
                                std::function<void()> refresh, QWidget* parent)
     : context_(context),
       accessible_(QString::fromLatin1(names.accessible)),
@@ -41,14 +49,23 @@ void FrequencyField::SetEnabled(bool enabled) {
 }
 
 void FrequencyField::Show() {
-    const int index = FrequencyUnitIndex(stored_);
-    const FrequencyUnit& unit = kFrequencyUnits[static_cast<std::size_t>(index)];
+    const double hertz = context_.panel.*stored_;
+    const FrequencyUnit& unit = UnitOf(hertz);
     const QString name = QString::fromLatin1(unit.name);
-    field_->setText(context_.numbers.Picture(stored_ / unit.hertz, unit.picture));
+    field_->setText(context_.numbers.Picture(hertz / unit.hertz, unit.picture));
     field_->setAccessibleName(accessible_ + u", in " + name);
     unitLabel_->setText(name);
     unitLabel_->setAccessibleName(field_->accessibleName());
-    units_->Select(index);
+    units_->Select(FrequencyUnitIndex(hertz));
+}
+
+ShownField FrequencyField::Shown() const {
+    const auto text = [this](const PanelState& state) -> QString {
+        const double hertz = state.*stored_;
+        const FrequencyUnit& unit = UnitOf(hertz);
+        return context_.numbers.Picture(hertz / unit.hertz, unit.picture) + u' ' + QString::fromLatin1(unit.name);
+    };
+    return {stored_, [this] { return field_; }, text};
 }
 
 int FrequencyField::UnitPower() const {
@@ -57,6 +74,7 @@ int FrequencyField::UnitPower() const {
 }
 
 void FrequencyField::Commit() {
-    context_.Store(HoldFrequency(context_.EntryOf(*field_), units_->Selected(), context_.numbers), stored_);
+    context_.Store(HoldFrequency(context_.EntryOf(*field_), units_->Selected(), context_.numbers),
+                   context_.panel.*stored_);
     refresh_();
 }

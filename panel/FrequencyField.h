@@ -20,8 +20,8 @@ class FrequencyField {
     };
 
     // `stored` receives the commit; `refresh` is the group's, run after each commit.
-    FrequencyField(const PanelContext& context, const Names& names, double& stored, std::function<void()> refresh,
-                   QWidget* parent);
+    FrequencyField(const PanelContext& context, const Names& names, double PanelState::*stored,
+                   std::function<void()> refresh, QWidget* parent);
     Q_DISABLE_COPY_MOVE(FrequencyField)
 
     // Caption, field and unit, in the first three columns. The group places the options of units().
@@ -30,6 +30,7 @@ class FrequencyField {
 
     // The stored value in the unit that suits it. A change of the unit gives the field the focus.
     void Show();
+    ShownField Shown() const;
     void ShowLimit(const QString& toolTip) { field_->setToolTip(toolTip); }
     // All but the options, which follow their frame.
     void SetEnabled(bool enabled);
@@ -46,7 +47,7 @@ class FrequencyField {
 
     PanelContext context_;
     QString accessible_;  // name for a screen reader, without the unit
-    double& stored_;
+    double PanelState::*stored_;
     std::function<void()> refresh_;
     EntryField* field_;
     OptionGroup* units_;

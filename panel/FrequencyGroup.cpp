@@ -9,7 +9,7 @@ FrequencyGroup::FrequencyGroup(const PanelContext& context, Followers followers,
       Frame5(MakeFrame(QStringLiteral("Frame5"), QStringLiteral("Signal"), parent)),
       opsignal(new OptionGroup(QStringLiteral("opsignal"), CaptionsOf(kSignals), Frame5)),
       frequency_(
-          context, {"Text1", "unit", "Label4", "Frequency", "Label1", "Frequency"}, context.panel.mFreq,
+          context, {"Text1", "unit", "Label4", "Frequency", "Label1", "Frequency"}, &PanelState::mFreq,
           [this] { RefreshFrequency(); }, parent) {
     opsignal->SetAccessibleName(QStringLiteral("Signal"));
     opsignal->SetClick([this](int index) { opsignal_Click(index); });
@@ -29,6 +29,17 @@ void FrequencyGroup::AddFrequencyTo(QGridLayout& output, int row) const {
 }
 
 QList<QWidget*> FrequencyGroup::TabStops() const { return TabStopsOf(*opsignal) + frequency_.TabStops(); }
+
+// In a sweep the sweep's own frequencies are sent, for noise none.
+QList<ShownField> FrequencyGroup::ShownFields() const {
+    ShownField frequency = frequency_.Shown();
+    frequency.control = [this, control = frequency.control] {
+        const PanelState& panel = context_.panel;
+        return panel.bmWobbel == kSweepOff && panel.bmSignal < kSignalWhiteNoise ? control() : nullptr;
+    };
+    return {ShownOption(&PanelState::bmSignal, *opsignal, [](const PanelState& state) { return state.bmSignal; }),
+            frequency};
+}
 
 void FrequencyGroup::opsignal_Click(int index) {
     context_.panel.bmSignal = static_cast<quint8>(index);

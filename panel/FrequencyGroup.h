@@ -21,6 +21,7 @@ class FrequencyGroup {
     // One row of the frame "Output".
     void AddFrequencyTo(QGridLayout& output, int row) const;
     QList<QWidget*> TabStops() const;
+    QList<ShownField> ShownFields() const;
 
     // Selects the signal form and sets the hints of its maximum frequency.
     void RefreshSignal();

@@ -49,6 +49,30 @@ QList<QWidget*> LevelGroup::TabStops() const {
     return QList<QWidget*>{Text2} + TabStopsOf(*vunit) + QList<QWidget*>{Text4, Check1};
 }
 
+// The unit is part of the level: its options follow from it.
+QList<ShownField> LevelGroup::ShownFields() const {
+    return {
+        {&PanelState::mAmp, [this] { return Text2; },
+         [this](const PanelState& state) -> QString { return LevelText(state) + u' ' + UnitOf(state); }},
+        {&PanelState::mOffset, [this] { return Text4; },
+         [this](const PanelState& state) -> QString { return OffsetText(state) + QStringLiteral(" V"); }},
+        {&PanelState::tmOffset, [this] { return Check1; },
+         [](const PanelState& state) {
+             return state.tmOffset ? QStringLiteral("an offset") : QStringLiteral("no offset");
+         }},
+    };
+}
+
+QString LevelGroup::UnitOf(const PanelState& state) {
+    return state.tmVPP ? QStringLiteral("VPP") : QStringLiteral("RMS");
+}
+
+QString LevelGroup::LevelText(const PanelState& state) const { return context_.numbers.Picture(state.mAmp, "0.00000"); }
+
+QString LevelGroup::OffsetText(const PanelState& state) const {
+    return context_.numbers.Picture(state.mOffset, "0.0000");
+}
+
 void LevelGroup::Text2_Commit() { StoreLevel(context_.EntryOf(*Text2)); }
 
 void LevelGroup::StoreLevel(double level) {
@@ -86,7 +110,7 @@ void LevelGroup::SelectCheck1(bool checked) {
 
 void LevelGroup::RefreshLevel() {
     const UserNumbers& numbers = context_.numbers;
-    Label6->setText(panel_.tmVPP ? QStringLiteral("VPP") : QStringLiteral("RMS"));
+    Label6->setText(UnitOf(panel_));
     Text2->setAccessibleName(QStringLiteral("Output voltage, in ") + Label6->text());
     Label6->setAccessibleName(Text2->accessibleName());
     Text2->setToolTip(LevelToolTip(panel_.tmVPP, numbers));
@@ -95,7 +119,7 @@ void LevelGroup::RefreshLevel() {
     context_.Store(HoldOffset(panel_.mOffset, panel_.bmBereich), panel_.mOffset);
     context_.Store(HoldLevelBesideOffset(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP, numbers),
                    panel_.mAmp);
-    Text2->setText(numbers.Picture(panel_.mAmp, "0.00000"));
+    Text2->setText(LevelText(panel_));
     RefreshOffset();
 }
 
@@ -110,7 +134,7 @@ void LevelGroup::RefreshOffset() {
         SelectCheck1(true);
     }
     panel_.mOffset *= sign;
-    Text4->setText(context_.numbers.Picture(panel_.mOffset, "0.0000"));
+    Text4->setText(OffsetText(panel_));
 }
 
 // Leaves the magnitude of the offset in mOffset, within the range and at its resolution.

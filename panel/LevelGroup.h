@@ -15,6 +15,7 @@ class LevelGroup {
     // Two rows of the frame "Output".
     void AddTo(QGridLayout& output, int row) const;
     QList<QWidget*> TabStops() const;
+    QList<ShownField> ShownFields() const;
 
     // Works out the range, applies the level's side of the rules, shows the level, and runs RefreshOffset.
     void RefreshLevel();
@@ -31,6 +32,9 @@ class LevelGroup {
     void SelectCheck1(bool checked);
     void StoreLevel(double level);
     void HoldOffsetMagnitude();
+    static QString UnitOf(const PanelState& state);
+    QString LevelText(const PanelState& state) const;
+    QString OffsetText(const PanelState& state) const;
     bool AmOn() const { return panel_.bmAmpMod != 0; }
 
     PanelContext context_;

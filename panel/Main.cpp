@@ -17,6 +17,7 @@
 #include "panel/FrequencyGroup.h"
 #include "panel/HintLine.h"
 #include "panel/LevelGroup.h"
+#include "panel/LinkView.h"
 #include "panel/MainMenu.h"
 #include "panel/ModeGroup.h"
 #include "panel/ModulationGroup.h"
@@ -90,6 +91,11 @@ void Main::MakeGroups() {
         context, [this] { level_->RefreshLevel(); }, modulationTab_);
     sweep_ = std::make_unique<SweepGroup>(context, modeTab_);
     mode_ = std::make_unique<ModeGroup>(program_.panel, modeTab_);
+    linkView_ =
+        std::make_unique<LinkView>(LinkView::Parts{program_, *Command4, services_.portFound},
+                                   frequency_->ShownFields() + level_->ShownFields() + output_->ShownFields() +
+                                       modulation_->ShownFields() + sweep_->ShownFields() + mode_->ShownFields(),
+                                   centralWidget());
 }
 
 void Main::Main_Form_Load() {
@@ -111,6 +117,7 @@ void Main::RefreshPanel() {
     output_->RefreshOutput();
     level_->RefreshLevel();
     modulation_->RefreshModulation();
+    linkView_->RefreshSoon();
 }
 
 void Main::closeEvent(QCloseEvent* event) {
@@ -172,6 +179,9 @@ void Main::OnGateChanged(bool running) {
         control->setFocusPolicy(running ? Qt::NoFocus : Qt::StrongFocus);
     }
     output_->SetTakesFocus(!running);
+    if (!running) {
+        linkView_->Refresh();
+    }
     if (!running && std::exchange(closeWhenFree_, false)) {
         QMetaObject::invokeMethod(
             this, [this] { close(); }, Qt::QueuedConnection);
@@ -195,6 +205,14 @@ bool Main::eventFilter(QObject* watched, QEvent* event) {
                         services_.describePort(number, link_.transport.PortOpen()));
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+// An adapter may have been plugged in or pulled out meanwhile.
+void Main::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        linkView_->Refresh();
+    }
 }
 
 void Main::Main_cRM_MouseUp() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -17,6 +18,7 @@ class Editor;
 class FrequencyGroup;
 class HintLine;
 class LevelGroup;
+class LinkView;
 class ModeGroup;
 class ModulationGroup;
 class OutputGroup;
@@ -39,6 +41,7 @@ struct MainServices {
     QString programFolder;
     QStringList documentFolders;
     PortDescriber describePort;
+    std::function<bool()> portFound;  // is there any serial port?
 };
 
 // A form may be replaced while one of its own routines waits for events.
@@ -63,6 +66,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -144,6 +148,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     std::unique_ptr<SweepGroup> sweep_;
     std::unique_ptr<ModeGroup> mode_;
     std::unique_ptr<OverviewGroup> overview_;
+    std::unique_ptr<LinkView> linkView_;
     std::unique_ptr<Comset> comset_;
     std::unique_ptr<Editor, DeleteLater> editor_;  // the form of the latest opening
 };

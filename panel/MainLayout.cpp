@@ -9,6 +9,7 @@
 
 #include "panel/FrequencyGroup.h"
 #include "panel/LevelGroup.h"
+#include "panel/LinkView.h"
 #include "panel/Main.h"
 #include "panel/ModeGroup.h"
 #include "panel/ModulationGroup.h"
@@ -69,12 +70,15 @@ void Main::ArrangeOutputColumn() {
 
 QWidget* Main::ArrangeLinkRow() {
     auto* const frame = new QGroupBox(QStringLiteral("Instrument"), centralWidget());
-    auto* const row = new QHBoxLayout(frame);
+    auto* const column = new QVBoxLayout(frame);
+    auto* const row = new QHBoxLayout;
     row->addWidget(cRM);
     row->addStretch();
     row->addWidget(Command3);
     row->addWidget(Command4);
     row->addWidget(Command7);
+    column->addLayout(row);
+    column->addWidget(linkView_->linkstate());
     return frame;
 }
 

@@ -31,6 +31,14 @@ void ModeGroup::AddTo(QBoxLayout& column) const {
 
 QList<QWidget*> ModeGroup::TabStops() const { return TabStopsOf(*opmodes) + TabStopsOf(*opreference); }
 
+QList<ShownField> ModeGroup::ShownFields() const {
+    return {
+        ShownOption(&PanelState::bmMode, *opmodes, [](const PanelState& state) { return state.bmMode; }),
+        ShownOption(&PanelState::tmIntRef, *opreference,
+                    [](const PanelState& state) { return state.tmIntRef ? 0 : 1; }),
+    };
+}
+
 void ModeGroup::RefreshMode() { opmodes->Select(panel_.bmMode); }
 
 void ModeGroup::RefreshReference() { opreference->Select(panel_.tmIntRef ? 0 : 1); }

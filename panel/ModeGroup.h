@@ -3,6 +3,7 @@
 #include <QGroupBox>
 
 #include "core/PanelState.h"
+#include "panel/ShownField.h"
 #include "widgets/OptionGroup.h"
 
 // Operating mode and reference, on the tab "Mode": options without limits and without effect on anything else.
@@ -13,6 +14,7 @@ class ModeGroup {
 
     void AddTo(QBoxLayout& column) const;
     QList<QWidget*> TabStops() const;
+    QList<ShownField> ShownFields() const;
 
     void RefreshMode();
     void RefreshReference();

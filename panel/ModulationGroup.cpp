@@ -27,10 +27,10 @@ ModulationGroup::ModulationGroup(const PanelContext& context, std::function<void
       Frame3(MakeFrame(QStringLiteral("Frame3"), QStringLiteral("Frequency Shift Keying"), parent)),
       Frame4(MakeFrame(QStringLiteral("Frame4"), QStringLiteral("Phase Shift Keying"), parent)),
       carrier_(
-          context, {"Text6", "ocFreq", "Label16", "Carrier frequency", "Label12", "Carrier freq."},
-          context.panel.mcFreq, [this] { RefreshModulation(); }, Frame3),
+          context, {"Text6", "ocFreq", "Label16", "Carrier frequency", "Label12", "Carrier freq."}, &PanelState::mcFreq,
+          [this] { RefreshModulation(); }, Frame3),
       hop_(
-          context, {"Text7", "ohFreq", "Label17", "Hop frequency", "Label13", "Hop freq."}, context.panel.mhFreq,
+          context, {"Text7", "ohFreq", "Label17", "Hop frequency", "Label13", "Hop freq."}, &PanelState::mhFreq,
           [this] { RefreshModulation(); }, Frame3) {
     MakeOptions();
     MakeAm();
@@ -148,6 +148,27 @@ void ModulationGroup::CommitPhase(const EntryField& field, double& phase) {
     RefreshModulation();
 }
 
+QList<ShownField> ModulationGroup::ShownFields() const {
+    const auto kind = [](const PanelState& state) { return ModulationOptionIndex(state.bmAmpMod, state.bmFMod); };
+    const auto phase = [this](double PanelState::*field, EntryField* control) -> ShownField {
+        return {field, [control] { return control; },
+                [this, field](const PanelState& state) -> QString { return PhaseText(state.*field) + u'°'; }};
+    };
+    return {ShownOption(&PanelState::bmFMod, *opmod, kind),
+            ShownOption(&PanelState::bmAmpMod, *opAmMod,
+                        [kind](const PanelState& state) {
+                            return kind(state) != kOptionAm ? -1 : state.bmAmpMod == kAmExternal ? 1 : 0;
+                        }),
+            {&PanelState::bmAmDepth, [this] { return Text5; },
+             [](const PanelState& state) -> QString { return QString::number(state.bmAmDepth) + u'%'; }},
+            carrier_.Shown(),
+            hop_.Shown(),
+            phase(&PanelState::mPhasea, Text8),
+            phase(&PanelState::mPhaseb, Text9)};
+}
+
+QString ModulationGroup::PhaseText(double phase) const { return context_.numbers.Picture(phase, "0.0"); }
+
 void ModulationGroup::ShowLimit(const QString& toolTip) {
     carrier_.ShowLimit(toolTip);
     hop_.ShowLimit(toolTip);
@@ -181,8 +202,8 @@ void ModulationGroup::ShowShiftFrequencies() {
 }
 
 void ModulationGroup::ShowPhases() {
-    Text8->setText(context_.numbers.Picture(panel_.mPhasea, "0.0"));
-    Text9->setText(context_.numbers.Picture(panel_.mPhaseb, "0.0"));
+    Text8->setText(PhaseText(panel_.mPhasea));
+    Text9->setText(PhaseText(panel_.mPhaseb));
 }
 
 // In FSK the phase fields keep their state: their frame closes them.

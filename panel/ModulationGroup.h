@@ -14,6 +14,7 @@ class ModulationGroup {
 
     void AddTo(QBoxLayout& column) const;
     QList<QWidget*> TabStops() const;
+    QList<ShownField> ShownFields() const;
 
     void RefreshModulation();
     // The maximum of the signal form, at both frequencies.
@@ -34,6 +35,7 @@ class ModulationGroup {
     void ShowShiftFrequencies();
     void ShowPhases();
     void CapLevel();
+    QString PhaseText(double phase) const;
 
     PanelContext context_;
     PanelState& panel_;

@@ -31,6 +31,10 @@ void OutputGroup::AddTo(QGridLayout& output, int row) const {
 
 QList<QWidget*> OutputGroup::TabStops() const { return TabStopsOf(*Opoutput); }
 
+QList<ShownField> OutputGroup::ShownFields() const {
+    return {ShownOption(&PanelState::tmOut, *Opoutput, [](const PanelState& state) { return state.tmOut ? 0 : 1; })};
+}
+
 void OutputGroup::Main_Opoutput_Click(int index) {
     // A refresh within a link operation comes here as well; it sends under the gate that is held already.
     const LinkOperation operation = link_.gate.Join();

@@ -5,6 +5,7 @@
 
 #include "core/PanelState.h"
 #include "link/Link.h"
+#include "panel/ShownField.h"
 #include "widgets/OptionGroup.h"
 
 // The output switch: the one setting that reaches the instrument at once.
@@ -16,6 +17,7 @@ class OutputGroup {
     // One row of the frame "Output".
     void AddTo(QGridLayout& output, int row) const;
     QList<QWidget*> TabStops() const;
+    QList<ShownField> ShownFields() const;
 
     void RefreshOutput();
     // On to off or off to on, as a click on the other option does.

@@ -23,6 +23,14 @@ void AddOptions(QGridLayout& output, int row, const OptionGroup& group) {
     }
 }
 
+ShownField ShownOption(PanelField field, const OptionGroup& group, std::function<int(const PanelState&)> index) {
+    const auto text = [&group, index = std::move(index)](const PanelState& state) {
+        const QAbstractButton* const option = group.Option(index(state));
+        return option != nullptr ? option->text().remove(u'&') : QString();
+    };
+    return {field, [&group] { return group.Option(group.Selected()); }, text};
+}
+
 QList<QWidget*> TabStopsOf(const OptionGroup& group) {
     const QList<QAbstractButton*> options = group.Options();
     return {options.cbegin(), options.cend()};

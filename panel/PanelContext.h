@@ -7,6 +7,7 @@
 #include "core/PanelState.h"
 #include "panel/FieldSteps.h"
 #include "panel/HintLine.h"
+#include "panel/ShownField.h"
 #include "rules/Held.h"
 #include "rules/KeyFilter.h"
 #include "widgets/Controls.h"
@@ -45,6 +46,9 @@ void AddOptions(QGridLayout& output, int row, const OptionGroup& group);
 
 // The options of a group in the order of the Tab key.
 QList<QWidget*> TabStopsOf(const OptionGroup& group);
+
+// A setting that a group of options shows: its mark stands at the selected one. `index` gives the option for a state.
+ShownField ShownOption(PanelField field, const OptionGroup& group, std::function<int(const PanelState&)> index);
 
 // The captions of an enumeration's table, in order of value.
 template <typename Table>

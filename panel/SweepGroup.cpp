@@ -10,10 +10,10 @@ SweepGroup::SweepGroup(const PanelContext& context, QWidget* parent)
       opwob(new OptionGroup(QStringLiteral("opwob"), CaptionsOf(kSweeps), Frame7)),
       start_(
           context, {"Text10", "owopsfreq", "Label18", "Sweep start frequency", "Label19", "Sweep start freq."},
-          context.panel.msWobbel, [this] { RefreshSweep(); }, Frame7),
+          &PanelState::msWobbel, [this] { RefreshSweep(); }, Frame7),
       stop_(
           context, {"Text11", "owopefreq", "Label20", "Sweep stop frequency", "Label21", "Sweep stop freq."},
-          context.panel.meWobbel, [this] { RefreshSweep(); }, Frame7),
+          &PanelState::meWobbel, [this] { RefreshSweep(); }, Frame7),
       Text12(MakeEntryField(context, QStringLiteral("Text12"), KeyClass::Plain, QStringLiteral("Sweep time, in s"),
                             Frame7)),
       Label22(MakeLabel(QStringLiteral("Label22"), QStringLiteral("Time in sec"), Frame7, Text12)) {
@@ -51,6 +51,16 @@ QList<QWidget*> SweepGroup::TabStops() const {
     return TabStopsOf(*opwob) + start_.TabStops() + stop_.TabStops() + QList<QWidget*>{Text12};
 }
 
+QList<ShownField> SweepGroup::ShownFields() const {
+    return {ShownOption(&PanelState::bmWobbel, *opwob, [](const PanelState& state) { return state.bmWobbel; }),
+            start_.Shown(),
+            stop_.Shown(),
+            {&PanelState::mtWobbel, [this] { return Text12; },
+             [this](const PanelState& state) -> QString { return TimeText(state) + QStringLiteral(" s"); }}};
+}
+
+QString SweepGroup::TimeText(const PanelState& state) const { return context_.numbers.Picture(state.mtWobbel, "0.00"); }
+
 void SweepGroup::opwob_Click(int index) {
     panel_.bmWobbel = static_cast<quint8>(index);
     RefreshSweep();
@@ -75,5 +85,5 @@ void SweepGroup::RefreshSweep() {
     Label22->setEnabled(sweepOn);
     start_.Show();
     stop_.Show();
-    Text12->setText(context_.numbers.Picture(panel_.mtWobbel, "0.00"));
+    Text12->setText(TimeText(panel_));
 }

@@ -12,6 +12,7 @@ class SweepGroup {
 
     void AddTo(QBoxLayout& column) const { column.addWidget(Frame7); }
     QList<QWidget*> TabStops() const;
+    QList<ShownField> ShownFields() const;
 
     void RefreshSweep();
     // The maximum of the signal form, at both frequencies.
@@ -21,6 +22,7 @@ class SweepGroup {
     void opwob_Click(int index);
     void Text12_Commit();
     void Arrange();
+    QString TimeText(const PanelState& state) const;
 
     PanelContext context_;
     PanelState& panel_;

@@ -5,6 +5,7 @@
 #include <QSerialPort>
 #include <QSerialPortInfo>
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstring>
 #include <tuple>
@@ -15,6 +16,8 @@
 #endif
 
 namespace {
+
+constexpr std::array kComNumbers{1, 2, 3, 4};
 
 QString PortName(int number) { return QStringLiteral("COM%1").arg(number); }
 
@@ -92,6 +95,13 @@ QString FindComPort(int number, const QString& folder, const std::function<QList
     }
     PutInOrder(ports);
     return number >= 1 && number <= ports.size() ? ports.at(number - 1).device : QString();
+}
+
+bool AnyComPort(const QString& folder) {
+    QList<SystemPort> ports = SystemPorts();
+    const auto listed = [&ports] { return ports; };
+    return std::any_of(kComNumbers.begin(), kComNumbers.end(),
+                       [&](int number) { return !FindComPort(number, folder, listed).isEmpty(); });
 }
 
 QString DescribeComPort(int number, const QString& folder, bool openHere) {

@@ -23,6 +23,9 @@ QList<SystemPort> SystemPorts();
 QString FindComPort(int number, const QString& folder,
                     const std::function<QList<SystemPort>()>& listPorts = SystemPorts);
 
+// Whether any of the four has a device.
+bool AnyComPort(const QString& folder);
+
 // One line for the user: which device is behind the port now, and what is wrong with it if it can't be opened.
 // `openHere` says that this program holds the port, which is then left alone.
 QString DescribeComPort(int number, const QString& folder, bool openHere);

@@ -59,8 +59,8 @@ TEST_F(Transport, GivesEachByteThreeSeconds) {
     EXPECT_EQ(state.SerialFault, 1);
     EXPECT_FALSE(front.remoteChecked);
 
-    link.transport.ShowSerialError();  // one fault gives one message
-    link.transport.QueryUnit();        // refused, with the old reply left alone
+    link.transport.ShowSerialError(LinkFault::NoAnswer);  // one fault gives one message
+    link.transport.QueryUnit();                           // refused, with the old reply left alone
     EXPECT_EQ(desktop.boxes.size(), 1);
     EXPECT_EQ(state.ReplyText, u"1.5");
 }

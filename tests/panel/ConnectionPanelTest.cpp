@@ -17,6 +17,17 @@ TEST_F(ConnectionPanel, WithoutALinkNothingMoves) {
     EXPECT_TRUE(line.wire.isEmpty());
 }
 
+TEST_F(ConnectionPanel, TellsWhereThereIsNoPortUntilOneIsPluggedIn) {
+    for (const bool found : {false, true}) {
+        portFound = found;
+        QEvent activation(QEvent::ActivationChange);
+        QCoreApplication::sendEvent(form.get(), &activation);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Get<QLabel>("linkstate")->text(),
+                  found ? u"No link" : u"No link: no serial port found, see Data, Com. port");
+    }
+}
+
 TEST_F(ConnectionPanel, ASecondOperationIsRefusedDuringPacing) {
     Connect();
     bool pressed = false;

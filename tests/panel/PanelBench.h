@@ -34,7 +34,9 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
             return QStringLiteral("device %1%2").arg(number).arg(openHere ? u"!" : u"");
         };
         form = std::make_unique<Main>(
-            MainServices{program, line, clock, desktop, ziel, folder.path(), {folder.path()}, describePort});
+            MainServices{program, line, clock, desktop, ziel, folder.path(), {folder.path()}, describePort, [this] {
+                             return portFound;
+                         }});
     }
 
     void Open() {
@@ -57,6 +59,7 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
     ScriptedLine line{clock};
     FakeDesktop desktop;
     FakeDde ziel;
+    bool portFound = true;
     QTemporaryDir folder;
 };
 

@@ -49,7 +49,9 @@ class WholeBench : public ::testing::Test {
             return DescribeComPort(number, folder.path(), openHere);
         };
         panel.form = std::make_unique<Main>(
-            MainServices{program, com, time, boxes, traces, folder.path(), {folder.path()}, describePort});
+            MainServices{program, com, time, boxes, traces, folder.path(), {folder.path()}, describePort, [this] {
+                             return AnyComPort(folder.path());
+                         }});
     }
 
     void Open(const QLocale& locale = QLocale::c()) {
