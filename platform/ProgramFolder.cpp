@@ -4,8 +4,18 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+namespace {
+
+// Where packages install programs. An administrator could write there, but nothing of a user's belongs there.
+bool IsSystemFolder(const QString& folder) {
+    const QString path = QFileInfo(folder).canonicalFilePath();
+    return path == u"/usr/bin" || path == u"/usr/local/bin" || path == u"/bin";
+}
+
+}  // namespace
+
 QString ProgramFolder(const QString& beside) {
-    if (QFileInfo(beside).isWritable()) {
+    if (!IsSystemFolder(beside) && QFileInfo(beside).isWritable()) {
         return beside;
     }
     QString own = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);

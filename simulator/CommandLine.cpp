@@ -46,7 +46,8 @@ void AddOptions(CLI::App& app, ProgramOptions& options) {
     app.description(
         "Simulates a KL5276 on a pseudo-terminal and prints the path of its device.\n"
         "SIGUSR1 takes the device away, the next SIGUSR1 brings it back.");
-    AddText(app, "--link", instrument.linkPath, "make a symbolic link to the device; it goes when the program ends")
+    AddText(app, "--link", instrument.linkPath,
+            "make a symbolic link to the device, and its folder; the link goes when the program ends")
         ->check(kNotEmpty)
         ->type_name("PATH");
     app.add_option("--rate", instrument.rate, "understand one rate only; answer noise at others")

@@ -10,6 +10,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <utility>
 
 namespace sim {
@@ -100,6 +101,11 @@ bool PtyLine::MakeLink(const std::string& path, std::string* error) {
             return false;
         }
         ::unlink(path.c_str());
+    }
+    // The user's folder of an installed panel is not there before its first start.
+    std::error_code ignored;  // the link tells what is wrong
+    if (const std::filesystem::path folder = std::filesystem::path(path).parent_path(); !folder.empty()) {
+        std::filesystem::create_directories(folder, ignored);
     }
     if (::symlink(devicePath_.c_str(), path.c_str()) != 0 || ::lstat(path.c_str(), &there) != 0) {
         *error = SystemError(path);

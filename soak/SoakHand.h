@@ -64,6 +64,8 @@ class SoakHand {
   public:
     explicit SoakHand(unsigned seed) : random_(seed) {}
 
+    std::map<QString, int> commands;  // the keys pressed, by name
+
     int Below(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
     bool Chance(int percent) { return Below(100) < percent; }
     template <typename Choices>
@@ -186,7 +188,47 @@ class SoakHand {
         return u"drag in " + picture->objectName();
     }
 
+    // Anywhere in the window; the system hands a turn to what is below the pointer.
+    QString Turn(QWidget* window) {
+        const QPointF place = Within(window);
+        static constexpr std::array kTurns{-360, -120, -15, 15, 120};
+        const QPoint turn(0, Pick(kTurns));
+        QCoreApplication::postEvent(
+            window->windowHandle(),
+            new QWheelEvent(place, window->mapToGlobal(place), {}, turn, Qt::NoButton,
+                            Chance(50) ? Qt::ControlModifier : Qt::NoModifier, Qt::NoScrollPhase, false));
+        return QStringLiteral("wheel");
+    }
+
+    // A key of the main work.
+    QString Command(QWidget* window) {
+        static const QList<QKeyCombination> kCommands{Qt::Key_F5,
+                                                      Qt::Key_F1,
+                                                      Qt::CTRL | Qt::Key_Return,
+                                                      Qt::CTRL | Qt::Key_O,
+                                                      Qt::CTRL | Qt::Key_S,
+                                                      Qt::CTRL | Qt::Key_E,
+                                                      Qt::CTRL | Qt::Key_1,
+                                                      Qt::CTRL | Qt::Key_2,
+                                                      Qt::CTRL | Qt::Key_3,
+                                                      Qt::CTRL | Qt::SHIFT | Qt::Key_O,
+                                                      Qt::CTRL | Qt::Key_Z,
+                                                      Qt::CTRL | Qt::Key_Y,
+                                                      Qt::CTRL | Qt::SHIFT | Qt::Key_Z,
+                                                      Qt::CTRL | Qt::Key_Plus,
+                                                      Qt::CTRL | Qt::Key_Minus,
+                                                      Qt::CTRL | Qt::Key_0};
+        const QKeyCombination keys = Pick(kCommands);
+        Key(window, keys.key(), keys.keyboardModifiers());
+        const QString name = QKeySequence(keys).toString();
+        ++commands[name];
+        return name;
+    }
+
     QString Type(QWidget* window) {
+        if (Chance(20)) {
+            return Chance(30) ? Turn(window) : Command(window);
+        }
         QString text;
         for (int length = Chance(95) ? 1 + Below(6) : 400; length > 0; --length) {
             text += Pick(QStringLiteral("0123456789012345678900..,,--+Ee/xÄ "));
@@ -198,10 +240,10 @@ class SoakHand {
             Key(window, Qt::Key_Return, {}, QStringLiteral("\r"));
             return u"type " + text.left(20);
         }
-        static constexpr std::array kKeys{Qt::Key_Return, Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Escape,
-                                          Qt::Key_Left,   Qt::Key_Up,   Qt::Key_Right,   Qt::Key_Down,
-                                          Qt::Key_Space,  Qt::Key_Home, Qt::Key_Delete,  Qt::Key_Backspace,
-                                          Qt::Key_A,      Qt::Key_D,    Qt::Key_F4,      Qt::Key_Menu};
+        static constexpr std::array kKeys{
+            Qt::Key_Return, Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Escape, Qt::Key_Left,   Qt::Key_Up,
+            Qt::Key_Right,  Qt::Key_Down, Qt::Key_Space,   Qt::Key_Home,   Qt::Key_Delete, Qt::Key_Backspace,
+            Qt::Key_A,      Qt::Key_D,    Qt::Key_F4,      Qt::Key_Menu,   Qt::Key_PageUp, Qt::Key_PageDown};
         const int key = Pick(kKeys);
         Key(window, key, key < Qt::Key_Escape ? Qt::AltModifier : Qt::NoModifier);
         return QStringLiteral("key %1").arg(key, 0, 16);

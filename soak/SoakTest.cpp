@@ -46,6 +46,9 @@ class WholeSoak : public WholeBench {
             RunOnce();
         }
         timer_.stop();
+        for (const auto& [keys, times] : hand_.commands) {
+            Reached()[keys] = times;
+        }
     }
 
     std::map<QString, int>& Reached() { return desktop_.shown; }
@@ -208,6 +211,12 @@ class WholeSoak : public WholeBench {
         EXPECT_TRUE(SaveConstructionFile(CreateConstructionFile(points)));
         QFile whole(setting);
         EXPECT_TRUE(whole.open(QFile::ReadOnly));
+        QFile recording(folder.filePath(QStringLiteral("good.csv")));
+        EXPECT_TRUE(recording.open(QFile::WriteOnly));
+        recording.write("s,V,V\n");
+        for (int row = 0; row < 100; ++row) {
+            recording.write(QByteArray::number(row * 1e-3) + ',' + QByteArray::number(row % 7) + ",-1.5\n");
+        }
         broken_ = QStringList{QStringLiteral("cut.set"), QStringLiteral("cut.con"), QStringLiteral("empty.con")};
         for (const QString& name : std::as_const(broken_)) {
             QFile file(folder.filePath(name));
@@ -232,7 +241,9 @@ class WholeSoak : public WholeBench {
 
     // Every file that the program has written can be used again, and nothing else lies about.
     void CheckFiles() {
-        for (const QString& name : Files()) {
+        QStringList files = Files();
+        files.removeIf([](const QString& name) { return name.endsWith(u".csv"); });
+        for (const QString& name : std::as_const(files)) {
             const std::string path = folder.filePath(name).toStdString();
             PanelState state;
             ArbMemories memories;
@@ -321,6 +332,11 @@ class WholeSoak : public WholeBench {
         Count(QStringLiteral("steps in a modal box in an operation"), modal && Running());
         Count(QStringLiteral("steps with comset"), Window("comset") != nullptr);
         Count(QStringLiteral("steps with formula"), Window("formula") != nullptr);
+        Count(QStringLiteral("steps with recording"), Window("recording") != nullptr);
+        Count(QStringLiteral("steps with guide"), Window("guide") != nullptr);
+        Count(QStringLiteral("steps with a change that is not set yet"),
+              panel.Get<QLabel>("linkstate")->text().contains(u"changed"));
+        Count(QStringLiteral("steps with a step to redo"), redo_);
         Count(QStringLiteral("steps with about"), Window("about") != nullptr);
         Count(QStringLiteral("steps with a trace copied"),
               program.editor.CopyStart == 0 && program.editor.CopyEnd == 2048);
@@ -342,6 +358,7 @@ class WholeSoak : public WholeBench {
                   isOn(QStringLiteral("opPenmode_%1").arg(pen)));
         }
         Count(u"steps with a spline in " + mode, isOn(QStringLiteral("Opintmode_1")));
+        redo_ = form->findChild<QAction*>(QStringLiteral("mnuredo"))->isEnabled();
         const bool large = form->findChild<QAction*>(QStringLiteral("mnu16ksig"))->isChecked();
         Count(QStringLiteral("steps in 16K"), large);
         lastAdr_ = (large ? kMemory16k : kMemory4k).LastAdr;
@@ -358,6 +375,7 @@ class WholeSoak : public WholeBench {
     bool fromOutside_ = false;  // PanelState may hold what an instrument has reported
     bool transferring_ = false;
     bool editorShown_ = false;
+    bool redo_ = false;
     int lastAdr_ = 0;     // of the editor's size
     QStringList broken_;  // files that were never whole
 };
