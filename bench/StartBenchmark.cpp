@@ -59,7 +59,15 @@ struct Program {
     explicit Program(const QString& folder)
         : com([](int) { return QString(); }),
           desktop(folder + QStringLiteral("/bench.set")),
-          form({program, com, clock, desktop, ziel, folder, {}, [](int, bool) { return QString(); }}) {
+          form({program,
+                com,
+                clock,
+                desktop,
+                ziel,
+                folder,
+                {},
+                [](int, bool) { return QString(); },
+                [] { return true; }}) {
         form.Main_Form_Load();
         form.show();
     }

@@ -308,8 +308,12 @@ class WholeSoak : public WholeBench {
             return QStringLiteral("the hourglass or the progress bar has stayed");
         }
         const bool up = program.link.LinkUp == 1;
-        return panel.Checked("cRM") != up || (up && !panel.form->windowTitle().contains(u"Unit:"))
-                   ? QStringLiteral("the panel does not show the link")
+        const QString title = panel.form->windowTitle();
+        return panel.Checked("cRM") != up || (up && !title.contains(u"Unit:"))
+                   ? QStringLiteral("LinkUp %1, but \"Remote On\" %2 and the title %3")
+                         .arg(up)
+                         .arg(panel.Checked("cRM"))
+                         .arg(title)
                    : QString();
     }
 
