@@ -22,8 +22,7 @@ struct FakeHost : EditorHost {
 };
 
 // The form Editor, shown and active, on real files in a folder of its own. Each sample is its address modulo 1000.
-class EditorBench : public ::testing::Test, public FormHands<Editor> {
-  public:
+struct EditorBench : ::testing::Test, FormHands<Editor> {
     EditorBench() {
         program.numbers = UserNumbers(QLocale::c());
         for (const MemorySize* const size : kMemorySizes) {

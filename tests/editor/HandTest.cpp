@@ -13,7 +13,6 @@ struct EditorHand : EditorBench {
         const auto* const item = Get<QAction>(name);
         return item->isEnabled() ? item->text() : u'(' + item->text() + u')';
     }
-    QString View() { return Says("viewrange"); }
     QString Told() { return Get<QLabel>("hint")->toolTip(); }
 };
 
@@ -129,11 +128,11 @@ TEST_F(EditorHand, EscapeDropsWhatThePenHasBegun) {
 }
 
 TEST_F(EditorHand, TheViewClosesInAndOpensByKeysAndWheel) {
-    EXPECT_EQ(View(), u"1000 to 2000 of 4095");
+    EXPECT_EQ(Says("viewrange"), u"1000 to 2000 of 4095");
     const auto keys = [this](int key, const char16_t* view) {
         Keys(key);
         QCoreApplication::processEvents();
-        EXPECT_EQ(View(), QStringView(view));
+        EXPECT_EQ(Says("viewrange"), QStringView(view));
     };
     keys(Qt::Key_Plus, u"1250 to 1750 of 4095");  // without the pointer: around the middle
     keys(Qt::Key_Minus, u"1000 to 2000 of 4095");
@@ -151,9 +150,9 @@ TEST_F(EditorHand, TheViewClosesInAndOpensByKeysAndWheel) {
                          Qt::NoScrollPhase, false);
         QApplication::sendEvent(form.get(), &turn);
     }
-    EXPECT_EQ(View(), u"0 to 4095 of 4095");
+    EXPECT_EQ(Says("viewrange"), u"0 to 4095 of 4095");
     QCoreApplication::processEvents();
-    EXPECT_EQ(View(), u"875 to 1387 of 4095");
+    EXPECT_EQ(Says("viewrange"), u"875 to 1387 of 4095");
 }
 
 TEST_F(EditorHand, TheTableIsSavedAsText) {

@@ -110,7 +110,8 @@ TEST_F(EntryFields, SweepFieldsFollowTheSweepOption) {
 }
 
 TEST_F(EntryFields, BothSeparatorsArriveAsTheUsers) {
-    ShowDecimalCommas();
+    program.numbers = UserNumbers(QLocale(QLocale::German, QLocale::Germany));
+    form->RefreshPanel();
     EXPECT_EQ(Text("Text1"), u"1,0000000");
     Type("Text1", "2.5");
     EXPECT_EQ(Text("Text1"), u"2,5");

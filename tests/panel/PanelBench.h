@@ -70,8 +70,4 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
 
 struct OpenPanel : PanelBench {
     void SetUp() override { Open(); }
-    void ShowDecimalCommas() {
-        program.numbers = UserNumbers(QLocale(QLocale::German, QLocale::Germany));
-        form->RefreshPanel();
-    }
 };

@@ -19,8 +19,7 @@ namespace {
 constexpr qint64 kAtOnceMs = 15'000;  // half of the time limit: enough on the slowest machine
 constexpr int kHastyTenths = 3;
 
-class TraceSources : public ::testing::Test {
-  public:
+struct TraceSources : ::testing::Test {
     sim::TraceOptions Options(const sim::TraceFaults& faults = {}) const {
         return {folder.filePath(QStringLiteral("qd204e")).toStdString(),
                 {*sim::TraceShape("ramp"), *sim::TraceShape("burst")},
