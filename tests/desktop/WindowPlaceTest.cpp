@@ -86,9 +86,7 @@ struct WindowPlaces : PanelBench {
         desktop.chosen = folder.filePath(QStringLiteral("a.set"));
         desktop.answer = true;
         Get<QAction>("mnueditor")->trigger();
-        for (QWidget* const window : QApplication::topLevelWidgets()) {
-            editor = window->objectName() == u"Editor" && window->isVisible() ? window : editor;
-        }
+        editor = EditorWindow();
         ASSERT_TRUE(ComesToState(*editor, state));
     }
     void CloseAndExpect(qint16 state) {

@@ -22,8 +22,7 @@ struct FakeHost : EditorHost {
 };
 
 // The form Editor, shown and active, on real files in a folder of its own. Each sample is its address modulo 1000.
-class EditorBench : public ::testing::Test, public FormHands<Editor> {
-  public:
+struct EditorBench : ::testing::Test, FormHands<Editor> {
     EditorBench() {
         program.numbers = UserNumbers(QLocale::c());
         for (const MemorySize* const size : kMemorySizes) {
@@ -87,6 +86,18 @@ class EditorBench : public ::testing::Test, public FormHands<Editor> {
         Click("opEditmode_1");
         Execute(con, std::string("delete from ARB4; insert into ARB4 values ") + points);
         Tick();
+    }
+    QString Says(const char* label) { return Get<QLabel>(label)->text(); }
+    // Types over what a field of any kind holds.
+    void TypeOver(const char* field, const char* text) {
+        Get(field)->setFocus();
+        QTest::keyClick(Get(field), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(Get(field), QString::fromLatin1(text));
+    }
+    // Whether this window of the editor is open.
+    bool Stands(const char* window) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return form->findChild<QDialog*>(QString::fromLatin1(window)) != nullptr;
     }
 
     const MemorySize& Size() { return Get<QAction>("mnu4ksig")->isChecked() ? kMemory4k : kMemory16k; }

@@ -1,5 +1,3 @@
-#include <QCheckBox>
-
 #include "EditorBench.h"
 
 namespace {
@@ -13,17 +11,9 @@ struct FormulaForm : EditorBench {
         EXPECT_TRUE(window != nullptr && Activate(window));
         return window;
     }
-    void TypeFormula(const char* formula) {
-        Get("expression")->setFocus();
-        QTest::keyClick(Get("expression"), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(Get("expression"), QString::fromLatin1(formula));
-    }
+    void TypeFormula(const char* formula) { TypeOver("expression", formula); }
     QString Formula() { return Get<FormulaField>("expression")->toPlainText(); }
-    QString Says(const char* label) { return Get<QLabel>(label)->text(); }
-    bool Standing() {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return form->findChild<FormulaWindow*>(QStringLiteral("formula")) != nullptr;
-    }
+    bool Standing() { return Stands("formula"); }
     QString Table() { return Rows(set, "ARB4") + Rows(set, "ARB16"); }
 
     const QString before = Table();

@@ -19,13 +19,12 @@ struct Imports : EditorBench {
 TEST_F(Imports, ReadsAChannelStepByStepAndTakesUpThePastePen) {
     for (const auto& [item, request] : {std::pair("mnurdbincha", u"getbincha"), {"mnurdbinchb", u"getbinchb"}}) {
         ziel.steps.clear();
-        state.CopyEnd = 0;
+        state.CopyStart = state.CopyEnd = 9;
         Choose(item);
         EXPECT_EQ(ziel.steps.join(u'|'),
                   QStringLiteral("topic qd204e|dde|item data|mode 2|execute %1|request|mode 0").arg(request));
         EXPECT_TRUE(Checked("opPenmode_3"));
-        EXPECT_EQ(state.CopyStart, 0);
-        EXPECT_EQ(state.CopyEnd, 2048);
+        EXPECT_EQ(std::pair(state.CopyStart, state.CopyEnd), (std::pair<qint16, qint16>(0, 2048)));
         EXPECT_EQ(state.CopyBuffer[1], -1500);
         EXPECT_EQ(state.CopyBuffer[2048], 1500);
         Click("opPenmode_0");
@@ -69,7 +68,6 @@ TEST_F(Imports, MultipleRepeatsTheTraceThroughTheWholeMemory) {
     EXPECT_EQ(Part(set, "ARB16", 2047, 2048), u"16384: 2047=1500 2048=-1500");
     EXPECT_EQ(Part(set, "ARB16", 14350, 14351), u"16384: 14350=-1500 14351=-1477");
     EXPECT_EQ(Part(set, "ARB16", 16383, 32767), u"16384: 16383=1500");
-
     Guard(set, "ARB16", 9000);
     Choose("mnuchamulti");
     EXPECT_EQ(desktop.boxes.size(), 2);  // the question for a construction file, and the fault
@@ -79,7 +77,6 @@ TEST_F(Imports, FitToSignalMakesEachSampleAPoint) {
     Choose("mnuchafit");  // no file is chosen
     EXPECT_TRUE(Checked("opEditmode_0"));
     EXPECT_EQ(program.ConstructionFileName.Name(), QString());
-    EXPECT_EQ(state.CopyEnd, 2048);
     desktop.chosen = con;
     Choose("mnuchafit");
     ExpectChecked({"opEditmode_1", "opPenmode_0"});

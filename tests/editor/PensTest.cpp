@@ -113,10 +113,12 @@ TEST_F(Entry, HoldsEachNumberToItsRangeAndStoresItAtOnce) {
     ExpectMemory("16383=383 16384=2047");  // beyond the last record: added
     Choose("mnu4ksig");
     ExpectMemory("1499=499 1500=-2047 1501=501");
-    Type("Text1_0", "5000");
-    Click("Text1_1");  // leaves the address as it was typed
-    Enter("Text1_1", "5-");
-    EXPECT_EQ(Rows(set, "ARB4 where Adr >= 4095"), u"4095=95 5000=5");
+    for (const char* const far : {"5000", "40000"}) {  // the second is more than a record can have
+        Type("Text1_0", far);
+        Click("Text1_1");  // leaves the address as it was typed
+        Enter("Text1_1", "5-");
+    }
+    EXPECT_EQ(Rows(set, "ARB4 where Adr not between 0 and 4094"), u"4095=95 5000=5");
     Click("opPenmode_1");
     EXPECT_TRUE(HasFocus("Text1_0"));  // the keyboard goes on with the address
 }

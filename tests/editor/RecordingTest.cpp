@@ -25,17 +25,13 @@ struct RecordingForm : EditorBench {
         ASSERT_TRUE(window != nullptr && Activate(window));
         EXPECT_TRUE(QTest::qWaitFor([this] { return !Says("found").startsWith(u"Reading"); }));
     }
-    QString Says(const char* label) { return Get<QLabel>(label)->text(); }
     QString Sets() {
         return QStringList{Get<QLineEdit>("frequency")->text(), Says("frequencyUnit"), Get<QLineEdit>("level")->text(),
                            Get<QLineEdit>("offset")->text()}
             .join(u' ');
     }
     bool Ready() { return Get("cbok")->isEnabled(); }
-    bool Standing() {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return form->findChild<RecordingWindow*>(QStringLiteral("recording")) != nullptr;
-    }
+    bool Standing() { return Stands("recording"); }
     QStringList Listed() {
         QStringList lines;
         for (QTreeWidgetItemIterator item(Get<QTreeWidget>("channels")); *item != nullptr; ++item) {
@@ -105,11 +101,8 @@ TEST_F(RecordingForm, TakesThePartAndTheScaleThatAreChosen) {
     Click("whole");
     EXPECT_EQ(Get<QSpinBox>("first")->value(), 1);
     EXPECT_EQ(Get<QSpinBox>("last")->value(), 8192);
-    for (const auto& [field, row] : {std::pair("first", "4097"), {"last", "1"}}) {
-        Get<QSpinBox>(field)->setFocus();
-        Get<QSpinBox>(field)->selectAll();
-        QTest::keyClicks(Get(field), QString::fromLatin1(row));
-    }
+    TypeOver("first", "4097");
+    TypeOver("last", "1");
     EXPECT_EQ(Sets(), u"24.4081 Hz 4.0960 2.0480");  // 4097 rows, either way round
     Click("scale_2");
     EXPECT_EQ(Sets(), u"24.4081 Hz 8.1920 0.0000");
@@ -125,9 +118,7 @@ TEST_F(RecordingForm, IsReadyToPasteWithoutAnOldSampleInFront) {
     state.CopyBuffer.fill(99);
     OpenText("V\n1\n-1\n");
     Click("use_0");
-    Get<QSpinBox>("addresses")->setFocus();
-    Get<QSpinBox>("addresses")->selectAll();
-    QTest::keyClicks(Get("addresses"), QStringLiteral("100"));
+    TypeOver("addresses", "100");
     EXPECT_EQ(Sets(), u"unknown  2.0000 0.0000");
     Key(Qt::Key_Return);
     EXPECT_TRUE(!Standing() && Checked("opPenmode_3"));

@@ -69,14 +69,13 @@ TEST_F(Commands, LevelGoesOutBehindTheFloorOfItsRange) {
 }
 
 TEST_F(Commands, SetCutsTheTriangularSignalAloneAndSendsNoiseNoFrequency) {
-    const std::tuple<quint8, double, double, const char16_t*> cases[] = {{2, 2.0e6, 1.0e6, u"frq:01000000.0000"},
-                                                                         {2, 1.0e6, 1.0e6, u"frq:01000000.0000"},
-                                                                         {3, 5.0e6, 5.0e6, u"frq:05000000.0000"},
-                                                                         {6, 15.0e6, 15.0e6, u"frq:15000000.0000"},
-                                                                         {7, 2.0e6, 2.0e6, u""},
-                                                                         {8, 2.0e6, 2.0e6, u""}};
-    for (const auto& [bmSignal, before, after, frequency] : cases) {
-        panel.bmSignal = bmSignal;
+    for (const auto& [bmSignal, before, after, frequency] : {std::tuple(2, 2.0e6, 1.0e6, u"frq:01000000.0000"),
+                                                             {2, 1.0e6, 1.0e6, u"frq:01000000.0000"},
+                                                             {3, 5.0e6, 5.0e6, u"frq:05000000.0000"},
+                                                             {6, 15.0e6, 15.0e6, u"frq:15000000.0000"},
+                                                             {7, 2.0e6, 2.0e6, u""},
+                                                             {8, 2.0e6, 2.0e6, u""}}) {
+        panel.bmSignal = static_cast<quint8>(bmSignal);
         panel.mFreq = before;
         Sent(&SettingCommands::SendAllToUnit);
         EXPECT_EQ(line.Lines().filter(QStringLiteral("frq")).join(u' '), frequency);

@@ -21,11 +21,7 @@ struct TransferPaces : LinkBench {
         const std::span<qint16> samples = size.samples(program.memories);
         std::fill(samples.begin(), samples.begin() + zeros, qint16{0});
         std::fill(samples.begin() + zeros, samples.end(), qint16{-2047});
-        line.reply = [samples](const QString& command, const QString&) -> QByteArray {
-            const auto address = static_cast<std::size_t>(command.section(u':', 1).section(u'=', 0, 0).toInt());
-            return command.endsWith(u'?') ? command.chopped(1).toLatin1() + QByteArray::number(samples[address]) + '\r'
-                                          : QByteArray();
-        };
+        line.reply = [samples](const QString& command, const QString&) { return PointReply(command, samples); };
     }
 
     // The share by which the worst estimate behind the first 5 % is wrong.

@@ -1,13 +1,9 @@
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "overview/AboutForm.h"
 #include "overview/Manuals.h"
 #include "support/FakeDesktop.h"
+#include "support/FormHands.h"
 
 namespace {
 
@@ -42,14 +38,10 @@ TEST(About, WebSiteOpensByMouseAndKey) {
     }
     EXPECT_EQ(desktop.viewed, QList<QUrl>(3, QUrl(QStringLiteral("https://trx5276.example"))));
     EXPECT_TRUE(form->isVisible());
-    for (const char* const label : {"Label2", "Label5", "Label6", "Label7", "Label8", "Label13"}) {
-        EXPECT_FALSE(form->findChild<QLabel*>(QString::fromLatin1(label))->text().isEmpty()) << label;
-    }
-    EXPECT_GT(form->findChild<QLabel*>(QStringLiteral("Label1"))->font().pointSizeF(), Label14->font().pointSizeF());
     for (const Qt::GlobalColor paper : {Qt::white, Qt::black}) {  // a dark theme may keep the blue of a light one
         form->setPalette(QPalette(paper));
         const QColor link(Label14->text().section(u'"', 3, 3).section(u' ', 1));
-        EXPECT_GT(std::abs(qGray(link.rgb()) - qGray(QColor(paper).rgb())), 100) << link.name().toStdString();
+        EXPECT_TRUE(IsReadable(link, paper)) << link.name().toStdString();
     }
 }
 

@@ -21,8 +21,7 @@ TEST(OverviewStrokes, DrawEachFixedForm) {
     EXPECT_TRUE(OverviewStrokes(9, ArbMemories()).empty());
 }
 
-class OverviewPicture : public testing::Test {
-  protected:
+struct OverviewPicture : ::testing::Test {
     OverviewPicture() {
         Picture1.resize(420, 230);
         Picture1.show();

@@ -13,8 +13,8 @@
 // The form Main, shown and active, on a scripted line, clock and desktop, in a folder of its own.
 class PanelBench : public ::testing::Test, public FormHands<Main> {
   public:
-    explicit PanelBench(const QLocale& locale = QLocale::c()) {
-        program.numbers = UserNumbers(locale);
+    PanelBench() {
+        program.numbers = UserNumbers(QLocale::c());
         line.reply = [](const QString& command, const QString&) -> QByteArray {
             return command == u"sta?" ? "OT0 RFI SW0 SIN AM0 SK0 CTM VPP\r" : command.endsWith(u'?') ? "0\r" : "";
         };
@@ -53,6 +53,14 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
         Get<QCheckBox>("cRM")->setChecked(true);
     }
 
+    static QWidget* EditorWindow() {
+        QWidget* editor = nullptr;
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            editor = window->objectName() == u"Editor" && window->isVisible() ? window : editor;
+        }
+        return editor;
+    }
+
     ProgramState program;
     PanelState& panel = program.panel;
     ScriptedClock clock;
@@ -64,6 +72,5 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
 };
 
 struct OpenPanel : PanelBench {
-    using PanelBench::PanelBench;
     void SetUp() override { Open(); }
 };

@@ -160,12 +160,7 @@ TEST(RecordingForms, SeparatorsAndNumbers) {
         {"t\tU\n0\t1,234,567\n1\t2,345\n2\t0.5\n", "U: 1234567 2345 0.5 [t] every 1 s"},
         {"t;U\n0;1,234\n1;2,345\n", "U: 1.234 2.345 [t] every 1 s"},
         {"t\tU\n0\t1,234\n1\t2,345\n", "U: 1234 2345 [t] every 1 s", {.decimalMark = '.'}},
-        {"t;U\n0;\302\240"
-         "1\342\200\257"
-         "234,5\n1;\342\210\222"
-         "2\302\240"
-         "345,5\n",
-         "U: 1234.5 -2345.5 [t] every 1 s"},
+        {"t;U\n0;\u00a01\u202f234,5\n1;\u22122\u00a0345,5\n", "U: 1234.5 -2345.5 [t] every 1 s"},
         // Units in the cells
         {"t;U\n0 ms;1.5V\n1 ms;20 mV\n2 ms;-1 V\n", "U (V): 1.5 0.02 -1 [t (s)] every 1 ms"},
         {"0 s 900 mV\n1 s 1.1 V\n2 s 1 V\n", "column 3 (V): 0.9 1.1 1 [column 1 (s)] every 1 s"},
@@ -180,10 +175,8 @@ TEST(RecordingForms, TimesAndSteps) {
         {"2024-01-05T12:00:00.00Z,1\n2024-01-05T12:00:00.25Z,2\n", "column 2: 1 2 [column 1] every 250 ms"},
         {"1/5/2024 11:59:59 PM,1\n1/6/2024 12:00:00 AM,2\n1/6/2024 12:00:01 AM,1\n",
          "column 2: 1 2 1 [column 1] every 1 s"},
-        {"Date;Time;T (\302\260"
-         "C)\n05.11.2024;12:00;20,5\n05.11.2024;12:10;20,6\n",
-         "T (\302\260"
-         "C): 20.5 20.6 [Date, Time] every 600 s"},
+        {"Date;Time;T (\u00b0C)\n05.11.2024;12:00;20,5\n05.11.2024;12:10;20,6\n",
+         "T (\u00b0C): 20.5 20.6 [Date, Time] every 600 s"},
         {"Elapsed,CH1\n00:59.5,1\n01:00.0,2\n", "CH1: 1 2 [Elapsed] every 500 ms"},
         {"No.,Time,ms,CH1\n1,12:00:00,0,+0.5\n2,12:00:00,500,+0.6\n3,12:00:01,0,+0.5\n",
          "CH1: 0.5 0.6 0.5 [No., Time, ms]"},

@@ -26,25 +26,11 @@ TEST(KeyFilter, PassesTheKeysOfEachClass) {
     }
 }
 
-TEST(FrequencyRules, HoldsTheEntryInHertzWithinInclusiveBounds) {
-    const std::tuple<double, int, double, bool> cases[] = {
-        {0.0001, 0, 0.0001, false}, {0.00009, 0, 0.0001, true}, {0.0000001, 1, 0.0001, false},
-        {0.0, 0, 0.0001, true},     {15.0, 2, 15.0e6, false},   {15.0000001, 2, 15.0e6, true},
-        {100.0, 2, 15.0e6, true},   {0.5, 2, 5.0e5, false},     {2000.0, 0, 2000.0, false},
-        {2.0, 1, 2000.0, false},    {7.0, -1, 7.0, false}};
-    for (const auto& [entry, unit, hertz, outOfRange] : cases) {
-        const Held held = HoldFrequency(entry, unit, kPoint);
-        EXPECT_DOUBLE_EQ(held.value, hertz) << entry << ' ' << unit;
-        EXPECT_EQ(!held.hint.isEmpty(), outOfRange) << entry << ' ' << unit;
-    }
-    EXPECT_EQ(HoldFrequency(16.0, 2, kComma).hint, u"Frequencyrange: 0,0001 to 15000000,0000");
-}
-
 TEST(FrequencyRules, TheToolTipNamesTheMaximumOfEachForm) {
     quint8 bmSignal = 0;
-    for (const char16_t* const maximum : {u" 15MHz", u" 15MHz", u" 1MHz", u" 100kHz", u" 100kHz",
-                                          u" 10MHz (sampling rate 40MHz)", u" 10MHz (sampling rate 40MHz)", u" mode"}) {
-        EXPECT_TRUE(FrequencyToolTip(bmSignal).endsWith(QString::fromUtf16(maximum))) << int{bmSignal};
+    for (const char16_t* const maximum :
+         {u" 15MHz", u" 15MHz", u" 1MHz", u" 100kHz", u" 100kHz", u" 10MHz", u" 10MHz", u" noise mode"}) {
+        EXPECT_TRUE(FrequencyToolTip(bmSignal).contains(QStringView(maximum))) << int{bmSignal};
         ++bmSignal;
     }
 }
@@ -64,27 +50,21 @@ TEST(LevelRules, HoldsALevelWithinTheBoundsOfItsUnit) {
     }
 }
 
-TEST(LevelRules, SumTestIsStrictAndTakesTheSign) {
-    const std::tuple<double, double, quint8, Truth, bool> cases[] = {
-        {1.0, 0.5, 2, kTrue, false},   {1.0001, 0.5, 2, kTrue, true}, {1.7, 0.15, 2, kTrue, false},
-        {12.0, -5.0, 3, kTrue, false}, {12.0, 5.0, 3, kTrue, true},   {0.1, 0.05, 1, kTrue, false},
-        {6.0, 0.75, 3, kFalse, false}, {6.0, 0.757, 3, kFalse, true}, {0.07, -0.05, 1, kFalse, false}};
-    for (const auto& [level, offset, range, vpp, exceeds] : cases) {
-        const Held held = HoldLevelBesideOffset(level, offset, range, vpp, kPoint);
-        EXPECT_EQ(!held.hint.isEmpty(), exceeds) << level << ' ' << offset;
-        EXPECT_EQ(held.value < level, exceeds) << level << ' ' << offset;
-    }
-}
-
 TEST(LevelRules, TheSideThatGivesWayMeetsTheBound) {
-    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(6.0, 0.9, 3, kFalse, kPoint).value, 7.07 - 0.9 * std::sqrt(2.0));
-    // Never below the range, never raised.
-    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(0.3, 0.5, 2, kFalse, kPoint).value, 0.071);
-    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(0.0705, 5.0, 3, kFalse, kPoint).value, 0.0705);
-    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(8.0, -0.1, 3, kFalse, kPoint).value, 7.07);
-
+    const double root = std::sqrt(2.0);
+    const std::tuple<double, double, quint8, Truth, double> cases[] = {
+        {1.0, 0.5, 2, kTrue, 1.0},    {1.0001, 0.5, 2, kTrue, 1.0},   {1.7, 0.15, 2, kTrue, 1.7},
+        {12.0, -5.0, 3, kTrue, 12.0}, {12.0, 5.0, 3, kTrue, 10.0},    {0.1, 0.05, 1, kTrue, 0.1},
+        {6.0, 0.75, 3, kFalse, 6.0},  {0.07, -0.05, 1, kFalse, 0.07}, {6.0, 0.757, 3, kFalse, 7.07 - 0.757 * root},
+        {0.3, 0.5, 2, kFalse, 0.071}, {8.0, -0.1, 3, kFalse, 7.07}};
+    for (const auto& [level, offset, range, vpp, wanted] : cases) {
+        const Held held = HoldLevelBesideOffset(level, offset, range, vpp, kPoint);
+        EXPECT_DOUBLE_EQ(held.value, wanted) << level << ' ' << offset;
+        EXPECT_EQ(held.hint.isEmpty(), held.value == level) << level << ' ' << offset;
+    }
+    EXPECT_DOUBLE_EQ(HoldLevelBesideOffset(0.0705, 5.0, 3, kFalse, kPoint).value, 0.0705);  // never raised
     EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(0.4, 1.5, 2, kTrue, kPoint).value, 0.25);
-    EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(4.0, 6.0, 3, kFalse, kPoint).value, (20.0 - 12.0 * std::sqrt(2.0)) / 2.0);
+    EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(4.0, 6.0, 3, kFalse, kPoint).value, (20.0 - 12.0 * root) / 2.0);
     // Never of the other sign, never raised.
     EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(3.0, 25.0, 3, kTrue, kPoint).value, 0.0);
     EXPECT_DOUBLE_EQ(HoldOffsetBesideLevel(5.0, 1.0, 3, kFalse, kPoint).value, 5.0);

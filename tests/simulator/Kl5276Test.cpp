@@ -1,12 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
-#include <string>
-#include <vector>
 
-#include "simulator/CommandLine.h"
 #include "simulator/Kl5276.h"
-#include "simulator/OptionKinds.h"
 
 namespace {
 
@@ -88,31 +84,6 @@ TEST(Kl5276, MemoryWritesCountOnlyWhileThatMemoryIsOpen) {
                                     "arp16:7=0", "arp16:1=12", "arp4:1=0", "arp16:16384=-2047"}) {
         const std::string point(reply, std::string(reply).find('=') + 1);
         EXPECT_EQ(unit.Take(point + '?'), reply);
-    }
-}
-
-// The sentence that the program says of its arguments; empty if it takes them.
-std::string OutcomeOf(std::vector<std::string> arguments, sim::ProgramOptions options = {}) {
-    CLI::App app;
-    sim::AddOptions(app, options);
-    std::ranges::reverse(arguments);
-    try {
-        app.parse(arguments);
-    } catch (const CLI::ParseError& outcome) {
-        return outcome.what();
-    }
-    return {};
-}
-
-TEST(CommandLine, NamesTheOptionItCannotTake) {
-    const std::vector<std::vector<std::string>> table{
-        {"--rat", "9600"},      {"stray"},           {"--rate"},           {"--rate", "9601"},
-        {"--rate", "9600x"},    {"--link", ""},      {"--log=yes"},        {"--byte-delay", "-1"},
-        {"--cut-reply", "abc"}, {"--stall", "4000"}, {"--stall", "1,2,3"}, {"--mute-after", "99999999999999999999"}};
-    for (const auto& arguments : table) {
-        const std::string outcome = OutcomeOf(arguments);
-        const std::string name = arguments[0].substr(arguments[0].find_first_not_of('-'));
-        EXPECT_NE(outcome.find(name.substr(0, name.find('='))), std::string::npos) << name << ": " << outcome;
     }
 }
 

@@ -19,22 +19,7 @@ namespace {
 constexpr qint64 kAtOnceMs = 15'000;  // half of the time limit: enough on the slowest machine
 constexpr int kHastyTenths = 3;
 
-// A variable of the environment has its value again when this goes.
-class KeptVariable {
-  public:
-    explicit KeptVariable(const char* name)
-        : name_(name), wasSet_(qEnvironmentVariableIsSet(name)), value_(qgetenv(name)) {}
-    ~KeptVariable() { wasSet_ ? qputenv(name_, value_) : qunsetenv(name_); }
-    Q_DISABLE_COPY_MOVE(KeptVariable)
-
-  private:
-    const char* const name_;
-    const bool wasSet_;
-    const QByteArray value_;
-};
-
-class TraceSources : public ::testing::Test {
-  public:
+struct TraceSources : ::testing::Test {
     sim::TraceOptions Options(const sim::TraceFaults& faults = {}) const {
         return {folder.filePath(QStringLiteral("qd204e")).toStdString(),
                 {*sim::TraceShape("ramp"), *sim::TraceShape("burst")},
@@ -160,8 +145,7 @@ TEST_F(TraceSources, SaysWhyThereCanBeNoSocket) {
 }
 
 TEST_F(TraceSources, MeetsThePanelInTheUsersOwnFolder) {
-    const KeptVariable runtime("XDG_RUNTIME_DIR");
-    const KeptVariable temporaryFolder("TMPDIR");
+    const QByteArray formerTemporary = qgetenv("TMPDIR");
     SocketDdeLink everywhere;
     sim::TraceOptions options = Options();
     options.socket = "qd204e";
@@ -171,13 +155,13 @@ TEST_F(TraceSources, MeetsThePanelInTheUsersOwnFolder) {
         qputenv("XDG_RUNTIME_DIR", hasRuntime ? own.path().toUtf8() : own.filePath(QStringLiteral("none")).toUtf8());
         qputenv("TMPDIR", temporary.path().toUtf8());
         sim::TraceSource source(options);
-        std::string error;
-        ASSERT_TRUE(source.Start(&error)) << error;
+        ASSERT_EQ(StartFault(source), "");
         EXPECT_EQ(source.SocketPath(), (hasRuntime ? own : temporary).filePath(QStringLiteral("qd204e")).toStdString());
         everywhere.SetLinkTopic(QStringLiteral("qd204e|dde"));
         EXPECT_TRUE(everywhere.SetLinkMode(2));
         everywhere.SetLinkMode(0);
     }
+    qputenv("TMPDIR", formerTemporary);
 }
 
 TEST_F(TraceSources, OfAnotherUserAreNotTaken) {
@@ -187,14 +171,13 @@ TEST_F(TraceSources, OfAnotherUserAreNotTaken) {
     constexpr uid_t kNobody = 65534;
     ASSERT_EQ(::chmod(folder.path().toUtf8().constData(), 0777), 0);
     sim::TraceSource source(Options());
-    std::string error;
+    sim::TraceSource second(Options());
     ASSERT_EQ(::seteuid(kNobody), 0);
-    const bool started = source.Start(&error);
+    const std::string fault = StartFault(source);
     ASSERT_EQ(::seteuid(0), 0);
-    ASSERT_TRUE(started) << error;
+    ASSERT_EQ(fault, "");
     EXPECT_EQ(FailingStep(), "initiate");
-    EXPECT_FALSE(sim::TraceSource(Options()).Start(&error));
-    EXPECT_NE(error.find("another user's socket"), std::string::npos) << error;
+    EXPECT_NE(StartFault(second).find("another user's socket"), std::string::npos);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <tuple>
 
 #include "storage/SettingFile.h"
 #include "support/DatabaseHands.h"

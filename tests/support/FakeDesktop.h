@@ -12,7 +12,6 @@ class FakeDesktop : public Desktop {
     QStringList boxes;  // "title|text" of each message box and question, in order; "busy" ahead under the hourglass
     QList<QUrl> viewed;
     int beeps = 0;
-    int informations = 0;  // of the boxes, those that are no warning
     bool busy = false;
     bool answer = false;                   // to questions
     Default defaultAnswer = Default::Yes;  // of the last question
@@ -26,10 +25,7 @@ class FakeDesktop : public Desktop {
             whileShown();
         }
     }
-    void Information(const QString& text, const QString& title) override {
-        ++informations;
-        MessageBox(text, title);
-    }
+    void Information(const QString& text, const QString& title) override { MessageBox(text, title); }
     bool Question(const QString& text, const QString& title, Default enter) override {
         boxes += title + u'|' + text;
         defaultAnswer = enter;
@@ -51,18 +47,12 @@ class FakeDesktop : public Desktop {
 };
 
 struct FakeFront : LinkFront {
-    bool remoteChecked = false;
-    QString transfer;  // "text|last" of the last transfer
-    QList<int> progress;
     bool hidden = false;
-    bool held = false;
 
-    void CheckRemote(bool checked) override { remoteChecked = checked; }
+    void CheckRemote(bool) override {}
     void ShowCaption(const QString&) override {}
-    void ShowTransfer(const QString& text, int last) override {
-        transfer = QStringLiteral("%1|%2").arg(text).arg(last);
-    }
-    void ShowProgress(int value) override { progress += value; }
+    void ShowTransfer(const QString&, int) override {}
+    void ShowProgress(int) override {}
     void HideTransfer() override { hidden = true; }
-    void HoldInput(bool hold) override { held = hold; }
+    void HoldInput(bool) override {}
 };

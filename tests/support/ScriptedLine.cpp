@@ -2,7 +2,6 @@
 
 void ScriptedClock::WaitMs(qint32& ms) {
     nowMs += ms;
-    waitedMs += ms;
     if (onWait) {
         onWait();
     }

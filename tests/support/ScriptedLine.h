@@ -9,11 +9,17 @@
 #include "platform/Com.h"
 #include "platform/LinkClock.h"
 
+// What an instrument with these samples answers; nothing to what is no query of a point.
+inline QByteArray PointReply(const QString& command, const auto& samples) {
+    const std::size_t address = command.section(u':', 1).section(u'=', 0, 0).toUInt();
+    return command.endsWith(u'?') ? command.chopped(1).toLatin1() + QByteArray::number(samples[address]) + '\r'
+                                  : QByteArray();
+}
+
 // A clock that moves only as the test says.
 class ScriptedClock : public LinkClock {
   public:
     qint64 nowMs = 0;
-    qint64 waitedMs = 0;           // by WaitMs alone
     std::function<void()> onWait;  // an event that enters during pacing
 
     qint64 NowMs() const override { return nowMs; }
@@ -34,7 +40,6 @@ class ScriptedLine : public Com {
     int characterMs = 0;                                          // that the line needs for each, in both directions
     qsizetype portHolds = std::numeric_limits<qsizetype>::max();  // characters ahead of the line
     int restMs = 50;                                              // of a look for a byte that is not there
-    bool lost = false;
     qint64 lineFreeMs = 0;  // when the line has carried what it took, by the scripted clock
 
     QByteArray wire;       // all that was sent
@@ -59,10 +64,7 @@ class ScriptedLine : public Com {
         return std::max<qint64>(lineFreeMs - clock_.nowMs, 0) + waiting_.size() * characterMs;
     }
     void ReplyComplete() override { lineFreeMs = 0; }
-    void DropOutput() override {
-        waiting_.clear();
-        wire += "<dropped>";
-    }
+    void DropOutput() override { waiting_.clear(); }
 
   private:
     ScriptedClock& clock_;

@@ -1,8 +1,4 @@
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <locale>
-#include <numbers>
 
 #include "support/PrintQt.h"
 #include "waveform/Formula.h"

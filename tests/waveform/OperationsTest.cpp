@@ -30,15 +30,6 @@ TEST_F(Operations, SurviveEmptyTables) {
     }
 }
 
-TEST_F(Operations, ThatFindNothingToWorkOnChangeNothing) {
-    for (const TableResult& result :
-         {Press(Pen::Draw, -0.5F), Press(Pen::Delete, 0.4F), Fit(0), EnterPoint(editor, tables, 40000, 5)}) {
-        EXPECT_EQ(result.fileName, QString());
-        EXPECT_FALSE(result.changed);
-        EXPECT_FALSE(result.Failed());
-    }
-}
-
 TEST_F(Operations, FillTheStretchAloneWithEveryRecordOfAnAddressAndMissingOnes) {
     const std::vector<qint16> samples{5, 6, 7, 8};
     Execute(set, "delete from ARB4 where Adr not in (9, 11, 14); insert into ARB4 values (11, 1), (12, 1)");

@@ -2,7 +2,6 @@
 
 #include "WaveformBench.h"
 #include "waveform/RecordedWave.h"
-#include "waveform/RecordingFill.h"
 
 namespace {
 
@@ -30,6 +29,7 @@ recording::Column ColumnOf(const std::vector<double>& values, recording::Timing 
 }
 
 TEST(RecordedWaves, AreScaledAndToldHowTheyArePlayedAsTheyWere) {
+    const std::vector<double> quarter(1024, 1.0);
     const struct {
         const char* what;
         std::vector<double> values;
@@ -41,30 +41,9 @@ TEST(RecordedWaves, AreScaledAndToldHowTheyArePlayedAsTheyWere) {
         const char* set;
     } cases[] = {
         // A memory of 4096 addresses; the part as long as it takes them 1, 4 or 1/2 times.
-        {"lines over the whole memory: 4095 steps in 1 ms, the memory 4096",
-         {0, 1},
-         1e-3,
-         4096,
-         kFull,
-         "V",
-         {-2047, -2046},
-         "999.756 1 0.5 (0)"},
-        {"a quarter of the memory in as many rows",
-         std::vector<double>(1024, 1.0),
-         1e-6,
-         1024,
-         kZero,
-         "V",
-         {2047, 2047},
-         "244.141 2 0 (0)"},
-        {"means last as long as the rows",
-         std::vector<double>{0, 2, 4, 6},
-         1e-6,
-         2,
-         kFull,
-         "V",
-         {-2047, 2047},
-         "122.07 4 3 (0)"},
+        {"4095 steps in 1 ms, the memory 4096", {0, 1}, 1e-3, 4096, kFull, "V", {-2047, -2046}, "999.756 1 0.5 (0)"},
+        {"as many rows as addresses", quarter, 1e-6, 1024, kZero, "V", {2047, 2047}, "244.141 2 0 (0)"},
+        {"means last as long as the rows", {0, 2, 4, 6}, 1e-6, 2, kFull, "V", {-2047, 2047}, "122.07 4 3 (0)"},
         {"a trace is 73 % of full scale", {-1, 1}, 1e-3, 2, kTrace, "V", {-1500, 1500}, "0.244141 2.7293 0 (0)"},
         {"0 V stays 0", {-0.5, 1}, 1e-3, 2, kZero, "V", {-1024, 2047}, "0.244141 2 0 (0)"},
         {"millivolts", {-500, 500}, 1e-3, 2, kFull, "mV", {-2047, 2047}, "0.244141 1 0 (0)"},

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QTemporaryDir>
-#include <functional>
 #include <numeric>
 
 #include "core/ProgramState.h"

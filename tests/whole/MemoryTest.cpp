@@ -90,4 +90,24 @@ TEST_F(WholeMemory, ClosedInTheMiddleOfASlowTransferItEndsInOrder) {
     }
 }
 
+// What the port holds by then goes out whole, the last point too.
+TEST_F(WholeMemory, ASendStoppedOnASlowLineEndsInOrderAndTheLinkGoesOn) {
+    auto& memory = program.memories.ArbMemory16;
+    Fill(memory);
+    clock.paces = false;
+    auto& instrument = Connect({.realTime = true}, 115200);
+    QObject::connect(panel.Get<QProgressBar>("status"), &QProgressBar::valueChanged, [&](int value) {
+        if (value == 1000) {
+            panel.Key(Qt::Key_Escape);
+        }
+    });
+    panel.Get<QAction>("mnuStArb16")->trigger();
+    EXPECT_EQ(panel.Hint(), u"Stopped: 1001 of 16385 points sent");
+    panel.Click("Command3");
+    EXPECT_EQ(program.link.LinkUp, 1);
+    const QStringList lines = Lines(instrument);
+    EXPECT_EQ(lines.first(2).join(u' '), QStringLiteral("arc16 arp16:0=%1").arg(memory[0]));
+    EXPECT_EQ(lines.sliced(1001, 3).join(u' '), QStringLiteral("arp16:1000=%1 are amt?").arg(memory[1000]));
+}
+
 }  // namespace

@@ -18,8 +18,7 @@ using Strokes = std::function<void(Drawing&)>;
 constexpr QColor kPaper(255, 255, 128);
 
 // In a scale that is that of the logical pixels, but upwards.
-class PictureBoxes : public testing::Test {
-  protected:
+struct PictureBoxes : ::testing::Test {
     PictureBoxes() {
         picture.resize(300, 200);
         picture.SetBackColor(kPaper);
