@@ -12,10 +12,11 @@
 
 namespace {
 
-constexpr double kEdge = 3.3;       // contrast of an edge; a little above what is asked for
+constexpr double kEdge = 3.5;       // contrast of an edge; a little above what is asked for
 constexpr double kFaintEdge = 1.5;  // of a disabled control
 constexpr double kRadius = 4.0;     // of corners, pixels
 constexpr double kStrong = 2.0;     // width of the edge of what has the focus, pixels
+constexpr double kTonal = 0.32;     // of the colour of selections in the ground of the main action
 constexpr char kMainAction[] = "mainAction";
 
 // The ground of frames: between those of the form and of the fields.
@@ -92,7 +93,7 @@ Look LookOfButton(const QStyleOption& option, bool main) {
     const QColor button = palette.color(QPalette::Button);
     Look look{button, EdgeOf(option)};
     if (main && enabled) {
-        look = {Mixed(button, accent, 0.2), accent, kStrong};
+        look = {Mixed(button, accent, kTonal), accent, kStrong};
     }
     if (IsDefault(option)) {
         look = {accent, accent};

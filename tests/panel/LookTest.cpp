@@ -246,7 +246,6 @@ TEST_F(Look, EdgesAndTextsStandOutInEveryPaletteAndWindow) {
             text = std::min(text, measured.text);
             count += measured.count;
         });
-        RecordProperty("lowest", QStringLiteral("edge %1, text %2").arg(edge).arg(text).toStdString());
         printf("%s: edges from %.2f, texts from %.2f, %d measured\n", theme.name, edge, text, count);
         EXPECT_GT(count, 300);
     }
@@ -270,6 +269,7 @@ TEST_F(Look, AChangeOfTheFontWhileRunningLeavesNothingBehind) {
 }
 
 TEST_F(Look, TheReadingsAreTheLargestOnTheForm) {
+    program.numbers = UserNumbers(QLocale(QLocale::German));
     Open();
     // From the pixels: rows of the field that hold ink of the digits.
     const auto digitHeight = [this](const char* name) {
@@ -297,6 +297,12 @@ TEST_F(Look, TheReadingsAreTheLargestOnTheForm) {
             EXPECT_EQ(Get(name)->font(), Get("Text1")->font());
         }
     }
+    form->resize(1, 1);
+    QCoreApplication::processEvents();
+    panel.mFreq = 14'999'999.9999;  // the longest number that there is
+    form->RefreshPanel();
+    EXPECT_EQ(Text("Text1"), u"14,9999999999");
+    EXPECT_LT(Get("Text1")->fontMetrics().horizontalAdvance(Text("Text1")), Get("Text1")->width() - 8);
     const double digits = QFontMetricsF(Get("Text1")->font()).height();
     for (const QWidget* const other : form->findChildren<QWidget*>()) {
         EXPECT_TRUE(other->objectName().startsWith(u"Text") || other->fontMetrics().height() < digits)
