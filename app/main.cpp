@@ -8,8 +8,8 @@
 #include "platform/ProgramFolder.h"
 #include "platform/SerialControl.h"
 #include "platform/SocketDdeLink.h"
-#include "widgets/HighContrast.h"
 #include "widgets/QtDesktop.h"
+#include "widgets/Theme.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ int main(int argc, char* argv[]) {
     QApplication::setApplicationName(QStringLiteral("TRX5276"));
     QApplication::setDesktopFileName(QStringLiteral("example.trx5276.panel"));
     QApplication::setWindowIcon(WindowIcon());
-    KeepEdgesInSight();
+    FollowTheme();
 
     const QString folder = ProgramFolder();
     ProgramState program;

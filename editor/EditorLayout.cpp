@@ -6,6 +6,7 @@
 
 #include "editor/Editor.h"
 #include "widgets/Controls.h"
+#include "widgets/FollowFont.h"
 
 namespace {
 
@@ -37,7 +38,12 @@ void Editor::Arrange() {
     around->setContentsMargins(kEdge, 0, 0, 0);
     around->addWidget(paper_);
     FillControlStrip();
-    setMinimumSize(std::max(kLeastWidth, strip_->sizeHint().width() + 4 * kEdge), kLeastHeight);
+    FollowFont(strip_, [this] {
+        setMinimumSize(std::max(kLeastWidth, strip_->sizeHint().width() + 4 * kEdge), kLeastHeight);
+        if (isVisible()) {
+            QMetaObject::invokeMethod(this, &Editor::Editor_Form_Resize, Qt::QueuedConnection);
+        }
+    });
     OrderTabs();
 }
 
@@ -53,12 +59,14 @@ void Editor::FillControlStrip() {
         EntryField* const field = entry_->Text1[at];
         field->setAccessibleName(names[at]);
         field->setToolTip(names[at] + u". Enter in Y: stores the sample; an address that has a point loses it.");
-        field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-00000")) + 8);
+        FollowFont(field, [field] {
+            field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-00000")) + 8);
+        });
         field->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
         strip_->tools->addWidget(MakeLabel(QStringLiteral("Label1_%1").arg(i), axes[at], strip_, field), i, 5);
         strip_->tools->addWidget(field, i, 6);
-        pointer_->corint[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 00000")) + kGap);
-        pointer_->corper[at]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("X= 000.0%")) + kGap);
+        KeepRoomFor(pointer_->corint[at], QStringLiteral("X= 00000"), kGap);
+        KeepRoomFor(pointer_->corper[at], QStringLiteral("X= 000.0%"), kGap);
         strip_->position->addWidget(pointer_->corint[at], i, 0);
         strip_->position->addWidget(pointer_->corper[at], i, 1);
     }

@@ -10,6 +10,7 @@
 #include "waveform/Formula.h"
 #include "waveform/FormulaShapes.h"
 #include "widgets/Controls.h"
+#include "widgets/FollowFont.h"
 
 namespace {
 
@@ -23,7 +24,7 @@ void LetWrap(QLabel* label) {
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
-    label->setMinimumHeight(2 * label->fontMetrics().lineSpacing());
+    KeepRoomForLines(label, 2);
 }
 
 }  // namespace
@@ -92,7 +93,8 @@ void FormulaWindow::Arrange() {
     auto* const left = new QVBoxLayout;
     left->addWidget(MakeLabel(QStringLiteral("shapesTitle"), QStringLiteral("Ready &shapes"), this, shapes));
     left->addWidget(shapes);
-    shapes->setMinimumWidth(shapes->sizeHintForColumn(0) + shapes->fontMetrics().height() * 2);
+    FollowFont(shapes,
+               [this] { shapes->setMinimumWidth(shapes->sizeHintForColumn(0) + shapes->fontMetrics().height() * 2); });
     auto* const middle = new QHBoxLayout;
     middle->addLayout(left);
     middle->addLayout(ArrangeResult(), 1);

@@ -7,6 +7,7 @@
 
 #include "editor/RecordingWindow.h"
 #include "widgets/Controls.h"
+#include "widgets/FollowFont.h"
 
 namespace {
 
@@ -18,7 +19,7 @@ void LetWrap(QLabel* label, int lines) {
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
-    label->setMinimumHeight(lines * label->fontMetrics().lineSpacing());
+    KeepRoomForLines(label, lines);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
 }
 
@@ -96,7 +97,7 @@ void RecordingWindow::MakeResult() {
     level = MakeCopied("level", "Level that reproduces the recording, Vpp", this);
     offset = MakeCopied("offset", "Offset that reproduces the recording, V", this);
     frequencyUnit = MakeLabel(QStringLiteral("frequencyUnit"), QString(), this);
-    frequencyUnit->setMinimumWidth(frequencyUnit->fontMetrics().horizontalAdvance(QStringLiteral("MHz ")));
+    KeepRoomFor(frequencyUnit, QStringLiteral("MHz "));
     remark = MakeLabel(QStringLiteral("remark"), QString(), this);
     LetWrap(remark, 2);
 }

@@ -5,7 +5,9 @@
 #include <QFontInfo>
 #include <QVBoxLayout>
 
+#include "widgets/FollowFont.h"
 #include "widgets/FormPlace.h"
+#include "widgets/Grid.h"
 
 namespace {
 
@@ -44,17 +46,18 @@ AboutForm::AboutForm(Desktop& desktop, QWidget* parent) : QDialog(parent), deskt
     setAttribute(Qt::WA_DeleteOnClose);
 
     auto* const column = new QVBoxLayout(this);
-    const int line = fontMetrics().height();
-    column->setContentsMargins(2 * line, 3 * line / 2, 2 * line, line);
-    column->setSpacing(line / 4);
+    column->setContentsMargins(2 * kMargin, 2 * kMargin, 2 * kMargin, kMargin);
+    column->setSpacing(kGap / 2);
     column->setSizeConstraint(QLayout::SetFixedSize);
 
     QLabel* const Label1 = AddLabel(new QLabel(this), "Label1", QStringLiteral("TRX5276"));
-    Label1->setFont(Emphasised(font(), kTitleScale));
     Label2 = AddLabel(new QLabel(this), "Label2", QString());
-    column->addSpacing(line);
+    column->addSpacing(kMargin);
     QLabel* const Label5 = AddLabel(new QLabel(this), "Label5", QStringLiteral("Support:"));
-    Label5->setFont(Emphasised(font(), 1.0));
+    FollowFont(this, [this, Label1, Label5] {
+        Label1->setFont(Emphasised(font(), kTitleScale));
+        Label5->setFont(Emphasised(font(), 1.0));
+    });
     AddLabel(new QLabel(this), "Label6", QStringLiteral("TRX5276 project"));
     AddLabel(new QLabel(this), "Label7", QStringLiteral("Telephone: +1 555 0100"));
     AddLabel(new QLabel(this), "Label8", QStringLiteral("Telefax: +1 555 0101"));
@@ -63,7 +66,7 @@ AboutForm::AboutForm(Desktop& desktop, QWidget* parent) : QDialog(parent), deskt
     Label14->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     Label14->setAccessibleName(QStringLiteral("Web site: ") + QLatin1String(kWebSite));
     connect(Label14, &QLabel::linkActivated, this, &AboutForm::about_Label14_Click);
-    column->addSpacing(line);
+    column->addSpacing(kMargin);
 
     Command1 = new QPushButton(QStringLiteral("OK"), this);
     Command1->setObjectName(QStringLiteral("Command1"));

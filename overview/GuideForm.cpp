@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "widgets/Controls.h"
@@ -44,7 +45,8 @@ GuideForm::GuideForm(const QString& contents, QWidget* parent)
     pages_->setOpenExternalLinks(true);
     pages_->setSource(QUrl::fromLocalFile(contents));
     pages_->setFocus();
-    resize(fontMetrics().averageCharWidth() * kColumns, fontMetrics().height() * kLines);
+    const QSize page(fontMetrics().averageCharWidth() * kColumns, fontMetrics().height() * kLines);
+    resize(page.boundedTo(screen()->availableSize() * 0.9));  // with its frame on a small screen too
 }
 
 QString FindGuide(const QStringList& folders) {

@@ -8,6 +8,8 @@
 #include <iterator>
 
 #include "widgets/Controls.h"
+#include "widgets/FollowFont.h"
+#include "widgets/Grid.h"
 
 namespace {
 
@@ -63,7 +65,7 @@ void Comset::Arrange() {
     QSizePolicy policy = portDevice->sizePolicy();
     policy.setHorizontalPolicy(QSizePolicy::Ignored);
     portDevice->setSizePolicy(policy);
-    portDevice->setMinimumHeight(2 * fontMetrics().lineSpacing());
+    KeepRoomForLines(portDevice, 2);
     portDevice->setAlignment(Qt::AlignTop);
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(Command1);
@@ -71,7 +73,7 @@ void Comset::Arrange() {
     buttons->addWidget(cbok);
     buttons->addWidget(cbabbruch);
     auto* const column = new QVBoxLayout(this);
-    column->setSpacing(10);
+    column->setSpacing(kMargin);
     column->addWidget(hint);
     column->addLayout(options);
     column->addWidget(portDevice);

@@ -4,6 +4,7 @@
 
 #include "core/FrequencyDisplay.h"
 #include "rules/FrequencyRules.h"
+#include "widgets/FollowFont.h"
 
 namespace {
 
@@ -30,7 +31,7 @@ FrequencyField::FrequencyField(const PanelContext& context, const Names& names, 
     units_->SetAccessibleName(accessible_ + QStringLiteral(", unit"));
     units_->SetClick([this](int) { TakeFocus(field_); });
     unitLabel_ = MakeLabel(QString::fromLatin1(names.unitLabel), QStringLiteral("MHz"), parent, field_);
-    unitLabel_->setMinimumWidth(unitLabel_->sizeHint().width());
+    KeepRoomFor(unitLabel_, QStringLiteral("MHz"));
     caption_ = MakeLabel(QString::fromLatin1(names.captionLabel), QString::fromLatin1(names.caption), parent, field_);
 }
 

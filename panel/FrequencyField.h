@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <functional>
 
+#include "panel/LargeReading.h"
 #include "panel/PanelContext.h"
 #include "widgets/OptionGroup.h"
 
@@ -37,6 +38,7 @@ class FrequencyField {
     // Where the focus goes after an Enter.
     void SetNext(QWidget* next) { field_->SetNext(next); }
 
+    LargeReading reading() const { return {caption_, field_, unitLabel_}; }
     QLabel* caption() const { return caption_; }
     QWidget* field() const { return field_; }
     OptionGroup& units() const { return *units_; }

@@ -1,6 +1,7 @@
 #include "panel/FrequencyGroup.h"
 
 #include "core/Enumerations.h"
+#include "panel/SignalPicture.h"
 #include "rules/FrequencyRules.h"
 
 FrequencyGroup::FrequencyGroup(const PanelContext& context, Followers followers, QWidget* parent)
@@ -13,19 +14,18 @@ FrequencyGroup::FrequencyGroup(const PanelContext& context, Followers followers,
           [this] { RefreshFrequency(); }, parent) {
     opsignal->SetAccessibleName(QStringLiteral("Signal"));
     opsignal->SetClick([this](int index) { opsignal_Click(index); });
-    // Down the columns: the ramps under the other periodic forms, the noises under the memories.
-    constexpr int kRows = 5;
+    constexpr int kRows = 3;  // down the columns
     auto* const grid = new QGridLayout(Frame5);
     for (int index = 0; index < static_cast<int>(kSignals.size()); ++index) {
         grid->addWidget(opsignal->Option(index), index % kRows, index / kRows);
+        grid->setColumnStretch(index / kRows, 1);
+        SetSignalPicture(*opsignal->Option(index), index);
     }
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(1, 1);
 }
 
 void FrequencyGroup::AddFrequencyTo(QGridLayout& output, int row) const {
-    frequency_.AddTo(output, row);
-    AddOptions(output, row, frequency_.units());
+    AddReading(output, row, frequency_.reading());
+    AddOptions(output, row + 1, frequency_.units());
 }
 
 QList<QWidget*> FrequencyGroup::TabStops() const { return TabStopsOf(*opsignal) + frequency_.TabStops(); }

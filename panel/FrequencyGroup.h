@@ -18,7 +18,7 @@ class FrequencyGroup {
     Q_DISABLE_COPY_MOVE(FrequencyGroup)
 
     void AddSignalTo(QBoxLayout& column) const { column.addWidget(Frame5); }
-    // One row of the frame "Output".
+    // Two rows of the frame "Output".
     void AddFrequencyTo(QGridLayout& output, int row) const;
     QList<QWidget*> TabStops() const;
     QList<ShownField> ShownFields() const;

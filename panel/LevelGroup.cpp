@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "core/LevelRange.h"
+#include "panel/LargeReading.h"
 #include "rules/LevelRules.h"
 
 LevelGroup::LevelGroup(const PanelContext& context, QWidget* parent) : context_(context), panel_(context.panel) {
@@ -34,15 +35,10 @@ void LevelGroup::MakeOffset(QWidget* parent) {
 }
 
 void LevelGroup::AddTo(QGridLayout& output, int row) const {
-    output.addWidget(Label2, row, 0);
-    output.addWidget(Text2, row, 1);
-    output.addWidget(Label6, row, 2);
-    AddOptions(output, row, *vunit);
-    ++row;
-    output.addWidget(Label5, row, 0);
-    output.addWidget(Text4, row, 1);
-    output.addWidget(Label7, row, 2);
-    output.addWidget(Check1, row, kOptionsColumn);
+    AddReading(output, row, {Label2, Text2, Label6});
+    AddOptions(output, row + 1, *vunit);
+    AddReading(output, row + 2, {Label5, Text4, Label7});
+    output.addWidget(Check1, row + 3, kOptionsColumn, Qt::AlignVCenter);
 }
 
 QList<QWidget*> LevelGroup::TabStops() const {

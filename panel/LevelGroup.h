@@ -12,7 +12,7 @@ class LevelGroup {
     LevelGroup(const PanelContext& context, QWidget* parent);
     Q_DISABLE_COPY_MOVE(LevelGroup)
 
-    // Two rows of the frame "Output".
+    // Four rows of the frame "Output".
     void AddTo(QGridLayout& output, int row) const;
     QList<QWidget*> TabStops() const;
     QList<ShownField> ShownFields() const;

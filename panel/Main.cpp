@@ -50,25 +50,26 @@ Main::Main(const MainServices& services)
 Main::~Main() = default;
 
 void Main::MakeControls() {
-    auto* const panel = new QWidget(this);
-    setCentralWidget(panel);
-    hint_ = new HintLine(desktop_, panel);
-    status = new TransferBar([this] { return link_.memory.Progress(); }, panel);
-    SSTab1 = Named(new QTabWidget(panel), QStringLiteral("SSTab1"), QStringLiteral("Overview, modulation and mode"));
+    auto* const centre = new QWidget(this);
+    setCentralWidget(centre);
+    hint_ = new HintLine(desktop_, centre);
+    status = new TransferBar([this] { return link_.memory.Progress(); }, centre);
+    panel_ = new QWidget(centre);
+    SSTab1 = Named(new QTabWidget(panel_), QStringLiteral("SSTab1"), QStringLiteral("Overview, modulation and mode"));
     SSTab1->tabBar()->setFocusPolicy(Qt::StrongFocus);  // a click on a tab leaves the entry field, which commits
-    outputColumn_ = new QWidget(panel);
+    outputColumn_ = new QWidget(panel_);
     overviewTab_ = new QWidget(SSTab1);
     modulationTab_ = new QWidget(SSTab1);
     modeTab_ = new QWidget(SSTab1);
-    cRM = Named(new QCheckBox(QStringLiteral("Remote On"), panel), QStringLiteral("cRM"),
+    cRM = Named(new QCheckBox(QStringLiteral("Remote On"), panel_), QStringLiteral("cRM"),
                 QStringLiteral("Remote On: link to the instrument"));
-    Command3 = Named(new QPushButton(QStringLiteral("Read"), panel), QStringLiteral("Command3"),
+    Command3 = Named(new QPushButton(QStringLiteral("Read"), panel_), QStringLiteral("Command3"),
                      QStringLiteral("Read all settings from the instrument"));
-    Command4 = Named(new QPushButton(QStringLiteral("Set"), panel), QStringLiteral("Command4"),
+    Command4 = Named(new QPushButton(QStringLiteral("Set"), panel_), QStringLiteral("Command4"),
                      QStringLiteral("Set the instrument to all settings"));
     Command3->setToolTip(QStringLiteral("Read all settings from the instrument (F5)"));
     Command4->setToolTip(QStringLiteral("Set the instrument to all settings, and read them back (Ctrl+Return)"));
-    Command7 = Named(new QPushButton(QStringLiteral("Set time and date"), panel), QStringLiteral("Command7"),
+    Command7 = Named(new QPushButton(QStringLiteral("Set time and date"), panel_), QStringLiteral("Command7"),
                      QStringLiteral("Set the instrument's time and date to those of the PC"));
     Command7->setToolTip(QStringLiteral("Transmit the PC-Time and date to the KL5276-x"));
     menu_ = std::make_unique<MainMenu>(menuBar());

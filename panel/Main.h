@@ -131,6 +131,7 @@ class Main : public QMainWindow, private LinkFront, private EditorHost {
     HintLine* hint_ = nullptr;  // Label8
     TransferBar* status = nullptr;
     QTabWidget* SSTab1 = nullptr;
+    QWidget* panel_ = nullptr;  // all but menu, hint line and progress
     QWidget* outputColumn_ = nullptr;
     QWidget* overviewTab_ = nullptr;
     QWidget* modulationTab_ = nullptr;

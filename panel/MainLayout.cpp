@@ -17,12 +17,16 @@
 #include "panel/OverviewGroup.h"
 #include "panel/SweepGroup.h"
 #include "panel/TransferBar.h"
+#include "widgets/ControlStyle.h"
+#include "widgets/FollowFont.h"
+#include "widgets/FormScroll.h"
+#include "widgets/Grid.h"
 
 namespace {
 
 QVBoxLayout* NewColumn(QWidget* page = nullptr) {
     auto* const column = new QVBoxLayout(page);
-    column->setSpacing(kFrameSpacing);
+    column->setSpacing(kMargin);
     return column;
 }
 
@@ -30,23 +34,29 @@ QVBoxLayout* NewColumn(QWidget* page = nullptr) {
 
 void Main::Arrange() {
     QVBoxLayout* const column = NewColumn(centralWidget());
-    auto* const upper = new QHBoxLayout;
-    upper->setSpacing(kFrameSpacing);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    auto* const upper = new QHBoxLayout(panel_);
+    upper->setSpacing(kMargin);
     QVBoxLayout* const left = NewColumn();
     ArrangeOutputColumn();
-    left->addWidget(outputColumn_);
-    left->addStretch();
+    left->addWidget(outputColumn_, 1);
     left->addWidget(ArrangeLinkRow());
-    upper->addLayout(left);
+    upper->addLayout(left, 1);
     ArrangeTabs();
     upper->addWidget(SSTab1, 1);
-    column->addLayout(upper, 1);
+    column->addWidget(new FormScroll(panel_, centralWidget()), 1);
 
-    // The line keeps its height with or without a text; the bar takes its room from the line while it shows.
+    // In view also where the rest scrolls. The line keeps its height with or without a text; the bar takes its room
+    // from the line while it shows.
     auto* const lower = new QHBoxLayout;
-    const int height = hint_->fontMetrics().height() + 10;
-    hint_->setFixedHeight(height);
-    status->setFixedSize(status->minimumWidth(), height);
+    lower->setContentsMargins(kMargin, 0, kMargin, kMargin);
+    FollowFont(hint_, [this] {
+        const int height = hint_->fontMetrics().height() + kMargin;
+        hint_->setFixedHeight(height);
+        status->setFixedHeight(height);
+    });
+    status->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     status->setVisible(false);
     lower->addWidget(hint_, 1);
     lower->addWidget(status);
@@ -60,16 +70,18 @@ void Main::ArrangeOutputColumn() {
     frequency_->AddSignalTo(*column);
     auto* const frame = new QGroupBox(QStringLiteral("Output"), outputColumn_);
     auto* const output = new QGridLayout(frame);
-    output->setVerticalSpacing(kFrameSpacing);
-    output->setColumnStretch(6, 1);
+    output->setVerticalSpacing(kGap / 2);
+    output->setColumnStretch(0, 1);
     frequency_->AddFrequencyTo(*output, 0);
-    level_->AddTo(*output, 1);
-    output_->AddTo(*output, 3);
-    column->addWidget(frame);
+    level_->AddTo(*output, 2);
+    output->setRowMinimumHeight(6, kGap / 2);
+    output_->AddTo(*output, 7);
+    output->setRowStretch(8, 1);
+    column->addWidget(frame, 1);
 }
 
 QWidget* Main::ArrangeLinkRow() {
-    auto* const frame = new QGroupBox(QStringLiteral("Instrument"), centralWidget());
+    auto* const frame = new QGroupBox(QStringLiteral("Instrument"), panel_);
     auto* const column = new QVBoxLayout(frame);
     auto* const row = new QHBoxLayout;
     row->addWidget(cRM);
@@ -77,6 +89,7 @@ QWidget* Main::ArrangeLinkRow() {
     row->addWidget(Command3);
     row->addWidget(Command4);
     row->addWidget(Command7);
+    MakeMainAction(*Command4);
     column->addLayout(row);
     column->addWidget(linkView_->linkstate());
     return frame;

@@ -23,7 +23,7 @@ ModeGroup::ModeGroup(PanelState& panel, QWidget* parent)
 
 void ModeGroup::AddTo(QBoxLayout& column) const {
     auto* const row = new QHBoxLayout;
-    row->setSpacing(kFrameSpacing);
+    row->setSpacing(kMargin);
     row->addWidget(Frame6, 1);
     row->addWidget(Frame8, 1);
     column.addLayout(row);

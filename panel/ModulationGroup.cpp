@@ -7,6 +7,7 @@
 #include "core/Enumerations.h"
 #include "rules/LevelRules.h"
 #include "rules/ModulationRules.h"
+#include "widgets/FollowFont.h"
 
 namespace {
 
@@ -36,7 +37,7 @@ ModulationGroup::ModulationGroup(const PanelContext& context, std::function<void
     MakeAm();
     MakeFsk();
     MakePsk();
-    AlignCaptions();
+    FollowFont(Label15, [this] { AlignCaptions(); });
     ShowDepth();
     ShowShiftFrequencies();
     ShowPhases();
@@ -58,7 +59,7 @@ void ModulationGroup::AlignCaptions() {
     const std::initializer_list<QLabel*> captions{Label11, carrier_.caption(), hop_.caption(), Label14, Label15};
     int width = 0;
     for (const QLabel* const caption : captions) {
-        width = std::max(width, caption->sizeHint().width());
+        width = std::max(width, caption->fontMetrics().horizontalAdvance(caption->text()));
     }
     for (QLabel* const caption : captions) {
         caption->setMinimumWidth(width);

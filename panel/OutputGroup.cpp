@@ -25,7 +25,7 @@ OutputGroup::OutputGroup(PanelState& panel, Link& link, QWidget* parent)
 }
 
 void OutputGroup::AddTo(QGridLayout& output, int row) const {
-    output.addWidget(Label3, row, 0, 1, 2);
+    output.addWidget(Label3, row, 0);
     AddOptions(output, row, *Opoutput);
 }
 

@@ -10,8 +10,7 @@ EntryField* MakeEntryField(const PanelContext& context, const QString& name, Key
     field->setAccessibleName(accessible);
     field->setAlignment(Qt::AlignRight);
     field->SetCommitGuard(context.mayCommit);
-    // Wide enough for the longest number that the panel shows, a frequency in MHz.
-    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("-00.00000000000")) + 16);
+    field->SetRoomFor(QStringLiteral("00.0000000000"));  // the highest frequency
     new FieldSteps(*field, std::move(unitPower));
     return field;
 }
@@ -19,7 +18,7 @@ EntryField* MakeEntryField(const PanelContext& context, const QString& name, Key
 void AddOptions(QGridLayout& output, int row, const OptionGroup& group) {
     int column = kOptionsColumn;
     for (QAbstractButton* const option : group.Options()) {
-        output.addWidget(option, row, column++);
+        output.addWidget(option, row, column++, Qt::AlignVCenter);  // else it would hold the row to its own height
     }
 }
 

@@ -12,6 +12,7 @@
 #include "rules/KeyFilter.h"
 #include "widgets/Controls.h"
 #include "widgets/EntryField.h"
+#include "widgets/Grid.h"
 #include "widgets/OptionGroup.h"
 
 // What every rule group of the panel works on.
@@ -37,11 +38,8 @@ struct PanelContext {
 EntryField* MakeEntryField(const PanelContext& context, const QString& name, KeyClass keys, const QString& accessible,
                            QWidget* parent, FieldSteps::UnitPower unitPower = {});
 
-// Between the frames of the form, in pixels.
-inline constexpr int kFrameSpacing = 10;
-
-// The columns of the frame "Output": caption, field, unit, then the options, one in each column.
-inline constexpr int kOptionsColumn = 3;
+// The columns of the frame "Output": field, unit, then the options, one in each column.
+inline constexpr int kOptionsColumn = 2;
 void AddOptions(QGridLayout& output, int row, const OptionGroup& group);
 
 // The options of a group in the order of the Tab key.

@@ -6,6 +6,7 @@
 #include <chrono>
 
 #include "widgets/Controls.h"
+#include "widgets/FollowFont.h"
 
 namespace {
 
@@ -33,8 +34,10 @@ TransferBar::TransferBar(std::function<TransferProgress()> progress, QWidget* pa
     : QProgressBar(parent), progress_(std::move(progress)) {
     Named(this, QStringLiteral("status"), QStringLiteral("Progress of the transfer"));
     setToolTip(QStringLiteral("Escape stops the transfer after the current point"));
-    setMinimumWidth(
-        std::max(kLeastWidth, fontMetrics().horizontalAdvance(ProgressText({100, 3'599'000})) + kTextMargin));
+    FollowFont(this, [this] {
+        setMinimumWidth(
+            std::max(kLeastWidth, fontMetrics().horizontalAdvance(ProgressText({100, 3'599'000})) + kTextMargin));
+    });
     TakeColours();
     look_.setInterval(kLook);
     connect(&look_, &QTimer::timeout, this, &TransferBar::ShowProgress);

@@ -20,6 +20,11 @@ void EntryField::Commit() {
     }
 }
 
+QSize EntryField::minimumSizeHint() const {
+    constexpr int kFrame = 8;  // at either side, pixels
+    return QLineEdit::minimumSizeHint().expandedTo({fontMetrics().horizontalAdvance(longest_) + 2 * kFrame, 0});
+}
+
 void EntryField::setText(const QString& text) {
     QLineEdit::setText(text);
     if (hasFocus()) {

@@ -24,6 +24,10 @@ class EntryField : public QLineEdit {
 
     void Commit();
 
+    // Wide enough for this text, whatever the font.
+    void SetRoomFor(const QString& text) { longest_ = text; }
+    QSize minimumSizeHint() const override;
+
     // In place of the base class's: all of the text is selected where the field has the focus.
     void setText(const QString& text);
 
@@ -44,6 +48,7 @@ class EntryField : public QLineEdit {
     std::function<void()> commit_;
     std::function<bool()> mayCommit_;
     QWidget* next_ = nullptr;
+    QString longest_;
     bool clickedIn_ = false;  // the press that gave the focus has not ended yet
 };
 

@@ -47,9 +47,12 @@ class FrameWatch : public QObject {
   private:
     void BringIn() {
         const QRect frame = form_.windowHandle()->frameGeometry();
-        const QPoint place = NearestPlace(frame, Screens());
-        if (place != frame.topLeft()) {
-            form_.move(place);
+        const QRect place = FittingPlace(frame, Screens());
+        if (place.size() != frame.size()) {
+            form_.resize(form_.size() - (frame.size() - place.size()));
+        }
+        if (place.topLeft() != frame.topLeft()) {
+            form_.move(place.topLeft());
         }
         deleteLater();
     }
@@ -106,13 +109,29 @@ QPoint NearestPlace(const QRect& window, const QList<QRect>& screens) {
     return nearest;
 }
 
+QRect FittingPlace(const QRect& window, const QList<QRect>& screens) {
+    QRect place(NearestPlace(window, screens), window.size());
+    QRegion outside(place);
+    for (const QRect& screen : screens) {
+        outside -= screen;
+    }
+    for (const QRect& screen : outside.isEmpty() ? QList<QRect>() : screens) {
+        if (screen.topLeft() == place.topLeft()) {
+            place.setSize(place.size().boundedTo(screen.size()));
+        }
+    }
+    return place;
+}
+
 void PlaceForm(QWidget& form, qint16 left, qint16 top, qint16 state) {
     // A form without a size of its own would be moved by its frame's width once more when it is shown.
     if (!form.testAttribute(Qt::WA_Resized)) {
         form.resize(form.size().expandedTo(form.sizeHint()));
     }
     const QPoint stored(left / kTwipsPerPixel, top / kTwipsPerPixel);
-    form.move(NearestPlace(QRect(stored, form.size()), Screens()));
+    const QRect place = FittingPlace(QRect(stored, form.size()), Screens());
+    form.resize(place.size());
+    form.move(place.topLeft());
     new FrameWatch(form);
     // The place comes first: a form that is maximised or minimised already would take it for the place of its inside.
     if (state == 1) {

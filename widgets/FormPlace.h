@@ -24,6 +24,10 @@ void SizeForm(QWidget& form, qint16 width, qint16 height);
 // no room, the nearest top left corner of a screen. All in pixels; without screens its own place.
 QPoint NearestPlace(const QRect& window, const QList<QRect>& screens);
 
+// The nearest place, and the window cut to its screen where it finds no room.
+QRect FittingPlace(const QRect& window, const QList<QRect>& screens);
+
 // Moves a form that is not shown yet to the place nearest to this one at which it lies wholly on the screens, its frame
-// included, and gives it its window state. In its normal state it stands there.
+// included, and gives it its window state. In its normal state it stands there. A form larger than its screen becomes
+// as large as the screen.
 void PlaceForm(QWidget& form, qint16 left, qint16 top, qint16 state);

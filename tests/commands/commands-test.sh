@@ -30,6 +30,11 @@ fuzz/run 1 status_line >"$log" 2>&1 || fail "fuzz/run"
 bench/run --benchmark_filter=Spline >"$log" 2>&1 || fail "bench/run"
 grep -q '^Spline .* ms ' "$log" || fail "bench/run prints no figure"
 
+scripts/pictures "$TMPDIR" >"$log" 2>&1 || fail "scripts/pictures"
+for picture in panel guide/connect guide/connect-port guide/set guide/set-limit guide/sweep guide/modulate guide/send guide/save; do
+    [ -s "$TMPDIR/$picture.png" ] || fail "scripts/pictures takes no picture $picture"
+done
+
 # ./run without a display, from another folder.
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
 (cd / && exec "$OLDPWD/run") >"$log" 2>&1 &

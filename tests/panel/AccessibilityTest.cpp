@@ -4,14 +4,12 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTextDocumentFragment>
-#include <QTimer>
 
-#include "PanelBench.h"
-#include "widgets/HighContrast.h"
+#include "AllWindows.h"
 #include "widgets/PictureBox.h"
-#include "widgets/QtDesktop.h"
 
 namespace {
 
@@ -39,7 +37,9 @@ QList<QWidget*> Shown(QWidget* window) {
 QList<QWidget*> ControlsOf(QWidget* window) {
     QList<QWidget*> controls = Shown<QAbstractButton, QLineEdit, QPlainTextEdit, QTabBar, QListWidget>(window);
     controls += window->objectName() == u"Editor" ? Shown<PictureBox>(window) : QList<QWidget*>();
-    erase_if(controls, [](const QWidget* control) { return !control->isEnabled(); });
+    erase_if(controls, [](const QWidget* control) {
+        return !control->isEnabled() || control->objectName() == u"qt_spinbox_lineedit";  // part of its spin box
+    });
     return controls;
 }
 
@@ -111,10 +111,15 @@ void ExpectNamed(QWidget* window) {
     }
 }
 
-// Nothing is cut off, nothing lies on something else, and the window fits on a common screen.
+// Nothing is cut off, nothing lies on something else, and the window fits on a common screen. What may scroll does not
+// at this size.
 void ExpectRoom(QWidget* window) {
     window->resize(window->minimumSize());
     QCoreApplication::processEvents();
+    if (const auto* const scroll = window->findChild<QScrollArea*>()) {
+        window->resize(window->size() + scroll->widget()->minimumSizeHint() - scroll->viewport()->size());
+        QCoreApplication::processEvents();
+    }
     const QList<QWidget*> controls =
         Shown<QLabel, QAbstractButton, QLineEdit, QPlainTextEdit, QListWidget, PictureBox>(window);
     for (qsizetype i = 0; i < controls.size(); ++i) {
@@ -130,53 +135,9 @@ void ExpectRoom(QWidget* window) {
             EXPECT_FALSE(place.intersects(other)) << Described(controls[i]) << " on " << Described(controls[k]);
         }
     }
-    EXPECT_LE(window->minimumSizeHint().width(), 1900);
-    EXPECT_LE(window->minimumSizeHint().height(), 1000);
+    EXPECT_LE(window->width(), 1900);
+    EXPECT_LE(window->height(), 1000);
 }
-
-struct Windows : PanelBench {
-    // Every window of the program, Main also on its other tabs and the editor in both modes.
-    void Check(const std::function<void(QWidget*)>& check) {
-        Open();
-        form->FlashMessage(QStringLiteral("a hint"));
-        check(form.get());
-        for (const auto& [tab, option] : {std::pair(1, "opmod_0"), {1, "opmod_1"}, {1, "opmod_2"}, {2, "opwob_1"}}) {
-            ShowTab(tab);
-            Click(option);
-            check(form.get());
-        }
-        desktop.answer = true;
-        program.editor.CopyEnd = 100;  // there is something to paste
-        for (const char* const item : {"mnucom", "mnuabout", "mnueditor"}) {
-            ASSERT_TRUE(Activate(form.get()));
-            desktop.chosen = folder.filePath(QStringLiteral("a.set"));
-            Get<QAction>(item)->trigger();
-            desktop.chosen = folder.filePath(QStringLiteral("a.con"));
-            ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() != form.get(); }));
-            check(QApplication::activeWindow());
-        }
-        QWidget* const editor = QApplication::activeWindow();
-        editor->findChild<QAction*>(QStringLiteral("mnuformula"))->trigger();
-        ASSERT_TRUE(QTest::qWaitFor([editor] { return QApplication::activeWindow() != editor; }));
-        check(QApplication::activeWindow());
-        QTest::keyClick(QApplication::activeWindow(), Qt::Key_Escape);
-        ASSERT_TRUE(Activate(editor));
-        editor->findChild<QAbstractButton*>(QStringLiteral("opEditmode_1"))->click();
-        check(editor);
-        form.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // while its state stands
-        QTimer whenShown;
-        whenShown.callOnTimeout([&check] {
-            if (QWidget* const box = QApplication::activeModalWidget()) {
-                check(box);
-                box->close();
-            }
-        });
-        whenShown.start();
-        QtDesktop().MessageBox(QStringLiteral("a"), QStringLiteral("b"));
-        EXPECT_FALSE(QtDesktop().Question(QStringLiteral("a"), QStringLiteral("b"), Desktop::Default::Yes));
-    }
-};
 
 struct LargeWindows : Windows {
     static void ScaleFonts(double factor) {
@@ -191,16 +152,5 @@ struct LargeWindows : Windows {
 TEST_F(Windows, AreReachedByKeys) { Check(ExpectReachable); }
 TEST_F(Windows, AreHeard) { Check(ExpectNamed); }
 TEST_F(LargeWindows, HaveRoom) { Check(ExpectRoom); }
-
-TEST(HighContrast, EdgesStayInSight) {
-    const QPalette former = QApplication::palette();
-    QApplication::setPalette(QPalette(Qt::yellow, Qt::black, Qt::black, Qt::black, Qt::black, Qt::yellow, Qt::black));
-    KeepEdgesInSight();
-    QLineEdit field;
-    const QImage image = field.grab().toImage();
-    EXPECT_EQ(image.pixelColor(image.width() / 2, 0), QColor(Qt::yellow));
-    QApplication::setStyle(QStringLiteral("Fusion"));
-    QApplication::setPalette(former);
-}
 
 }  // namespace

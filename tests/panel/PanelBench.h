@@ -9,11 +9,13 @@
 #include "support/FormHands.h"
 #include "support/PrintQt.h"
 #include "support/ScriptedLine.h"
+#include "widgets/Theme.h"
 
 // The form Main, shown and active, on a scripted line, clock and desktop, in a folder of its own.
 class PanelBench : public ::testing::Test, public FormHands<Main> {
   public:
     PanelBench() {
+        FollowTheme();
         program.numbers = UserNumbers(QLocale::c());
         line.reply = [](const QString& command, const QString&) -> QByteArray {
             return command == u"sta?" ? "OT0 RFI SW0 SIN AM0 SK0 CTM VPP\r" : command.endsWith(u'?') ? "0\r" : "";

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QFile>
+#include <QTimer>
+
+#include "PanelBench.h"
+#include "widgets/QtDesktop.h"
+
+// Every window of the program, one after the other.
+struct Windows : PanelBench {
+    // Every window of the program, Main also on its other tabs and the editor in both modes.
+    void Check(const std::function<void(QWidget*)>& check) {
+        Open();
+        form->FlashMessage(QStringLiteral("a hint"));
+        check(form.get());
+        for (const auto& [tab, option] : {std::pair(1, "opmod_0"), {1, "opmod_1"}, {1, "opmod_2"}, {2, "opwob_1"}}) {
+            ShowTab(tab);
+            Click(option);
+            check(form.get());
+        }
+        desktop.answer = true;
+        program.editor.CopyEnd = 100;  // there is something to paste
+        for (const char* const item : {"mnucom", "mnuabout", "mnueditor"}) {
+            ASSERT_TRUE(Activate(form.get()));
+            desktop.chosen = folder.filePath(QStringLiteral("a.set"));
+            Get<QAction>(item)->trigger();
+            desktop.chosen = folder.filePath(QStringLiteral("a.con"));
+            ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() != form.get(); }));
+            check(QApplication::activeWindow());
+        }
+        QWidget* const editor = QApplication::activeWindow();
+        desktop.chosen = WriteRecording();
+        for (const char* const item : {"mnuformula", "mnuopenrec"}) {
+            editor->findChild<QAction*>(QString::fromLatin1(item))->trigger();
+            ASSERT_TRUE(QTest::qWaitFor([editor] { return QApplication::activeWindow() != editor; }));
+            check(QApplication::activeWindow());
+            QTest::keyClick(QApplication::activeWindow(), Qt::Key_Escape);
+            ASSERT_TRUE(Activate(editor));
+        }
+        desktop.chosen = folder.filePath(QStringLiteral("a.con"));
+        editor->findChild<QAbstractButton*>(QStringLiteral("opEditmode_1"))->click();
+        check(editor);
+        form.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // while its state stands
+        QTimer whenShown;
+        whenShown.callOnTimeout([&check] {
+            if (QWidget* const box = QApplication::activeModalWidget()) {
+                check(box);
+                box->close();
+            }
+        });
+        whenShown.start();
+        QtDesktop().MessageBox(QStringLiteral("a"), QStringLiteral("b"));
+        EXPECT_FALSE(QtDesktop().Question(QStringLiteral("a"), QStringLiteral("b"), Desktop::Default::Yes));
+    }
+
+  private:
+    QString WriteRecording() {
+        QFile file(folder.filePath(QStringLiteral("scope.csv")));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("Time (s),CH1 (V)\n0,1\n1e-3,2\n2e-3,3\n");
+        return file.fileName();
+    }
+};
