@@ -8,6 +8,7 @@
 #include "editor/RecordingWindow.h"
 #include "widgets/Controls.h"
 #include "widgets/FollowFont.h"
+#include "widgets/Grid.h"
 
 namespace {
 
@@ -96,6 +97,9 @@ void RecordingWindow::MakeResult() {
     frequency = MakeCopied("frequency", "Frequency that reproduces the recording", this);
     level = MakeCopied("level", "Level that reproduces the recording, Vpp", this);
     offset = MakeCopied("offset", "Offset that reproduces the recording, V", this);
+    for (QLineEdit* const field : {frequency, level, offset}) {
+        KeepRoomFor(field, QStringLiteral("000.00000"), kGap);
+    }
     frequencyUnit = MakeLabel(QStringLiteral("frequencyUnit"), QString(), this);
     KeepRoomFor(frequencyUnit, QStringLiteral("MHz "));
     remark = MakeLabel(QStringLiteral("remark"), QString(), this);

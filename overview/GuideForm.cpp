@@ -1,10 +1,12 @@
 #include "overview/GuideForm.h"
 
 #include <QDir>
+#include <QEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "widgets/Controls.h"
@@ -47,6 +49,16 @@ GuideForm::GuideForm(const QString& contents, QWidget* parent)
     pages_->setFocus();
     const QSize page(fontMetrics().averageCharWidth() * kColumns, fontMetrics().height() * kLines);
     resize(page.boundedTo(screen()->availableSize() * 0.9));  // with its frame on a small screen too
+}
+
+// The links of a page have the colour that the theme had when the page was read.
+void GuideForm::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        const int place = pages_->verticalScrollBar()->value();
+        pages_->reload();
+        pages_->verticalScrollBar()->setValue(place);
+    }
 }
 
 QString FindGuide(const QStringList& folders) {

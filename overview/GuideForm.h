@@ -12,6 +12,9 @@ class GuideForm : public QDialog {
   public:
     GuideForm(const QString& contents, QWidget* parent);
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
     QTextBrowser* pages_;
 };

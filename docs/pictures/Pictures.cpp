@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
+#include <QIcon>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <cmath>
@@ -298,6 +299,7 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     QApplication::setCursorFlashTime(0);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/32.png")));
     FollowTheme();
     ::testing::InitGoogleTest();
     Photographer photographer{QDir(QString::fromLocal8Bit(argv[1]))};

@@ -4,6 +4,7 @@
 #include "overview/Manuals.h"
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
+#include "support/Pixels.h"
 
 namespace {
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTimer>
 
 #include "PanelBench.h"
@@ -19,8 +21,9 @@ struct Windows : PanelBench {
             check(form.get());
         }
         desktop.answer = true;
+        Write("docs/guide/README.md", "[A link](README.md)\n");
         program.editor.CopyEnd = 100;  // there is something to paste
-        for (const char* const item : {"mnucom", "mnuabout", "mnueditor"}) {
+        for (const char* const item : {"mnucom", "mnuabout", "mnuguide", "mnueditor"}) {
             ASSERT_TRUE(Activate(form.get()));
             desktop.chosen = folder.filePath(QStringLiteral("a.set"));
             Get<QAction>(item)->trigger();
@@ -29,7 +32,7 @@ struct Windows : PanelBench {
             check(QApplication::activeWindow());
         }
         QWidget* const editor = QApplication::activeWindow();
-        desktop.chosen = WriteRecording();
+        desktop.chosen = Write("scope.csv", "Time (s),CH1 (V)\n0,1\n1e-3,2\n2e-3,3\n");
         for (const char* const item : {"mnuformula", "mnuopenrec"}) {
             editor->findChild<QAction*>(QString::fromLatin1(item))->trigger();
             ASSERT_TRUE(QTest::qWaitFor([editor] { return QApplication::activeWindow() != editor; }));
@@ -55,10 +58,10 @@ struct Windows : PanelBench {
     }
 
   private:
-    QString WriteRecording() {
-        QFile file(folder.filePath(QStringLiteral("scope.csv")));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write("Time (s),CH1 (V)\n0,1\n1e-3,2\n2e-3,3\n");
+    QString Write(const char* name, const char* text) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        EXPECT_TRUE(QFileInfo(file).dir().mkpath(QStringLiteral(".")) && file.open(QIODevice::WriteOnly) &&
+                    file.write(text) > 0);
         return file.fileName();
     }
 };

@@ -143,8 +143,7 @@ class Measure {
         Text(frame, {0, 0, frame.fontMetrics().horizontalAdvance(frame.title()), title - 2});
     }
     void LookAtArea(const QAbstractScrollArea& area) {
-        if (const auto* const plain = qobject_cast<const QPlainTextEdit*>(&area);
-            plain && !plain->toPlainText().isEmpty()) {
+        if (area.inherits("QPlainTextEdit") || area.inherits("QTextEdit")) {
             Text(area, area.viewport()->geometry().adjusted(2, 2, -2, -2));
         }
         if (const auto* const list = qobject_cast<const QAbstractItemView*>(&area); list && list->model()) {
@@ -184,9 +183,11 @@ struct Look : Windows {
 
     // So large that nothing scrolls, once the desktop has brought it onto the small screen of the test.
     static void ShowWhole(QWidget* window) {
-        QTest::qWait(20);
-        window->resize(kWhole);
-        QTest::qWait(1);
+        for (int round = 0; round < 3; ++round) {
+            QCoreApplication::processEvents();
+            window->resize(kWhole);
+        }
+        QCoreApplication::processEvents();
     }
 
     // The pictures of waves have colours of their own in every theme.
@@ -355,7 +356,7 @@ TEST_F(Look, SetIsTheMainActionAndEnterInAFieldDoesNotPressIt) {
 // Each control comes into view when the Tab key reaches it, and the hint line stays there.
 TEST_F(Look, OnASmallScreenTheFocusScrollsEachControlIntoView) {
     Open();
-    QTest::qWait(50);  // the desktop has brought it in
+    ShowWhole(form.get());
     panel.bmWobbel = 1;
     panel.bmFMod = 2;
     form->RefreshPanel();

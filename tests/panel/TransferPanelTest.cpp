@@ -2,6 +2,7 @@
 
 #include "PanelBench.h"
 #include "panel/TransferBar.h"
+#include "support/Pixels.h"
 
 namespace {
 

@@ -8,7 +8,6 @@
 #include <QTabWidget>
 #include <QTest>
 #include <algorithm>
-#include <cmath>
 #include <memory>
 
 #include "widgets/EntryField.h"
@@ -17,16 +16,6 @@
 inline bool Activate(QWidget* window) {
     window->activateWindow();
     return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
-}
-
-// Whether a text can be read on its ground: the contrast that WCAG asks for, with a gamma of 2.2.
-inline bool IsReadable(const QColor& text, const QColor& ground) {
-    const auto luminance = [](const QColor& colour) {
-        return 0.2126 * std::pow(colour.redF(), 2.2) + 0.7152 * std::pow(colour.greenF(), 2.2) +
-               0.0722 * std::pow(colour.blueF(), 2.2);
-    };
-    const auto [dark, light] = std::minmax({luminance(text), luminance(ground)});
-    return (light + 0.05) / (dark + 0.05) >= 4.5;
 }
 
 // A user's hands on a form: finds controls by name, clicks, types.

@@ -10,18 +10,18 @@
 // What a window shows, pixel by pixel.
 
 // The contrast ratio of WCAG 2.
-inline double Contrast(QRgb one, QRgb other) {
-    const auto luminance = [](QRgb colour) {
-        const auto part = [](int value) {
-            const double share = value / 255.0;
-            return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * part(qRed(colour)) + 0.7152 * part(qGreen(colour)) + 0.0722 * part(qBlue(colour));
+inline double Contrast(const QColor& one, const QColor& other) {
+    const auto part = [](double share) {
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
     };
-    const double a = luminance(one) + 0.05;
-    const double b = luminance(other) + 0.05;
-    return std::max(a, b) / std::min(a, b);
+    const auto luminance = [part](const QColor& colour) {
+        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+    };
+    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+    return (light + 0.05) / (dark + 0.05);
 }
+
+inline bool IsReadable(const QColor& text, const QColor& ground) { return Contrast(text, ground) >= 4.5; }
 
 // A picture of a window, addressed in logical pixels.
 struct Shot {
