@@ -24,9 +24,6 @@ LinkView::LinkView(const Parts& parts, QList<ShownField> fields, QWidget* parent
     for (const QAbstractButton* const option : parent->findChildren<QAbstractButton*>()) {
         connect(option, &QAbstractButton::toggled, this, &LinkView::RefreshSoon);
     }
-    Emphasise(true);  // for its width: the button must not grow by the emphasis
-    parts_.set.setMinimumWidth(parts_.set.sizeHint().width());
-    Emphasise(false);
     RefreshSoon();
 }
 
