@@ -37,9 +37,7 @@ QList<QWidget*> Shown(QWidget* window) {
 QList<QWidget*> ControlsOf(QWidget* window) {
     QList<QWidget*> controls = Shown<QAbstractButton, QLineEdit, QPlainTextEdit, QTabBar, QListWidget>(window);
     controls += window->objectName() == u"Editor" ? Shown<PictureBox>(window) : QList<QWidget*>();
-    erase_if(controls, [](const QWidget* control) {
-        return !control->isEnabled() || control->objectName() == u"qt_spinbox_lineedit";  // part of its spin box
-    });
+    erase_if(controls, [](const QWidget* control) { return !control->isEnabled(); });
     return controls;
 }
 

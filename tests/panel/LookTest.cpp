@@ -174,7 +174,10 @@ struct Look : Windows {
     const QPalette formerPalette = QApplication::palette();
     const QFont formerFont = QApplication::font();
 
-    Look() { QApplication::setCursorFlashTime(0); }
+    Look() {
+        withPages = true;
+        QApplication::setCursorFlashTime(0);
+    }
     ~Look() override {
         QApplication::setPalette(formerPalette);
         QApplication::setFont(formerFont);
