@@ -16,6 +16,10 @@ class ReadBack {
     // operation is abandoned meanwhile, PanelState stays as it was.
     void ReadAllFromUnit();
 
+    // What ReadAllFromUnit has left out in the state that it came to: the sweep's values while `sweepBefore`, bmWobbel
+    // ahead of it, was off, and the frequency behind a sweep. The instrument answers these at any time.
+    void ReadLeftOut(quint8 sweepBefore);
+
     void ReadSweep();  // asks only while bmWobbel, as it was before this read-back, is above 0
     void ReadModulation();
     void ReadStatus();
@@ -24,6 +28,7 @@ class ReadBack {
 
   private:
     double Ask(const char* query);
+    void AskSweep();
     void AskMeasure(double PanelState::*field, const char* query);
 
     PanelState& panel_;

@@ -30,8 +30,6 @@ class LevelGroup {
     void Check1_Click();
     void SelectCheck1(bool checked);
     void StoreLevel(double level);
-    void HoldOffsetMagnitude();
-    bool AmOn() const { return panel_.bmAmpMod != 0; }
 
     PanelContext context_;
     PanelState& panel_;

@@ -2,6 +2,7 @@
 #include <QProgressBar>
 
 #include "PanelBench.h"
+#include "link/TransferTexts.h"
 #include "panel/TransferBar.h"
 
 namespace {
