@@ -73,7 +73,10 @@ class CommandAdder {
         sub->add_flag("--clamp", parts_.clamp, "hold what can't be set as it is, as the panel does, and say so");
     }
     void AddWords(CLI::App* sub, const char* name, int least, int most) {
-        sub->add_option(name, parts_.words)->expected(least, most)->required(least > 0);
+        sub->add_option(name, parts_.words)
+            ->expected(least, most)
+            ->required(least > 0)
+            ->multi_option_policy(CLI::MultiOptionPolicy::Throw);
     }
     void AddFile(CLI::App* sub) { sub->add_option("FILE", parts_.file)->required(); }
 

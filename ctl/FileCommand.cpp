@@ -55,11 +55,8 @@ int Compare(Session& session, const MemorySize& size, bool hasLast) {
 
 int ReadToFile(Session& session, const MemorySize& size, const QString& fileName) {
     QString fault;
-    PanelState kept;
-    ArbMemories memories;
-    const bool isNewSettingFile = !fileName.endsWith(u".csv", Qt::CaseInsensitive) && !QFileInfo::exists(fileName);
-    if (!CheckMemoryName(fileName, fault) ||
-        (fileName.endsWith(u".set", Qt::CaseInsensitive) && !ReadKept(fileName, kept, memories, fault))) {
+    const bool isNewSettingFile = fileName.endsWith(u".set", Qt::CaseInsensitive) && !QFileInfo::exists(fileName);
+    if (!CheckMemoryFile(fileName, fault)) {
         return Refuse(session, fault);
     }
     // A new setting file gets the settings of the instrument, to which the memory belongs.

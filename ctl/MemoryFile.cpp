@@ -92,15 +92,20 @@ bool ReadMemoryFile(const QString& fileName, const MemorySize& size, ArbMemories
     return read;
 }
 
-bool CheckMemoryName(const QString& fileName, QString& fault) {
-    fault = QStringLiteral("%1: a memory is written to a file that ends in .set or .csv").arg(fileName);
-    return IsTableName(fileName) || fileName.endsWith(u".set", Qt::CaseInsensitive);
-}
-
 bool ReadKept(const QString& fileName, PanelState& panel, ArbMemories& memories, QString& fault) {
     const bool kept = !QFileInfo::exists(fileName) || LoadWhole(fileName, panel, memories, fault);
     fault = fileName + u": " + fault;
     return kept;
+}
+
+bool CheckMemoryFile(const QString& fileName, QString& fault) {
+    if (fileName.endsWith(u".set", Qt::CaseInsensitive)) {
+        PanelState panel;
+        ArbMemories memories;
+        return ReadKept(fileName, panel, memories, fault);
+    }
+    fault = QStringLiteral("%1: a memory is written to a file that ends in .set or .csv").arg(fileName);
+    return IsTableName(fileName);
 }
 
 bool WriteMemoryFile(const QString& fileName, const MemorySize& size, const ArbMemories& memories, int points,

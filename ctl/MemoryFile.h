@@ -14,8 +14,8 @@
 bool ReadMemoryFile(const QString& fileName, const MemorySize& size, ArbMemories& memories, bool& hasLast,
                     QString& fault);
 
-// True for a name that WriteMemoryFile can write, which ends in ".set" or ".csv".
-bool CheckMemoryName(const QString& fileName, QString& fault);
+// True for a file that WriteMemoryFile can write: its name ends in ".set" or ".csv", and a ".set" that is there is one.
+bool CheckMemoryFile(const QString& fileName, QString& fault);
 
 // What a setting file holds that is there; nothing changes if there is none.
 bool ReadKept(const QString& fileName, PanelState& panel, ArbMemories& memories, QString& fault);

@@ -99,7 +99,7 @@ std::optional<Samples> ByRecording(Session& session, const WaveRequest& request)
 
 int MakeWaveFile(Session& session, const WaveRequest& request) {
     QString fault;
-    if (!CheckMemoryName(request.out, fault)) {
+    if (!CheckMemoryFile(request.out, fault)) {
         return Refuse(session, fault);
     }
     const auto samples = request.recording.isEmpty() ? ByFormula(session, request) : ByRecording(session, request);
