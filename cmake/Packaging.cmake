@@ -34,8 +34,10 @@ set(CPACK_PACKAGE_DESCRIPTION "Sets signal, frequency, level, sweep, modulation 
 on an RS-232 line, reads them back, edits its arbitrary memories and moves
 them. With a simulated instrument and a source of traces.")
 set(CPACK_COMPONENTS_ALL panel ctl)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")  # each package has a first line of its own
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_PANEL_PACKAGE_NAME trx5276)
+set(CPACK_DEBIAN_PANEL_PACKAGE_SUGGESTS kl5276ctl)
 set(CPACK_DEBIAN_CTL_PACKAGE_NAME kl5276ctl)
 set(CPACK_COMPONENT_PANEL_DESCRIPTION "${PROJECT_DESCRIPTION}
 ${CPACK_PACKAGE_DESCRIPTION}")

@@ -4,7 +4,7 @@ _kl5276ctl() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]} ctl=${COMP_WORDS[0]}
     local commands="ports id get set output sweep am fsk psk modulation load save memory wave clock fields batch"
     local options="--port --rate --timeout --log --quiet --dry-run --from --help"
-    local command= field word
+    local command= field= word
     COMPREPLY=()
     # "=" separates words: field = value.
     if [ "$cur" = "=" ]; then
