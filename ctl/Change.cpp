@@ -20,13 +20,11 @@ QString Named(const Field& field, double value, const PanelState& panel) {
     return QLatin1StringView(field.name) + u'=' + TextOf(field, value, panel);
 }
 
-QString Because(const QStringList& hints) {
-    return hints.isEmpty() ? QString() : QString(u" (" + hints.join(u"; ") + u')');
-}
+QString Because(const QString& hints) { return hints.isEmpty() ? QString() : QString(u" (" + hints + u')'); }
 
 QString LimitRemark(const Field& field, double value, const Held& held, const PanelState& panel) {
     return Named(field, value, panel) + u" is out of its limits, which are " + QLatin1StringView(field.limits) +
-           u": the panel holds it at " + TextOf(field, held.value, panel);
+           u": the panel holds it at " + TextOf(field, held.value, panel) + Because(held.hint);
 }
 
 class Planner {
@@ -87,7 +85,7 @@ class Planner {
                 plan_.remarks +=
                     Named(field, field.Of(before), before) +
                     (Names(field) ? u" does not go with the rest and becomes " : u" has to give way and becomes ") +
-                    TextOf(field, field.Of(state), state) + Because(hints);
+                    TextOf(field, field.Of(state), state) + Because(hints.join(u"; "));
             }
         }
     }

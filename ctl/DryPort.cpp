@@ -35,11 +35,10 @@ constexpr auto kQueries = std::to_array<Query>({
 });
 
 // The sample behind "arp16:100=?".
-int SampleOf(const QString& query, const MemorySize& size, const ArbMemories& memories) {
+int SampleOf(const QString& query, const MemorySize& size, ArbMemories& memories) {
     const qsizetype head = qstrlen(size.pointCommand);
     const int address = query.sliced(head, query.indexOf(u'=') - head).toInt();
-    return size.samples(
-        const_cast<ArbMemories&>(memories))[static_cast<std::size_t>(std::clamp(address, 0, size.LastAdr))];
+    return size.samples(memories)[static_cast<std::size_t>(std::clamp(address, 0, size.LastAdr))];
 }
 
 }  // namespace

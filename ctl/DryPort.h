@@ -11,7 +11,7 @@
 class DryPort : public Com {
   public:
     using TakeLine = std::function<void(const QString& line)>;
-    DryPort(const ProgramState& program, TakeLine sent) : program_(program), sent_(std::move(sent)) {}
+    DryPort(ProgramState& program, TakeLine sent) : program_(program), sent_(std::move(sent)) {}
 
     void SetCommPort(int) override {}
     bool SetSettings(const QString& settings) override {
@@ -40,7 +40,7 @@ class DryPort : public Com {
     QByteArray Answer(const QString& query) const;
     QByteArray Status() const;
 
-    const ProgramState& program_;
+    ProgramState& program_;
     TakeLine sent_;
     QString settings_;
     QString line_;

@@ -31,6 +31,34 @@ QString Printable(const QString& line) {
 
 QString PanelFolder() { return ProgramFolder(); }
 
+// The texts of the link's boxes are kept for Failure. A transfer shows its progress.
+class Session::Front : public SilentFront {
+  public:
+    explicit Front(Session& session) : session_(session) {}
+
+    void MessageBox(const QString& text, const QString&) override { session_.fault_ = text.simplified(); }
+    void ShowTransfer(const QString&, int) override { transfers_ = true; }
+    void HideTransfer() override {
+        transfers_ = false;
+        session_.console.Progress({});
+    }
+
+    bool Transfers() const { return transfers_; }
+    // A few times a second, also while the line only drains.
+    void Refresh() {
+        constexpr qint64 kLookMs = 200;
+        if (transfers_ && (!look_.isValid() || look_.elapsed() >= kLookMs)) {
+            look_.start();
+            session_.console.Progress(ProgressText(session_.link().memory.Progress()));
+        }
+    }
+
+  private:
+    Session& session_;
+    bool transfers_ = false;
+    QElapsedTimer look_;
+};
+
 // The program's clock, which looks for Ctrl+C in each of the waits that a command consists of.
 class Session::Clock : public EventClock {
   public:
@@ -38,21 +66,9 @@ class Session::Clock : public EventClock {
 
     void WaitMs(qint32& ms) override {
         EventClock::WaitMs(ms);
+        session_.front_->Refresh();
         session_.LookForStop();
     }
-
-  private:
-    Session& session_;
-};
-
-// The texts of the link's boxes are kept for Failure. A transfer shows its progress.
-class Session::Front : public SilentFront {
-  public:
-    explicit Front(Session& session) : session_(session) {}
-
-    void MessageBox(const QString& text, const QString&) override { session_.fault_ = text.simplified(); }
-    void ShowProgress(int) override { session_.console.Progress(ProgressText(session_.link().memory.Progress())); }
-    void HideTransfer() override { session_.console.Progress({}); }
 
   private:
     Session& session_;
@@ -109,12 +125,13 @@ void Session::WatchPort(WatchedPort& port) {
 
 bool Session::Stopped() const { return Interrupts() > 0; }
 
-// The first one ends a transfer in order, and anything else as soon as it is done; the next one at once.
+// The first one ends a transfer in order, what the port has taken goes out; the next one, or one without a transfer,
+// ends at once.
 void Session::LookForStop() {
     if (Interrupts() > interruptsSeen_) {
         const bool again = interruptsSeen_ > 0;
         interruptsSeen_ = Interrupts();
-        if (!link_->memory.Stop() || again) {
+        if (again || (!link_->memory.Stop() && !front_->Transfers())) {
             link_->gate.Abandon();
         }
     }
