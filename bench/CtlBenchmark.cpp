@@ -14,7 +14,7 @@ constexpr double kPaceMs = 5.0;
 constexpr double kBitsPerCharacter = 11.0;  // start, 8 data, 2 stop
 
 struct Bench {
-    explicit Bench(sim::Options options) : instrument(options) {
+    explicit Bench(const sim::Options& options) : instrument(options) {
         std::string error;
         instrument.Start(&error);
     }

@@ -36,7 +36,7 @@ constexpr auto kQueries = std::to_array<Query>({
 
 // The sample behind "arp16:100=?".
 int SampleOf(const QString& query, const MemorySize& size, ArbMemories& memories) {
-    const qsizetype head = qstrlen(size.pointCommand);
+    const auto head = static_cast<qsizetype>(qstrlen(size.pointCommand));
     const int address = query.sliced(head, query.indexOf(u'=') - head).toInt();
     return size.samples(memories)[static_cast<std::size_t>(std::clamp(address, 0, size.LastAdr))];
 }
@@ -56,7 +56,7 @@ void DryPort::Output(char character) {
 }
 
 QByteArray DryPort::Input() {
-    const QByteArray next = reply_.first(std::min<qsizetype>(reply_.size(), 1));
+    QByteArray next = reply_.first(std::min<qsizetype>(reply_.size(), 1));
     reply_.remove(0, 1);
     return next;
 }

@@ -115,6 +115,7 @@ bool WriteMemoryFile(const QString& fileName, const MemorySize& size, const ArbM
     bool written = false;
     if (IsTableName(fileName)) {
         std::vector<Record> records;
+        records.reserve(static_cast<std::size_t>(points));
         for (int address = 0; address < points; ++address) {
             records.push_back({0, static_cast<qint16>(address), samples[static_cast<std::size_t>(address)]});
         }

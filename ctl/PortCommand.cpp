@@ -27,7 +27,7 @@ PortRow RowFor(const QString& name, const QString& device, const QList<SystemPor
 
 // Com1 to Com4, then the devices behind none of them.
 QList<PortRow> AllPorts() {
-    const QList<SystemPort> ports = SystemPorts();
+    QList<SystemPort> ports = SystemPorts();
     QList<PortRow> rows;
     QStringList shown;
     for (int number = kFirstComPort; number <= kLastComPort; ++number) {

@@ -142,6 +142,21 @@ TEST_F(CtlCommands, WrongUsageEndsWithOneSentenceAndSendsNothing) {
     EXPECT_EQ(Content(Path("not.set")), "words");
 }
 
+TEST_F(CtlCommands, PortAndRateAreThoseOfThePanel) {
+    Plug(3, {.rate = 9600, .silentOffRate = true});
+    Preferences preferences;
+    preferences.ComPortNumber = 3;
+    preferences.ComBaudRate = 9600;
+    Write("5276.def", EncodePreferences(preferences));
+    ASSERT_TRUE(QFile::copy(QCoreApplication::applicationDirPath() + QStringLiteral("/kl5276ctl"), Path("kl5276ctl")));
+    const QString device = QFile::symLinkTarget(Path("com3"));
+    QProcess process;
+    process.start(Path("kl5276ctl"), {QStringLiteral("id")});
+    EXPECT_EQ(End(process).out.sliced(2).join(u' '), QString(u"rate=9600 device=" + device));
+    process.start(Path("kl5276ctl"), {QStringLiteral("ports")});
+    EXPECT_EQ(End(process).out.filter(QStringLiteral("Com3")).join(u' '), QString(u"Com3  " + device + u"  ok"));
+}
+
 TEST_F(CtlCommands, ABatchIsOneConnectionAndEndsAtTheFirstFailure) {
     auto& far = Plug(1, {});
     const Ended ended =
