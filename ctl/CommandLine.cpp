@@ -1,9 +1,11 @@
 #include "ctl/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <cmath>
 #include <map>
 
 #include "ctl/Commands.h"
+#include "ctl/Values.h"
 #include "link/Connection.h"
 
 namespace {
@@ -221,8 +223,16 @@ QString FaultOf(const CLI::App& app, const CLI::ParseError& outcome) {
 
 struct ProgramParts {
     std::string port, from;
-    double timeout = 3.0;
+    std::string timeout = "3s";
 };
+
+// Not by the parser, which reads a number as the user's country writes it.
+std::optional<int> MillisecondsOf(const std::string& text) {
+    QString fault;
+    const auto value = ReadValue(ToQt(text), Quantity::Time, fault);
+    const bool fits = value && value->number >= 0.01 && value->number <= 3600.0;
+    return fits ? std::optional(static_cast<int>(std::lround(value->number * 1000.0))) : std::nullopt;
+}
 
 void AddOptions(CLI::App& app, Options& options, ProgramParts& parts) {
     app.add_option("--port", parts.port, "a serial device, or Com1 to Com4 as the panel means them")->type_name("PORT");
@@ -230,7 +240,9 @@ void AddOptions(CLI::App& app, Options& options, ProgramParts& parts) {
         ->check(CLI::IsMember(std::vector<int>(std::begin(kBaudRates), std::end(kBaudRates))))
         ->type_name("BAUD");
     app.add_option("--timeout", parts.timeout, "how long to wait for each character of an answer, in seconds")
-        ->check(CLI::Range(0.01, 3600.0))
+        ->check([](const std::string& text) {
+            return MillisecondsOf(text) ? std::string() : text + " is no time from 10ms to 3600s";
+        })
         ->type_name("SECONDS");
     app.add_flag("--log", options.log, "print what goes over the line to the standard error, with the time in seconds");
     app.add_flag("--quiet", options.quiet, "print errors only: no remarks, no progress");
@@ -268,7 +280,7 @@ Request ReadCommandLine(int argc, const char* const* argv) {
     }
     request.options.port = ToQt(program.port);
     request.options.from = ToQt(program.from);
-    request.options.timeoutMs = static_cast<int>(program.timeout * 1000.0);
+    request.options.timeoutMs = MillisecondsOf(program.timeout).value_or(request.options.timeoutMs);
     return request;
 }
 

@@ -28,7 +28,7 @@ TEST_F(CtlEnds, EveryFaultOfTheInstrumentIsToldAndTheLinkIsGivenBack) {
     int number = 0;
     for (const auto& [faults, sentence, givenBack] : rows) {
         auto& far = Plug(1, {.faults = faults});
-        for (const char* const words : {"--timeout 0.2 get", "--timeout 0.2 set level=1"}) {
+        for (const char* const words : {"--timeout 200ms get", "--timeout 0,2 set level=1"}) {
             far.ClearLog();
             const Ended ended = Run(words);
             EXPECT_EQ(ended.status, 1) << number;
@@ -43,7 +43,10 @@ TEST_F(CtlEnds, EveryFaultOfTheInstrumentIsToldAndTheLinkIsGivenBack) {
         far.Stop();
         ++number;
     }
-    // What is merely slow, or told in small letters, is no fault; another device, or a stalled line, is one.
+}
+
+// What is merely slow, or told in small letters, is no fault; another device, or a stalled line, is one.
+TEST_F(CtlEnds, OtherDevicesAndNoDeviceAreToldAsSuch) {
     Plug(1, {.faults = {.byteDelay = std::chrono::milliseconds(2), .lowerCaseStatus = true}});
     EXPECT_EQ(Run("set form=pink output=on").status, 0);
     Plug(3, {.model = "KL9999"});

@@ -1,4 +1,5 @@
 #include "CtlBench.h"
+#include "storage/SettingFile.h"
 
 namespace {
 
@@ -129,7 +130,11 @@ TEST_F(CtlSettings, ADryRunPrintsTheLinesThatWouldBeSent) {
         EXPECT_EQ(dry.out, Lines(far)) << words;
         far.Stop();
     }
-    QFile::remove(Path("com1"));
+    PanelState panelState;
+    panelState.mFreq = 5000.0;
+    ASSERT_TRUE(SaveSettingFile(CreateSettingFile(Path("p.set")), panelState, ArbMemories{}));
+    const QStringList from = Run(u"--dry-run set level=2 --from " + Path("p.set")).out;
+    EXPECT_EQ(from.filter(QStringLiteral(":")).join(u' '), u"frq:00005000.0000 amp:0.21 ofs:0 amp:2.0");
     ASSERT_EQ(Run(QStringLiteral("--dry-run wave --formula x -o ") + Path("w.set")).status, 0);
     EXPECT_FALSE(QFile::exists(Path("w.set")));
     EXPECT_EQ(Run(QStringLiteral("--dry-run memory read 4k ") + Path("w.csv")).out.mid(3, 4096).last(), u"arp4:4095=?");
