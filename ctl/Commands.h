@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonDocument>
 #include <QStringList>
 
 #include "core/EditorState.h"
@@ -47,6 +48,11 @@ inline void PrintResult(Session& session, const QString& line) {
     if (!session.options().dryRun) {
         session.console.Print(line);
     }
+}
+
+// One line.
+inline void PrintJson(Session& session, const QJsonDocument& json) {
+    PrintResult(session, QString::fromUtf8(json.toJson(QJsonDocument::Compact)));
 }
 
 inline int Refuse(Session& session, const QString& sentence) {

@@ -32,13 +32,20 @@ int Read(Session& session, const MemorySize& size) {
     return IsWhole(session, result) ? kDone : EndEarly(session, size, result, "read");
 }
 
+int MoveBoth(Session& session, int (*move)(Session& session, const MemorySize& size)) {
+    const int status = move(session, kMemory4k);
+    return status == kDone ? move(session, kMemory16k) : status;
+}
+
 // The file has no sample for the last address, so the instrument's own stands there for the comparison.
 void AskLast(Session& session, const MemorySize& size) {
     LinkState& link = session.program.link;
     link.CommandText = QStringLiteral("%1%2=?").arg(QLatin1StringView(size.pointCommand)).arg(size.LastAdr);
     session.link().transport.QueryUnit();
-    const QString value = link.ReplyText.sliced(link.ReplyText.indexOf(u'=') + 1);
-    size.samples(session.program.memories).back() = static_cast<qint16>(NearestEven(ReadHeadNumber(value)));
+    if (session.IsSound()) {
+        const QString value = link.ReplyText.sliced(link.ReplyText.indexOf(u'=') + 1);
+        size.samples(session.program.memories).back() = static_cast<qint16>(NearestEven(ReadHeadNumber(value)));
+    }
 }
 
 int Compare(Session& session, const MemorySize& size, bool hasLast) {
@@ -95,6 +102,7 @@ bool CheckSettings(const QString& fileName, ArbMemories& memories, QString& faul
 int LoadSettings(Session& session, const QString& fileName, bool memories, bool clamp) {
     QString fault;
     ProgramState& program = session.program;
+    program.memories = {};
     if (!CheckSettings(fileName, program.memories, fault)) {
         return Refuse(session, fault);
     }
@@ -104,32 +112,25 @@ int LoadSettings(Session& session, const QString& fileName, bool memories, bool 
     PanelState loaded = program.panel;  // keeps the reference, which no file holds
     LoadSettingFile(fileName, loaded, program.memories);
     const Plan plan = PlanChange(loaded, {});
-    if (memories && (clamp || plan.remarks.isEmpty())) {
-        for (const MemorySize* const size : kMemorySizes) {
-            if (const int status = Send(session, *size); status != kDone) {
-                return status;
-            }
-        }
-    }
-    return SendPlan(session, plan, clamp);
+    const bool goesOut = memories && (clamp || plan.remarks.isEmpty());
+    const int status = goesOut ? MoveBoth(session, Send) : static_cast<int>(kDone);
+    return status == kDone ? SendPlan(session, plan, clamp) : status;
 }
 
 int SaveSettings(Session& session, const QString& fileName, bool memories) {
     QString fault;
     PanelState former;
     ArbMemories& samples = session.program.memories;
-    samples = session.options().dryRun ? samples : ArbMemories{};
+    samples = {};
     if (!ReadKept(fileName, former, samples, fault)) {
         return Refuse(session, fault);
     }
     if (!session.Connect() || !session.ReadAll()) {
         return session.Failure();
     }
-    for (const MemorySize* const size : memories ? kMemorySizes : std::array<const MemorySize*, 2>{}) {
-        const int status = size == nullptr ? kDone : Read(session, *size);
-        if (status != kDone) {
-            return status;
-        }
+    const int status = memories ? MoveBoth(session, Read) : static_cast<int>(kDone);
+    if (status != kDone) {
+        return status;
     }
     if (session.options().dryRun || SaveSettingFile(CreateSettingFile(fileName), session.program.panel, samples)) {
         return kDone;
@@ -144,6 +145,7 @@ int MoveMemory(Session& session, Transfer transfer, const MemorySize& size, cons
     }
     QString fault;
     bool hasLast = false;
+    session.program.memories = {};
     if (!ReadMemoryFile(fileName, size, session.program.memories, hasLast, fault)) {
         return Refuse(session, fault);
     }

@@ -21,12 +21,13 @@ QString WhyNot(const recording::AddressedSample& sample, const MemorySize& size)
     if (sample.address < 0 || sample.address > size.LastAdr) {
         return place.arg(u"address").arg(sample.address).arg(0).arg(size.LastAdr);
     }
-    return std::abs(sample.value) > kHighestSample
-               ? place.arg(u"value").arg(sample.value).arg(-kHighestSample).arg(kHighestSample)
+    // The editor's pens write as far as its band reaches; the instrument holds such samples.
+    return std::abs(sample.value) > kHighestClick
+               ? place.arg(u"value").arg(sample.value).arg(-kHighestClick).arg(kHighestClick)
                : QString();
 }
 
-// A table for this memory has every address once.
+// A table for this memory has every address; the last sample of one counts.
 bool TakeTable(const recording::Recording& table, const MemorySize& size, ArbMemories& memories, bool& hasLast,
                QString& fault) {
     std::vector<bool> found(static_cast<std::size_t>(size.LastAdr) + 1);

@@ -1,5 +1,4 @@
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include "ctl/Commands.h"
@@ -64,7 +63,7 @@ int ListPorts(Session& session, bool json) {
         }
     }
     if (json) {
-        PrintResult(session, QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact)));
+        PrintJson(session, QJsonDocument(list));
     }
     return kDone;
 }
@@ -93,7 +92,7 @@ int Identify(Session& session, bool json) {
         }
     }
     if (json) {
-        PrintResult(session, QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)));
+        PrintJson(session, QJsonDocument(object));
     }
     return kDone;
 }

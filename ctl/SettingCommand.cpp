@@ -1,5 +1,3 @@
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include "ctl/Change.h"
@@ -7,10 +5,6 @@
 #include "ctl/SettingSteps.h"
 
 namespace {
-
-QString Compact(const QJsonObject& object) {
-    return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
-}
 
 std::optional<QList<Assignment>> ReadAssignments(Session& session, const QStringList& texts) {
     QList<Assignment> assignments;
@@ -96,7 +90,7 @@ int Get(Session& session, const QStringList& names, bool json) {
         }
     }
     if (json) {
-        PrintResult(session, Compact(object));
+        PrintJson(session, QJsonDocument(object));
     }
     return kDone;
 }

@@ -1,5 +1,3 @@
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include "CtlBench.h"
 #include "ctl/Commands.h"
