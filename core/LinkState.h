@@ -25,4 +25,5 @@ struct LinkState {
     QString SerialErrorText;                // what ShowSerialError will show
     QString UnitVersion;                    // trimmed reply to "VER?"
     qint32 PaceDelayMs = 5;                 // ms, wait after each command
+    qint32 ReplyTimeoutMs = 3000;           // ms, for each byte of a reply
 };

@@ -61,6 +61,10 @@ void ReadBack::ReadSweep() {
     if (link_.LinkUp == 0 || panel_.bmWobbel == kSweepOff) {
         return;
     }
+    AskSweep();
+}
+
+void ReadBack::AskSweep() {
     AskMeasure(&PanelState::msWobbel, "stt?");
     AskMeasure(&PanelState::meWobbel, "stp?");
     AskMeasure(&PanelState::mtWobbel, "swt?");
@@ -124,6 +128,15 @@ void ReadBack::ReadLevel() {
 
 void ReadBack::ReadFrequency() {
     if (link_.LinkUp != 0 && panel_.bmWobbel == kSweepOff) {
+        AskMeasure(&PanelState::mFreq, "frq?");
+    }
+}
+
+void ReadBack::ReadLeftOut(quint8 sweepBefore) {
+    if (link_.LinkUp != 0 && sweepBefore == kSweepOff) {
+        AskSweep();
+    }
+    if (link_.LinkUp != 0 && panel_.bmWobbel != kSweepOff) {
         AskMeasure(&PanelState::mFreq, "frq?");
     }
 }

@@ -16,6 +16,10 @@ class ReadBack {
     // operation is abandoned meanwhile, PanelState stays as it was.
     void ReadAllFromUnit();
 
+    // What ReadAllFromUnit has left out in the state that it came to: the sweep's values while `sweepBefore`, bmWobbel
+    // ahead of it, was off, and the frequency behind a sweep. The instrument answers these at any time.
+    void ReadLeftOut(quint8 sweepBefore);
+
     void ReadSweep();  // asks only while bmWobbel, as it was before this read-back, is above 0
     void ReadModulation();
     void ReadStatus();
@@ -27,6 +31,7 @@ class ReadBack {
     bool Answered() const { return link_.SerialFault != 1 && link_.LinkUp == 1; }
     template <typename... Fields>
     void Note(Fields... fields);
+    void AskSweep();
     void AskMeasure(double PanelState::*field, const char* query);
 
     PanelState& panel_;

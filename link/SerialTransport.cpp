@@ -3,7 +3,6 @@
 #include <algorithm>
 
 namespace {
-constexpr qint64 kReplyTimeoutMs = 3000;   // for each byte of a reply
 constexpr qsizetype kLongestReply = 1024;  // characters; a line that never ends counts as a time-out
 constexpr qsizetype kBatchLength = 512;    // characters of unpaced lines that are handed to the port at once
 constexpr qint32 kLineLookMs = 10;         // between two looks at a busy line
@@ -179,7 +178,7 @@ void SerialTransport::CutLine() {
 bool SerialTransport::AwaitByte() {
     const qint64 since = clock_.NowMs();
     while (com_.InBufferCount() <= 0) {
-        if (com_.LineLost() || clock_.NowMs() - since > kReplyTimeoutMs) {
+        if (com_.LineLost() || clock_.NowMs() - since > state_.ReplyTimeoutMs) {
             return false;
         }
     }

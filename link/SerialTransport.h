@@ -25,9 +25,9 @@ class SerialTransport {
     void SendCommandSlow();  // paced after each character: the clock
     void SendQuery();        // as SendCommand, but no CR is added to a text that holds one
 
-    // Sends CommandText and collects one line into ReplyText; at most 3.0 s for each of its bytes, from when the line
-    // has carried the query. Does nothing, and leaves ReplyText, while LinkUp is 0. In an abandoned operation, and if
-    // it is abandoned before the line has carried the query, SerialFault is 1 without a message.
+    // Sends CommandText and collects one line into ReplyText; at most ReplyTimeoutMs for each of its bytes, from when
+    // the line has carried the query. Does nothing, and leaves ReplyText, while LinkUp is 0. In an abandoned operation,
+    // and if it is abandoned before the line has carried the query, SerialFault is 1 without a message.
     void QueryUnit();
     // The form for the thousands of queries of a memory read.
     void QueryUnitBlock() { QueryUnit(); }

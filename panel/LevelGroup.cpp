@@ -1,9 +1,7 @@
 #include "panel/LevelGroup.h"
 
-#include <cmath>
-
-#include "core/LevelRange.h"
 #include "panel/LargeReading.h"
+#include "rules/LevelCoupling.h"
 #include "rules/LevelRules.h"
 
 LevelGroup::LevelGroup(const PanelContext& context, QWidget* parent) : context_(context), panel_(context.panel) {
@@ -72,7 +70,7 @@ QString LevelGroup::OffsetText(const PanelState& state) const {
 void LevelGroup::Text2_Commit() { StoreLevel(context_.EntryOf(*Text2)); }
 
 void LevelGroup::StoreLevel(double level) {
-    context_.Store(HoldLevel(level, panel_.tmVPP, AmOn(), context_.numbers), panel_.mAmp);
+    context_.Store(HoldLevel(level, panel_.tmVPP, AmOn(panel_), context_.numbers), panel_.mAmp);
     RefreshLevel();
 }
 
@@ -110,33 +108,22 @@ void LevelGroup::RefreshLevel() {
     Text2->setAccessibleName(QStringLiteral("Output voltage, in ") + Label6->text());
     Label6->setAccessibleName(Text2->accessibleName());
     Text2->setToolTip(LevelToolTip(panel_.tmVPP, numbers));
-    panel_.bmBereich = LevelRangeNumber(panel_.mAmp, panel_.tmVPP);
+    CoupleLevel(panel_, numbers, [this](const QString& hint) { context_.hint.FlashMessage(hint); });
     Text4->setToolTip(OffsetToolTip(panel_.bmBereich, panel_.tmVPP, numbers));
-    context_.Store(HoldOffset(panel_.mOffset, panel_.bmBereich), panel_.mOffset);
-    context_.Store(HoldLevelBesideOffset(panel_.mAmp, panel_.mOffset, panel_.bmBereich, panel_.tmVPP, numbers),
-                   panel_.mAmp);
     Text2->setText(LevelText(panel_));
     RefreshOffset();
 }
 
 void LevelGroup::RefreshOffset() {
     const double sign = panel_.mOffset < 0.0 ? -1.0 : 1.0;
-    HoldOffsetMagnitude();
-    if (panel_.tmOffset && AmOn()) {
+    HoldOffsetMagnitude(panel_, context_.numbers, [this](const QString& hint) { context_.hint.FlashMessage(hint); });
+    if (panel_.tmOffset && AmOn(panel_)) {
         SelectCheck1(false);
         panel_.tmOffset = kFalse;  // also where the box was clear already, as when a read-back reports an offset
-        context_.hint.FlashMessage(QStringLiteral("An offset voltage cannot be superimposed to an AM signal"));
+        context_.hint.FlashMessage(NoOffsetHint());
     } else if (panel_.tmOffset) {
         SelectCheck1(true);
     }
     panel_.mOffset *= sign;
     Text4->setText(OffsetText(panel_));
-}
-
-// Leaves the magnitude of the offset in mOffset, within the range and at its resolution.
-void LevelGroup::HoldOffsetMagnitude() {
-    context_.Store(HoldOffset(std::fabs(panel_.mOffset), panel_.bmBereich), panel_.mOffset);
-    context_.Store(HoldOffsetBesideLevel(panel_.mOffset, panel_.mAmp, panel_.bmBereich, panel_.tmVPP, context_.numbers),
-                   panel_.mOffset);
-    panel_.mOffset = RoundOffset(panel_.mOffset, panel_.bmBereich);
 }

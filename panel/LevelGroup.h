@@ -31,11 +31,9 @@ class LevelGroup {
     void Check1_Click();
     void SelectCheck1(bool checked);
     void StoreLevel(double level);
-    void HoldOffsetMagnitude();
     static QString UnitOf(const PanelState& state);
     QString LevelText(const PanelState& state) const;
     QString OffsetText(const PanelState& state) const;
-    bool AmOn() const { return panel_.bmAmpMod != 0; }
 
     PanelContext context_;
     PanelState& panel_;

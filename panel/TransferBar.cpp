@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "link/TransferTexts.h"
 #include "widgets/Controls.h"
 #include "widgets/FollowFont.h"
 
@@ -13,22 +14,9 @@ namespace {
 constexpr std::chrono::milliseconds kLook{200};
 constexpr int kLeastWidth = 240;
 constexpr int kTextMargin = 24;
-constexpr qint64 kSecondsPerMinute = 60;
 constexpr double kTint = 0.4;  // of the bar's colour in its ground
 
 }  // namespace
-
-QString ProgressText(const TransferProgress& progress) {
-    QString percent = QStringLiteral("%1 %").arg(progress.percent);
-    if (!progress.leftMs) {
-        return percent;
-    }
-    const qint64 seconds = std::max<qint64>((*progress.leftMs + 500) / 1000, 1);
-    const qint64 minutes = seconds / kSecondsPerMinute;
-    const QString time = minutes > 0 ? QStringLiteral("%1 min %2 s").arg(minutes).arg(seconds % kSecondsPerMinute)
-                                     : QStringLiteral("%1 s").arg(seconds);
-    return QStringLiteral("%1, %2 left").arg(percent, time);
-}
 
 TransferBar::TransferBar(std::function<TransferProgress()> progress, QWidget* parent)
     : QProgressBar(parent), progress_(std::move(progress)) {

@@ -30,6 +30,3 @@ class TransferBar : public QProgressBar {
     std::function<TransferProgress()> progress_;
     QTimer look_;  // while a full port or a drained line keeps the points waiting
 };
-
-// "37 %, 12 s left". Rounded to seconds; at least 1 s while the line is busy.
-QString ProgressText(const TransferProgress& progress);

@@ -1,21 +1,8 @@
 #include "panel/TransferMenu.h"
 
+#include "link/TransferTexts.h"
+
 using End = TransferResult::End;
-
-namespace {
-
-QString PointCount(const MemorySize& size) { return QStringLiteral("%1 points").arg(size.LastAdr + 1); }
-
-QString DifferenceText(const MemorySize& size, const TransferResult& result) {
-    return QStringLiteral("%1 of %2 differ, the first at address %3: %4 in the PC, %5 in the instrument")
-        .arg(result.differing)
-        .arg(PointCount(size))
-        .arg(result.first->address)
-        .arg(result.first->here)
-        .arg(result.first->there, 0, 'g', 15);
-}
-
-}  // namespace
 
 // Only a stop by the user: what else ends a transfer early is shown elsewhere, or the window closes.
 void TransferMenu::ShowStop(const MemorySize& size, const TransferResult& result, const QString& what) {

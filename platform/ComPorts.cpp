@@ -12,6 +12,7 @@
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 #endif
 
@@ -46,13 +47,16 @@ QString NoPermission(const QFileInfo& device) {
                : QStringLiteral("no permission");
 }
 
-// Empty if the device can be opened. It is opened without touching its settings: another program may be using it.
+}  // namespace
+
+// It is opened without touching its settings: another program may be using it.
 QString TroubleWith(const QString& device) {
 #ifdef Q_OS_UNIX
     const int file = ::open(QFile::encodeName(device).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (file >= 0) {
+        const bool inUse = ::flock(file, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
         ::close(file);
-        return {};
+        return inUse ? QStringLiteral("in use") : QString();
     }
     switch (errno) {
         case ENOENT:
@@ -74,12 +78,12 @@ QString TroubleWith(const QString& device) {
 #endif
 }
 
-}  // namespace
-
 QList<SystemPort> SystemPorts() {
     QList<SystemPort> ports;
     for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts()) {
-        ports.append({port.portName(), port.systemLocation(), port.hasVendorIdentifier()});
+        QStringList product{port.description(), port.manufacturer()};
+        product.removeAll(QString());
+        ports.append({port.portName(), port.systemLocation(), port.hasVendorIdentifier(), product.join(u", ")});
     }
     return ports;
 }

@@ -14,6 +14,7 @@ struct SystemPort {
     QString name;    // "ttyUSB0", "COM3"
     QString device;  // its name or path for opening
     bool usb = false;
+    QString product = {};  // "FT232R USB UART, FTDI"; empty if it does not tell
 };
 
 // All of them, in no order. Can take a second.
@@ -25,6 +26,10 @@ QString FindComPort(int number, const QString& folder,
 
 // Whether any of the four has a device.
 bool AnyComPort(const QString& folder);
+
+// What is wrong with a device, a name or a path: "missing", "in use", or no permission and which group has it; empty if
+// it can be opened.
+QString TroubleWith(const QString& device);
 
 // One line for the user: which device is behind the port now, and what is wrong with it if it can't be opened.
 // `openHere` says that this program holds the port, which is then left alone.

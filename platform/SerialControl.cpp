@@ -6,6 +6,7 @@
 
 #ifdef Q_OS_UNIX
 #include <poll.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -24,6 +25,15 @@ constexpr std::size_t kBlockBytes = 256;   // a driver frees its room in blocks;
 qint32 RateOf(const QString& settings) {
     static const QRegularExpression pattern(QStringLiteral("^(\\d{1,7}),N,8,2$"));
     return pattern.match(settings).captured(1).toInt();
+}
+
+// Keeps a second program of this kind off the port, also where the system's own exclusion lets root through.
+bool LockPort(const QSerialPort& port) {
+#ifdef Q_OS_UNIX
+    return ::flock(static_cast<int>(port.handle()), LOCK_EX | LOCK_NB) == 0;
+#else
+    return true;
+#endif
 }
 
 }  // namespace
@@ -66,6 +76,10 @@ bool SerialControl::Open() {
     port_.setStopBits(QSerialPort::TwoStop);
     port_.setFlowControl(QSerialPort::NoFlowControl);
     if (!port_.open(QIODevice::ReadWrite)) {
+        return false;
+    }
+    if (!LockPort(port_)) {
+        port_.close();
         return false;
     }
     open_ = true;

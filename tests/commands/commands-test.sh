@@ -35,6 +35,50 @@ for picture in panel guide/connect guide/connect-port guide/set guide/set-limit 
     [ -s "$TMPDIR/$picture.png" ] || fail "scripts/pictures takes no picture $picture"
 done
 
+# kl5276ctl as the guide uses it, without a display library, on the instrument at Com2.
+PATH=$TRX_BUILT/bin:$PATH
+sources=$PWD
+cd "$TMPDIR"
+! ldd "$TRX_BUILT/bin/kl5276ctl" | grep -E 'Qt6(Gui|Widgets)|libX11' || fail "kl5276ctl needs display libraries"
+kl5276-sim --link "$TRX_BUILT/bin/com2" >/dev/null &
+until_true test -L "$TRX_BUILT/bin/com2"
+guide=$sources/docs/guide/shell.md
+# But the comparison, which takes 5 ms for each point.
+{ echo 'set -eu'; awk '/^```/ { f = !f } !f && /^    +kl5276ctl / && !/ttyUSB0|compare/' "$guide"; } >steps.sh
+awk '/^```bash/ { shell = 1; next } /^```/ { shell = 0 } shell' "$guide" >loops.sh
+awk '/^```python/ { python = 1; next } /^```/ { python = 0 } python' "$guide" >example.py
+bash steps.sh >"$log" 2>&1 || fail "the steps of docs/guide/shell.md"
+grep -q '^frequency=2.5MHz$' "$log" || fail "the steps print nothing"
+bash loops.sh >"$log" 2>&1 || fail "the loops of docs/guide/shell.md"
+grep -q '^10kHz ' response.txt && grep -q '^{"frequency":10000}$' "$log" || fail "the loops measure nothing"
+python3 example.py >"$log" 2>&1 || fail "the example of docs/guide/shell.md"
+grep -q '^100000 2 Vpp$' "$log" || fail "the example prints nothing"
+kill %%
+wait %% || fail "kl5276-sim ended with $?"
+
+# Manual and completion know every field and every command.
+kl5276ctl fields >fields
+kl5276ctl --help | sed '1,/^Subcommands/d' | awk '{ print $1 }' | grep . >commands
+MANWIDTH=900 LC_ALL=C man --warnings --nh --nj -l "$sources/ctl/kl5276ctl.1" 2>"$log" | col -b >manual
+[ ! -s "$log" ] || fail "the manual has faults"
+while IFS=$'\t' read -r name values _; do
+    grep -A 1 "^ *\(.*, \)\?$name\b" manual | grep -qF -- "${values//|/, }" || fail "the manual lacks $name: $values"
+done <fields
+complete_words() {
+    COMP_WORDS=("$@") COMP_CWORD=$(($# - 1))
+    _kl5276ctl
+    echo "${COMPREPLY[*]}"
+}
+. "$sources/ctl/kl5276ctl.bash"
+[ "$(complete_words kl5276ctl "" | tr ' ' '\n' | grep -v '^--' | sort)" = "$(sort commands)" ] || fail "completion of commands"
+for name in $(cat commands); do
+    grep -q "^ *$name\b" manual || fail "the manual lacks the command $name"
+done
+[ "$(complete_words kl5276ctl set sweep-)" = "sweep-start= sweep-stop= sweep-time=" ] || fail "completion of fields"
+[ "$(complete_words kl5276ctl set form = ramp-)" = "ramp-up ramp-down" ] || fail "completion of words"
+[ "$(complete_words kl5276ctl --rate 9)" = 9600 ] || fail "completion of options"
+cd "$sources"
+
 # ./run without a display, from another folder.
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
 (cd / && exec "$OLDPWD/run") >"$log" 2>&1 &

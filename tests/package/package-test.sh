@@ -20,8 +20,9 @@ for tool in xdotool file dpkg-deb dpkg-shlibdeps desktop-file-validate appstream
     command -v "$tool" >/dev/null || fail "$tool is missing"
 done
 TRX_BUILT=$build "$sources/package" -B "$work" >cpack.log 2>&1 || { cat cpack.log; fail "cpack"; }
-mkdir deb tar data
+mkdir deb ctl tar data
 dpkg-deb -x trx5276_*.deb deb
+dpkg-deb -x kl5276ctl_*.deb ctl
 tar -xzf trx5276-*.tar.gz -C tar --strip-components=1
 
 # The Debian package
@@ -29,17 +30,30 @@ fields=$(dpkg-deb -f trx5276_*.deb)
 for field in "Package: trx5276" "Section: electronics" "Depends: .*libmuparser2v5.*libqt6widgets6\(t64\)\? .*libsqlite3-0"; do
     grep -q "^$field" <<<"$fields" || fail "no $field in: $fields"
 done
+
+# kl5276ctl is a package of its own, for machines without a display.
+fields=$(dpkg-deb -f kl5276ctl_*.deb)
+for field in "Package: kl5276ctl" "Depends: .*libqt6core6.* libqt6serialport6" "Description: KL5276 .* from a shell"; do
+    grep -q "^$field" <<<"$fields" || fail "no $field in: $fields"
+done
+! grep -E '^Depends:.*(gui|widgets|libx|libgl)' <<<"$fields" || fail "kl5276ctl depends on display libraries"
+for file in share/man/man1/kl5276ctl.1 share/bash-completion/completions/kl5276ctl share/doc/kl5276ctl/copyright; do
+    [ -s "ctl/usr/$file" ] || fail "kl5276ctl has no $file"
+done
+[ ! -e deb/usr/bin/kl5276ctl ] && [ ! -e ctl/usr/bin/trx5276 ] || fail "the packages overlap"
+"$work/ctl/usr/bin/kl5276ctl" --dry-run id | grep -qx RM0 || fail "the packaged kl5276ctl does not run"
+
 share=deb/usr/share
 desktop-file-validate $share/applications/*.desktop
 appstreamcli validate --no-net $share/metainfo/*.xml >appstream.log || { cat appstream.log; fail "metainfo"; }
 for size in 16 22 24 32 48 64 128 256; do
     [ -s "$share/icons/hicolor/${size}x$size/apps/trx5276.png" ] || fail "no icon of size $size"
 done
-strays=$(cd deb && find . -type f ! -path './usr/bin/*' ! -path './usr/share/*/*')
+strays=$(for package in deb ctl; do (cd $package && find . -type f ! -path './usr/bin/*' ! -path './usr/share/*/*'); done)
 [ -z "$strays" ] || fail "out of place: $strays"
-diff <(cd deb/usr && find . -type f -exec stat -c '%a %n' {} + | sort) \
+diff <(for package in deb ctl; do (cd $package/usr && find . -type f -exec stat -c '%a %n' {} +); done | sort) \
      <(cd tar && find . -type f -exec stat -c '%a %n' {} + | sort) || fail "package and archive differ"
-if grep -rlF -e "$build" -e "$sources" deb tar; then
+if grep -rlF -e "$build" -e "$sources" deb ctl tar; then
     fail "these know the folder they were built in"
 fi
 

@@ -1,6 +1,7 @@
 #include <QProgressBar>
 
 #include "PanelBench.h"
+#include "link/TransferTexts.h"
 #include "panel/TransferBar.h"
 #include "support/Pixels.h"
 

@@ -1,0 +1,37 @@
+#include <QCoreApplication>
+
+#include "ctl/CommandLine.h"
+#include "ctl/Commands.h"
+#include "platform/Shell.h"
+#include "storage/SettingFile.h"
+
+namespace {
+
+int Run(const Request& request) {
+    Session session(request.options);
+    ProgramState& program = session.program;
+    const QString& from = request.options.from;
+    if (!from.isEmpty() && LoadSettingFile(from, program.panel, program.memories) != LoadOutcome::Loaded) {
+        return Refuse(session, from + u": no setting file can be read there");
+    }
+    return request.command(session);
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    int qtArguments = 1;  // its own options stay those of the command line
+    const QCoreApplication application(qtArguments, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("TRX5276"));  // as the panel, for the folder of its files
+    const Request request = ReadCommandLine(argc, argv);
+    if (!request.command) {
+        return request.status;
+    }
+    CatchInterrupts();
+    try {
+        return Run(request);
+    } catch (const std::exception& failure) {
+        Console().Error(QString::fromLocal8Bit(failure.what()));
+        return kFailed;
+    }
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <signal.h>
+
+#include <QFile>
+#include <QProcess>
+
+#include "../whole/WholeBench.h"
+
+// The program kl5276ctl as a shell starts it, with a simulated instrument at its port.
+class CtlBench : public WholeBench {
+  public:
+    struct Ended {
+        int status = -1;
+        QStringList out;
+        QStringList err;
+    };
+
+    QString Path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
+
+    void Start(QProcess& process, const QString& words) {
+        process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/kl5276ctl"),
+                      QStringList{QStringLiteral("--port"), Path("com1")} + QProcess::splitCommand(words));
+        EXPECT_TRUE(process.waitForStarted());
+    }
+    static Ended End(QProcess& process) {
+        EXPECT_TRUE(process.waitForFinished());
+        const auto lines = [](const QByteArray& text) {
+            return QString::fromUtf8(text).split(u'\n', Qt::SkipEmptyParts);
+        };
+        return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+                lines(process.readAllStandardOutput()), lines(process.readAllStandardError())};
+    }
+    // The words go through a shell's hands: quotes hold them together.
+    Ended Run(const QString& words, const char* input = "") {
+        QProcess process;
+        Start(process, words);
+        process.write(input);
+        process.closeWriteChannel();
+        return End(process);
+    }
+    Ended Run(const char* words, const char* input = "") { return Run(QString::fromUtf8(words), input); }
+
+    // What the instrument has got since the last look, without the queries.
+    static QStringList Sent(sim::SimulatedInstrument& instrument) {
+        QStringList lines = Lines(instrument);
+        lines.removeIf([](const QString& line) { return line.endsWith(u'?'); });
+        instrument.ClearLog();
+        return lines;
+    }
+
+    static QByteArray Content(const QString& file) {
+        QFile open(file);
+        EXPECT_TRUE(open.open(QIODevice::ReadOnly));
+        return open.readAll();
+    }
+    void Write(const char* name, const QByteArray& text) {
+        QFile file(Path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+    // A table with a sample for each address of the 4K memory.
+    void WriteTable(const char* name, int samples = 4096) {
+        QByteArray text("address,value\n");
+        for (int i = 0; i < samples; ++i) {
+            text += QByteArray::number(i) + ',' + QByteArray::number(i % 4095 - 2047) + '\n';
+        }
+        Write(name, text);
+    }
+};
