@@ -5,9 +5,25 @@ set(CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXE
                                                 WORLD_READ WORLD_EXECUTE)
 
 set(CMAKE_INSTALL_DEFAULT_COMPONENT_NAME panel)
+
+# Manuals and changes as Debian has them: packed, and the same from each build.
+find_program(GZIP gzip REQUIRED)
+function(install_packed component destination file)
+  get_filename_component(name ${file} NAME)
+  set(packed ${CMAKE_BINARY_DIR}/packed/${component}/${name}.gz)
+  configure_file(${file} ${CMAKE_BINARY_DIR}/packed/${component}/${name} COPYONLY)
+  execute_process(COMMAND ${GZIP} -9nc ${CMAKE_SOURCE_DIR}/${file} OUTPUT_FILE ${packed} COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES ${packed} DESTINATION ${destination} COMPONENT ${component})
+endfunction()
+foreach(manual app/trx5276.1 simulator/kl5276-sim.1 simulator/qd204-sim.1)
+  install_packed(panel ${CMAKE_INSTALL_MANDIR}/man1 ${manual})
+endforeach()
+install_packed(ctl ${CMAKE_INSTALL_MANDIR}/man1 ctl/kl5276ctl.1)
+install_packed(panel ${CMAKE_INSTALL_DATADIR}/doc/trx5276 app/changelog)
+install_packed(ctl ${CMAKE_INSTALL_DATADIR}/doc/kl5276ctl app/changelog)
+
 install(TARGETS trx5276 kl5276-sim qd204-sim)
 install(TARGETS kl5276ctl COMPONENT ctl)
-install(FILES ctl/kl5276ctl.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ctl)
 install(FILES ctl/kl5276ctl.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME kl5276ctl
         COMPONENT ctl)
 install(FILES app/copyright CHANGELOG.md docs/guide/shell.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/kl5276ctl

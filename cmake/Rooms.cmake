@@ -16,6 +16,12 @@ if(TRX_FUZZ)
                                                -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(trx_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(NOT TRX_SANITIZE AND NOT TRX_FUZZ)
+  # As Debian hardens its packages: a slip that these notice ends the program before it does harm.
+  target_compile_options(trx_options INTERFACE -fstack-protector-strong
+    "$<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE;-D_FORTIFY_SOURCE=2>")
+  target_link_options(trx_options INTERFACE -Wl,-z,relro,-z,now)
+endif()
 target_compile_definitions(trx_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
                                                  QT_USE_QSTRINGBUILDER)
 

@@ -37,13 +37,17 @@ for field in "Package: kl5276ctl" "Depends: .*libqt6core6.* libqt6serialport6" "
     grep -q "^$field" <<<"$fields" || fail "no $field in: $fields"
 done
 ! grep -E '^Depends:.*(gui|widgets|libx|libgl)' <<<"$fields" || fail "kl5276ctl depends on display libraries"
-for file in share/man/man1/kl5276ctl.1 share/bash-completion/completions/kl5276ctl share/doc/kl5276ctl/copyright; do
+for file in share/man/man1/kl5276ctl.1.gz share/bash-completion/completions/kl5276ctl share/doc/kl5276ctl/copyright; do
     [ -s "ctl/usr/$file" ] || fail "kl5276ctl has no $file"
 done
 [ ! -e deb/usr/bin/kl5276ctl ] && [ ! -e ctl/usr/bin/trx5276 ] || fail "the packages overlap"
 "$work/ctl/usr/bin/kl5276ctl" --dry-run id | grep -qx RM0 || fail "the packaged kl5276ctl does not run"
 
 share=deb/usr/share
+for program in deb/usr/bin/* ctl/usr/bin/*; do
+    [ -s deb/usr/share/man/man1/"${program##*/}".1.gz ] || [ -s ctl/usr/share/man/man1/"${program##*/}".1.gz ] ||
+        fail "no manual of $program"
+done
 desktop-file-validate $share/applications/*.desktop
 appstreamcli validate --no-net $share/metainfo/*.xml >appstream.log || { cat appstream.log; fail "metainfo"; }
 for size in 16 22 24 32 48 64 128 256; do
@@ -105,12 +109,11 @@ close_panel
 
 # Installed for all users: what the user adds lies in the application data folder, manuals in either.
 own=data/TRX5276
-"${user[@]}" mkdir $own
-"${user[@]}" touch $own/kl5276_e.pdf
 touch deb/usr/bin/kl5276_d.pdf
 chmod -R a-w deb
-"${user[@]}" deb/usr/bin/kl5276-sim --link $own/com2 >sim.log 2>&1 &
+"${user[@]}" deb/usr/bin/kl5276-sim --link $own/com2 >sim.log 2>&1 &  # makes the folder
 until_true test -L $own/com2
+"${user[@]}" touch $own/kl5276_e.pdf
 start_panel deb/usr/bin
 type_into "KL5276 - V1.02" alt+d Right Right Return
 until_true grep -qs "file://$work/deb/usr/bin/kl5276_d.pdf" data/viewed
