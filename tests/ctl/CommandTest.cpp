@@ -69,6 +69,12 @@ TEST_F(CtlCommands, SettingFilesAreThoseOfThePanel) {
     ASSERT_EQ(LoadSettingFile(Path("p.set"), saved, kept), LoadOutcome::Loaded);
     EXPECT_EQ(saved.mFreq, 1234.0);
     EXPECT_EQ(kept, memories);
+    // A new one has zeros, whatever went through the same batch before.
+    WriteTable("t.csv");
+    const QString batch = u"memory send 4k " + Path("t.csv") + u"\nsave " + Path("new.set");
+    EXPECT_EQ(Run("batch -", batch.toUtf8().constData()).status, 0);
+    ASSERT_EQ(LoadSettingFile(Path("new.set"), saved, kept), LoadOutcome::Loaded);
+    EXPECT_EQ(kept, ArbMemories{});
     EXPECT_EQ(Run(u"--port " + Path("com2") + u" load --memories " + Path("p.set")).status, 0);
     other.With([](sim::Kl5276& unit) { EXPECT_EQ(unit.state.memory4k[7] + unit.state.memory16k[7], 707); });
     panelState.mAmp = 0.25;

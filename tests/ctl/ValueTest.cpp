@@ -1,6 +1,7 @@
 #include "CtlBench.h"
 #include "ctl/BatchLine.h"
 #include "ctl/Values.h"
+#include "ctl/WatchedPort.h"
 
 namespace {
 
@@ -50,6 +51,25 @@ TEST(CtlValues, ABatchLineIsSplitAsAShellDoes) {
         EXPECT_EQ(split ? split->join(u'|') : QStringLiteral("?"), QString::fromLatin1(words == nullptr ? "?" : words))
             << line;
         EXPECT_EQ(fault.isEmpty(), split.has_value()) << line;
+    }
+}
+
+TEST(CtlValues, AnAnswerIsNoneIfTheLinkCannotTakeItsNumber) {
+    const std::tuple<const char*, const char*, bool> rows[]{{"frq?", " 5.0 Hz", true},
+                                                            {"frq?", "Hz 5", false},
+                                                            {"frq?", "1e999", false},
+                                                            {"amt?", "255", true},
+                                                            {"amt?", "-1", false},
+                                                            {"amt?", "256", false},
+                                                            {"sta?", "sin", true},
+                                                            {"sta?", "", false},
+                                                            {"ID?", "", true},
+                                                            {"arp4:1=?", "arp4:1=-2047", true},
+                                                            {"arp4:1=?", "7", true},
+                                                            {"arp4:1=?", "arp4:1=40000", false},
+                                                            {"arp4:1=?", "arp4:1=", false}};
+    for (const auto& [query, answer, isOne] : rows) {
+        EXPECT_EQ(IsAnswer(QString::fromLatin1(query), QString::fromLatin1(answer)), isOne) << query << answer;
     }
 }
 
