@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QRadioButton>
+#include <QRegularExpression>
 #include <cstdio>
 
 #include "SoakHand.h"
@@ -211,18 +212,17 @@ class WholeSoak : public WholeBench {
         EXPECT_TRUE(SaveConstructionFile(CreateConstructionFile(points)));
         QFile whole(setting);
         EXPECT_TRUE(whole.open(QFile::ReadOnly));
-        QFile recording(folder.filePath(QStringLiteral("good.csv")));
-        EXPECT_TRUE(recording.open(QFile::WriteOnly));
-        recording.write("s,V,V\n");
-        for (int row = 0; row < 100; ++row) {
-            recording.write(QByteArray::number(row * 1e-3) + ',' + QByteArray::number(row % 7) + ",-1.5\n");
-        }
+        Lay(QStringLiteral("good.csv"), "s,V,V\n0,1,2\n1,7,-2\n2,4,0\n3,1,1\n4,5,2\n5,1,0\n");
         broken_ = QStringList{QStringLiteral("cut.set"), QStringLiteral("cut.con"), QStringLiteral("empty.con")};
         for (const QString& name : std::as_const(broken_)) {
-            QFile file(folder.filePath(name));
-            EXPECT_TRUE(file.open(QFile::WriteOnly));
-            file.write(name.startsWith(u"cut") ? whole.read(60'000) : QByteArray());
+            Lay(name, name.startsWith(u"cut") ? whole.read(60'000) : QByteArray());
         }
+    }
+
+    void Lay(const QString& name, const QByteArray& content) {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QFile::WriteOnly));
+        file.write(content);
     }
 
     QString ChooseFile(const FileRequest& request, bool open) {
@@ -241,9 +241,7 @@ class WholeSoak : public WholeBench {
 
     // Every file that the program has written can be used again, and nothing else lies about.
     void CheckFiles() {
-        QStringList files = Files();
-        files.removeIf([](const QString& name) { return name.endsWith(u".csv"); });
-        for (const QString& name : std::as_const(files)) {
+        for (const QString& name : Files().filter(QRegularExpression(QStringLiteral("(set|con)$")))) {
             const std::string path = folder.filePath(name).toStdString();
             PanelState state;
             ArbMemories memories;
@@ -336,14 +334,12 @@ class WholeSoak : public WholeBench {
         Count(QStringLiteral("steps in a popup"), QApplication::activePopupWidget() != nullptr);
         Count(QStringLiteral("steps in a modal box"), modal);
         Count(QStringLiteral("steps in a modal box in an operation"), modal && Running());
-        Count(QStringLiteral("steps with comset"), Window("comset") != nullptr);
-        Count(QStringLiteral("steps with formula"), Window("formula") != nullptr);
-        Count(QStringLiteral("steps with recording"), Window("recording") != nullptr);
-        Count(QStringLiteral("steps with guide"), Window("guide") != nullptr);
+        for (const char* const name : {"comset", "formula", "recording", "guide", "about"}) {
+            Count(u"steps with " + QString::fromLatin1(name), Window(name) != nullptr);
+        }
         Count(QStringLiteral("steps with a change that is not set yet"),
               panel.Get<QLabel>("linkstate")->text().contains(u"changed"));
         Count(QStringLiteral("steps with a step to redo"), redo_);
-        Count(QStringLiteral("steps with about"), Window("about") != nullptr);
         Count(QStringLiteral("steps with a trace copied"),
               program.editor.CopyStart == 0 && program.editor.CopyEnd == 2048);
         Count(QStringLiteral("steps with a line begun"), program.editor.LineActive);
