@@ -326,8 +326,8 @@ bool IsSetting(const Table& table, const TableBlock& block, const BlockColumn& c
     const std::size_t most = std::ranges::max(block.columns, {}, &BlockColumn::values).values;
     const auto hasKey = [&](std::size_t stretch) {
         const Shape& shape = table.ShapeOf(table.Stretches()[stretch]);
-        const bool hasNumber = KindAt(shape, column.column) >= CellKind::Stamp;
-        return hasNumber == (KindAt(shape, column.column - 1) == CellKind::Word);
+        const bool hasValue = KindAt(shape, column.column) != CellKind::Missing;
+        return hasValue == (KindAt(shape, column.column - 1) == CellKind::Word);
     };
     return 2 * column.values < most ||
            (column.values < most && column.column > 0 && std::ranges::all_of(block.stretches, hasKey));

@@ -36,7 +36,10 @@ class ColumnReader {
                 to = std::max(to, candidate.place->firstRow + candidate.place->rows);
             }
         }
-        return to == 0 ? std::pair(RowsOfHeader(), block_.rows) : std::pair(std::max(from, RowsOfHeader()), to);
+        const std::size_t behindHeader = RowsOfHeader();
+        const std::pair rows =
+            to == 0 ? std::pair(behindHeader, block_.rows) : std::pair(std::max(from, behindHeader), to);
+        return rows.first + kFewestValues <= rows.second ? rows : std::pair(std::size_t{0}, block_.rows);
     }
 
     // Rows at which the time, or the index, begins again.
@@ -342,9 +345,15 @@ std::vector<Block> ReadColumns(Table& table, const TableBlock& block, const Head
     ends.push_back(to);
     std::vector<Block> pieces;
     for (const std::size_t end : ends) {
+        if (end < from + kFewestValues) {
+            continue;
+        }
         const TableBlock piece = PieceOf(table, block, from, end);
         pieces.push_back(ColumnReader(table, piece, heading, facts).Read());
         from = end;
+    }
+    if (pieces.empty()) {
+        pieces.push_back(whole.Read());
     }
     return pieces;
 }

@@ -63,9 +63,12 @@ class Roles {
         ChooseTimes();
         ChooseIndex();
         LeaveOutLines();
+        LeaveOutNumbersOfChannels();
         GuessTime();
         LeaveOutWhatRunsWithTime();
-        LeaveOutNumbersOfChannels();
+        for (Candidate& candidate : candidates_) {
+            candidate.meaning = candidate.meaning == Meaning::Unknown ? Meaning::Channel : candidate.meaning;
+        }
     }
 
   private:
@@ -138,10 +141,12 @@ class Roles {
 
     // Without a title that tells, the first column is the time if it rises and is not alone.
     void GuessTime() {
-        const auto first = std::ranges::find_if(candidates_, [](const Candidate& c) { return !c.isSetting; });
+        const auto first = std::ranges::find_if(
+            candidates_, [](const Candidate& c) { return !c.isSetting && c.meaning != Meaning::Segment; });
         const bool isKnown = std::ranges::any_of(candidates_, &Candidate::IsAxis);
         const auto others = std::ranges::count_if(candidates_, IsPossibleChannel);
-        if (!isKnown && others > 1 && first->meaning == Meaning::Unknown && first->course.rises) {
+        if (!isKnown && others > 1 && first != candidates_.end() && first->meaning == Meaning::Unknown &&
+            first->course.rises) {
             first->meaning = Meaning::Time;
             first->isGuess = true;
         }
@@ -176,9 +181,10 @@ class Roles {
             isInFront = isInFront && (candidate.isSetting || IsConstant(candidate));
             const bool isNumber = isAnyLeft && IsConstant(candidate) && !candidate.values.empty() &&
                                   candidate.course.lowest == std::trunc(candidate.course.lowest);
-            if (candidate.meaning == Meaning::WhichChannel || candidate.meaning == Meaning::Unknown) {
-                const bool isByTitle = candidate.meaning == Meaning::WhichChannel;
-                candidate.meaning = isNumber && (isByTitle || isInFront) ? Meaning::Segment : Meaning::Channel;
+            if (candidate.meaning == Meaning::WhichChannel) {
+                candidate.meaning = isNumber ? Meaning::Segment : Meaning::Channel;
+            } else if (candidate.meaning == Meaning::Unknown && isNumber && isInFront) {
+                candidate.meaning = Meaning::Segment;
             }
         }
     }

@@ -83,6 +83,7 @@ TEST(RecordingForms, WhichColumnsAreChannels) {
         {"n,CH1,CH2\n7,1,4\n7,3,3\n", "CH1: 1 3; CH2: 4 3 [n]"},
         {"Acq#,CH1\n7,1\n7,3\n", "CH1: 1 3 [Acq#]"},
         {"7,3,.1\n7,1,.3\n", "column 2: 3 1; column 3: 0.1 0.3 [column 1]"},
+        {"7,0,5\n7,1,6\n7,2,5\n", "column 3: 5 6 5 [column 1, column 2]"},
         {"Time,Channel\n0,5\n1,6\n", "Channel: 5 6 [Time] every 1 s"},
         // Of the lines of one channel, the plain one or the first
         {"t,CH1,CH1_PEAK_DETECT,CH2,CH2 PkDet\n0,1,9,2,7\n1,2,8,1,6\n",
@@ -129,8 +130,7 @@ TEST(RecordingForms, HeadersWithNumbers) {
         {"\"HOffset\";50;70\n\n;,3;,2\n;,1;,1\n", "column 2: 0.3 0.1; column 3: 0.2 0.1"},
         {"Channel,CH1,CH2\n,1000,2000\n0,.1,.2\n1,.3,.1\n,9,9\n", "CH1: 0.1 0.3; CH2: 0.2 0.1 [column 1]"},
         {"Time,A\n0.001,12\n0,1\n1,2\n2,1\n3,2\n4,1\n5,2\n6,1\n7,2\n", "A: 1 2 1 2 1 2 1 2 [Time] every 1 s"},
-        {"Points,6,0,4\nScale,2,1,3\nGain,1,2,2\nX,5,3,1\n,,4,2\n,,5,3\n",
-         "column 4: 4 3 2 1 2 3 [column 2, column 3]"},
+        {"Points,6,0,4\nScale,2,1,3\nSource,CH1,2,2\nX,5,3,1\n,,4,2\n,,5,3\n", "CH1: 4 3 2 1 2 3 [column 2, column 3]"},
     });
 }
 
