@@ -11,8 +11,9 @@ namespace recording {
 namespace {
 
 constexpr std::size_t kFewestValues = 2;
-constexpr qsizetype kShown = 40;          // of a text, in a sentence
-constexpr std::size_t kLinesToShow = 20;  // in which a text is sought that is no number
+constexpr std::size_t kMostHeaderRows = 4;  // of numbers alone
+constexpr qsizetype kShown = 40;            // of a text, in a sentence
+constexpr std::size_t kLinesToShow = 20;    // in which a text is sought that is no number
 
 class ColumnReader {
   public:
@@ -26,19 +27,19 @@ class ColumnReader {
     }
 
     // The rows that are samples, from the first to before the last: not those at the top that are numbers of a header,
-    // nor those at either end in which no time stands though the others have one.
+    // nor a few at either end in which no time stands though the others have one.
     std::pair<std::size_t, std::size_t> RowsOfSamples() const {
         std::size_t from = block_.rows;
         std::size_t to = 0;
         for (const Candidate& candidate : candidates_) {
-            if (candidate.IsAxis() && !candidate.values.empty()) {
+            const bool isSure = &candidate == &candidates_.front() || candidate.title.Means() == Meaning::Time;
+            if (candidate.IsAxis() && isSure && !candidate.values.empty()) {
                 from = std::min(from, candidate.place->firstRow);
                 to = std::max(to, candidate.place->firstRow + candidate.place->rows);
             }
         }
-        const std::size_t behindHeader = RowsOfHeader();
-        const std::pair rows =
-            to == 0 ? std::pair(behindHeader, block_.rows) : std::pair(std::max(from, behindHeader), to);
+        const bool isCut = from <= kMostHeaderRows && block_.rows - to <= kMostHeaderRows;
+        const std::pair rows(std::max(isCut ? from : 0, RowsOfHeader()), isCut ? to : block_.rows);
         return rows.first + kFewestValues <= rows.second ? rows : std::pair(std::size_t{0}, block_.rows);
     }
 
@@ -72,14 +73,13 @@ class ColumnReader {
   private:
     // Behind them the first column rises evenly, and no title says that it is anything but a time.
     std::size_t RowsOfHeader() const {
-        constexpr std::size_t kMost = 4;
         constexpr std::size_t kFewestBehind = 8;
         const Candidate& first = candidates_.front();
         const bool mayBeTime = first.title.name.isEmpty() ? heading_.titleCells == 0 : MayBeAxis(first.title);
         if (!mayBeTime || candidates_.size() < 2 || first.course.rises || first.place->hasStamps) {
             return 0;
         }
-        for (std::size_t rows = 1; rows <= kMost && rows + kFewestBehind <= first.values.size(); ++rows) {
+        for (std::size_t rows = 1; rows <= kMostHeaderRows && rows + kFewestBehind <= first.values.size(); ++rows) {
             if (CourseOf(first.values.subspan(rows)).isEven) {
                 return rows + first.place->firstRow;
             }
