@@ -103,7 +103,7 @@ std::size_t AddressesIn(std::span<const AddressedSample> samples) {
     std::vector<int> addresses(samples.size());
     std::ranges::transform(samples, addresses.begin(), &AddressedSample::address);
     std::ranges::sort(addresses);
-    return static_cast<std::size_t>(std::ranges::unique(addresses).begin() - addresses.begin());
+    return static_cast<std::size_t>(std::unique(addresses.begin(), addresses.end()) - addresses.begin());
 }
 
 TableResult ReplaceByAddressed(const EditorState& editor, EditorTables& tables, EditTarget target,
