@@ -37,6 +37,9 @@ QComboBox* MakeChoice(const QString& name, const QString& accessible,
 QLineEdit* MakeCopied(const char* name, const char* accessible, QWidget* parent) {
     auto* const field = Named(new QLineEdit(parent), QString::fromLatin1(name), QString::fromLatin1(accessible));
     field->setReadOnly(true);
+    // Room for the longest of them, whatever the scale of the desktop makes of its digits.
+    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("0000.00000000")) +
+                           4 * field->fontMetrics().averageCharWidth());
     return field;
 }
 

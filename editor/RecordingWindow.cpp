@@ -50,7 +50,10 @@ void RecordingWindow::ConnectControls() {
     for (QSpinBox* const number : {first, last, addresses}) {
         connect(number, &QSpinBox::valueChanged, this, &RecordingWindow::Follow);
     }
-    use->SetClick([this](int) { Follow(); });
+    use->SetClick([this](int) {
+        useIsChosen_ = true;
+        Follow();
+    });
     scale->SetClick([this](int index) {
         state_.RecordingScale = static_cast<RecordedScale>(index);
         Follow();
@@ -103,11 +106,7 @@ void RecordingWindow::ShowOutcome() {
     const bool hasAddresses = read != nullptr && (!read->addressed.empty() || !read->addressedFault.isEmpty());
     asrecording->setVisible(hasAddresses);
     asrecording->setEnabled(hasAddresses && !read->blocks.empty());
-    addressedValues_.clear();
-    if (hasAddresses) {
-        std::ranges::transform(read->addressed, std::back_inserter(addressedValues_),
-                               [](const auto& sample) { return static_cast<double>(sample.value); });
-    }
+    TakeAddresses(hasAddresses ? read->addressed : std::vector<recording::AddressedSample>());
     {
         const QSignalBlocker silent(block);
         block->clear();
@@ -121,7 +120,34 @@ void RecordingWindow::ShowOutcome() {
     ShowBlock();
 }
 
+// In the order of the addresses, as the preview shows them.
+void RecordingWindow::TakeAddresses(std::vector<recording::AddressedSample> samples) {
+    std::ranges::stable_sort(samples, {}, &recording::AddressedSample::address);
+    const auto take = [&samples](int recording::AddressedSample::*member) {
+        std::vector<double> values(samples.size());
+        std::ranges::transform(samples, values.begin(),
+                               [member](const auto& sample) { return static_cast<double>(sample.*member); });
+        return values;
+    };
+    addressedValues_ = take(&recording::AddressedSample::value);
+    addressedPlaces_ = take(&recording::AddressedSample::address);
+}
+
+bool RecordingWindow::LacksAddresses() const {
+    const auto all = static_cast<std::size_t>(size_.lastTableAddress) + 1;
+    return TakesAsItStands() && Read()->addressedFault.isEmpty() && AddressesIn(Read()->addressed) < all;
+}
+
+// As long as the user has not chosen: the target of the editor, but points where a memory would lose addresses.
+void RecordingWindow::ChooseUse() {
+    if (!useIsChosen_) {
+        const bool isMemory = target_ == EditTarget::Memory && !LacksAddresses();
+        use->Show(static_cast<int>(isMemory ? RecordingUse::Memory : RecordingUse::Signal));
+    }
+}
+
 void RecordingWindow::ShowBlock() {
+    ChooseUse();
     preview->Show({}, {});
     channels->Show(ChosenBlock());
     ShowColumn();
@@ -157,6 +183,9 @@ void RecordingWindow::Follow() {
     samples_.clear();
     const bool asItStands = TakesAsItStands();
     const bool any = channels->Chosen() != nullptr && channels->Chosen()->fault.isEmpty();
+    if (asItStands && focusWidget() == channels) {
+        use->Option(use->Selected())->setFocus();  // else the preview would get it, whose keys are others
+    }
     channels->setEnabled(!asItStands);
     stretch->setEnabled(any);
     for (QAbstractButton* const option : scale->Options()) {
@@ -172,12 +201,17 @@ void RecordingWindow::Follow() {
 
 void RecordingWindow::FollowAddressed() {
     const recording::Recording& read = *Read();
-    preview->Show(addressedValues_, {});
+    preview->Show(addressedValues_, addressedPlaces_);
     const QString fault =
         read.addressedFault.isEmpty() ? RefuseAddressed(read.addressed, Use(), size_) : read.addressedFault;
     ShowFound(fault);
-    ShowNoReproduction(fault.isEmpty() ? QStringLiteral("The samples go to their addresses as they stand.")
-                                       : QString());
+    QString text = fault.isEmpty() ? QStringLiteral("The samples go to their addresses as they stand.") : QString();
+    if (fault.isEmpty() && Use() == RecordingUse::Memory && LacksAddresses()) {
+        text = QStringLiteral("The file has %1 of the %2 addresses; the others are removed.")
+                   .arg(AddressesIn(read.addressed))
+                   .arg(size_.lastTableAddress + 1);
+    }
+    ShowNoReproduction(text);
 }
 
 void RecordingWindow::FollowRecording() {

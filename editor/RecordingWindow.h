@@ -47,6 +47,8 @@ class RecordingWindow : public QDialog {
     void ConnectControls();
     void ReadFile();
     void ShowOutcome();
+    void TakeAddresses(std::vector<recording::AddressedSample> samples);
+    void ChooseUse();
     void ShowBlock();
     void ShowColumn();
     void ChooseRows(std::size_t first, std::size_t last);
@@ -64,6 +66,8 @@ class RecordingWindow : public QDialog {
     RecordingUse Use() const { return static_cast<RecordingUse>(use->Selected()); }
     // The file has addresses, and nobody wants it otherwise.
     bool TakesAsItStands() const;
+    // They are fewer than the memory has.
+    bool LacksAddresses() const;
     std::size_t AddressesWanted() const;
 
     void recording_cbok_Click();
@@ -80,7 +84,9 @@ class RecordingWindow : public QDialog {
     RecordingReader reader_{this};
     std::vector<qint16> samples_;          // of a recording; empty if it can't be taken
     std::vector<double> addressedValues_;  // of a table with addresses, for the preview
-    bool showing_ = false;                 // controls change, but not by the user
+    std::vector<double> addressedPlaces_;  // beside them
+    bool useIsChosen_ = false;
+    bool showing_ = false;  // controls change, but not by the user
 
     QLineEdit* file = nullptr;
     QComboBox* separator = nullptr;

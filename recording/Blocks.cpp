@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <numeric>
 
+#include "recording/Keys.h"
+#include "recording/Titles.h"
+
 namespace recording {
 namespace {
 
@@ -14,11 +17,29 @@ constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 // What a stretch is to a block whose values stand in certain columns.
 enum class Fit { Belongs, Gap, Ends };
 
-Fit FitOf(const Shape& shape, const std::vector<std::size_t>& columns) {
-    for (const std::size_t column : columns) {
-        const CellKind kind = column < shape.codes.size() ? KindOf(shape.codes[column]) : CellKind::Missing;
-        if (kind != CellKind::Missing) {
-            return kind == CellKind::Word ? Fit::Ends : Fit::Belongs;
+CellKind KindAt(const Shape& shape, std::size_t column) {
+    return column < shape.codes.size() ? KindOf(shape.codes[column]) : CellKind::Missing;
+}
+
+// A word in front of the samples, where the block has none, is a key whose value stands in their place. With a value of
+// its own between, the key and the samples are beside each other.
+bool HasKeyInFront(const Shape& shape, const Shape& block) {
+    std::size_t column = block.columns.front();
+    const bool isWord = column > 0 && KindAt(shape, column - 1) == CellKind::Word;
+    std::size_t cells = 0;
+    for (; column > 0 && KindAt(shape, column - 1) != CellKind::Missing; --column) {
+        if (KindAt(block, column - 1) != CellKind::Missing) {
+            return false;
+        }
+        ++cells;
+    }
+    return isWord && cells % 2 == 1;
+}
+
+Fit FitOf(const Shape& shape, const Shape& block) {
+    for (const std::size_t column : block.columns) {
+        if (const CellKind kind = KindAt(shape, column); kind != CellKind::Missing) {
+            return kind == CellKind::Word || HasKeyInFront(shape, block) ? Fit::Ends : Fit::Belongs;
         }
     }
     return Fit::Gap;
@@ -89,7 +110,7 @@ class Finder {
             if (i >= stretches_.size() || owner_[i] != kNone) {
                 return kNone;
             }
-            const Fit fit = FitOf(ShapeAt(i), ShapeAt(seed).columns);
+            const Fit fit = FitOf(ShapeAt(i), ShapeAt(seed));
             if (fit != Fit::Gap) {
                 return fit == Fit::Belongs ? i : kNone;
             }
@@ -199,37 +220,75 @@ class Finder {
     BlockSearch search_;
 };
 
-// Prints in pages repeat their titles: the next block goes on where this one ends.
-bool GoesOn(const Table& table, const TableBlock& block, const TableBlock& next) {
-    if (block.columns.size() != next.columns.size() || block.rows < kFewestRows) {
-        return false;
-    }
-    for (std::size_t i = 0; i < block.columns.size(); ++i) {
-        const BlockColumn& column = block.columns[i];
-        const BlockColumn& other = next.columns[i];
-        if (column.column != other.column || column.values != block.rows || other.values != next.rows ||
-            column.firstValue + column.rows != other.firstValue || column.unit != other.unit) {
-            return false;
-        }
-    }
+// All columns reach from the end of the one block to the start of the next.
+bool Meet(const TableBlock& block, const TableBlock& next) {
+    const auto meet = [&](const BlockColumn& column, const BlockColumn& other) {
+        return column.column == other.column && column.unit == other.unit && column.values == column.rows &&
+               other.values == other.rows && column.firstRow + column.rows == block.rows && other.firstRow == 0 &&
+               column.firstValue + column.rows == other.firstValue;
+    };
+    return std::ranges::equal(block.columns, next.columns, meet);
+}
+
+// The first column goes on rising where the next block begins, in steps like those above if `inStep`; or it does not
+// rise there at all, and need not be `inStep`.
+bool RisesOn(const Table& table, const TableBlock& block, const TableBlock& next, bool inStep) {
     const BlockColumn& first = block.columns.front();
     const auto begin = table.Values(first.column).begin() + static_cast<std::ptrdiff_t>(first.firstValue);
-    const auto end = begin + static_cast<std::ptrdiff_t>(block.rows);
-    const bool rises = std::is_sorted(begin, end + static_cast<std::ptrdiff_t>(next.rows)) && *begin < *(end - 1);
-    if (!rises || *end - *(end - 1) > 2 * (*(end - 1) - *(end - 2))) {
+    const auto middle = begin + static_cast<std::ptrdiff_t>(first.rows);
+    const auto end = middle + static_cast<std::ptrdiff_t>(next.columns.front().rows);
+    if (first.rows < kFewestRows || !std::is_sorted(middle, end) || *middle == *(end - 1)) {
+        return !inStep;
+    }
+    const bool rises = std::is_sorted(begin, end) && *begin < *(middle - 1);
+    return rises && (!inStep || *middle - *(middle - 1) <= 2 * (*(middle - 1) - *(middle - 2)));
+}
+
+enum class Remark { No, Text, Marked };
+
+// Whether a line between rows is no more than a remark: it has the mark of one, or is one text beside several columns;
+// it gives no titles, and no key that is known.
+Remark ReadRemark(const Table& table, const TableBlock& block, const std::string& line) {
+    const char separator = table.CellForm().separator;
+    const std::string_view text = Trimmed(line);
+    const bool isMarked = text.starts_with('#') || text.starts_with("//") || text.starts_with('%') ||
+                          (text.starts_with(';') && separator != ';');
+    QStringList cells = WordCells(line, separator, block.cells);
+    cells.removeAll(QString());
+    const bool isOneText = cells.size() == 1 && block.columns.size() > 1;
+    const auto pair = SplitPair(cells.value(0));
+    const bool isKey = ReadKey(pair ? pair->first : cells.value(0)).key != Key::Other;
+    const bool mayBeTitles = 2 * static_cast<std::size_t>(cells.size()) >= block.columns.size() && !isOneText;
+    const bool areTitles = mayBeTitles && std::ranges::any_of(cells, [](const QString& cell) {
+                               const Title title = ReadTitle(cell);
+                               return title.Means() != Meaning::Unknown || !title.unit.isEmpty();
+                           });
+    return isKey || areTitles ? Remark::No : isMarked ? Remark::Marked : isOneText ? Remark::Text : Remark::No;
+}
+
+// The next block goes on where this one ends: prints in pages repeat their titles, and remarks may stand between rows.
+bool GoesOn(const Table& table, const TableBlock& block, const TableBlock& next) {
+    if (!Meet(block, next)) {
         return false;
     }
+    const std::vector<Table::Line> between = table.Texts(next.headerLine, next.headerEnd - 1);
+    std::vector<Remark> remarks;
+    std::ranges::transform(between, std::back_inserter(remarks),
+                           [&](const Table::Line& line) { return ReadRemark(table, block, line.text); });
+    if (!remarks.empty() && std::ranges::find(remarks, Remark::No) == remarks.end()) {
+        return RisesOn(table, block, next, std::ranges::find(remarks, Remark::Text) != remarks.end());
+    }
     const std::vector<Table::Line> titles = table.Texts(block.headerLine, block.headerEnd);
-    return std::ranges::any_of(table.Texts(next.headerLine, next.headerEnd), [&titles](const Table::Line& line) {
-        return std::ranges::find(titles, line.text, &Table::Line::text) != titles.end();
-    });
+    return RisesOn(table, block, next, true) && std::ranges::any_of(between, [&titles](const Table::Line& line) {
+               return std::ranges::find(titles, line.text, &Table::Line::text) != titles.end();
+           });
 }
 
 void Join(TableBlock* block, const TableBlock& next) {
     for (std::size_t i = 0; i < block->columns.size(); ++i) {
-        block->columns[i].rows += next.rows;
-        block->columns[i].values += next.rows;
-        block->columns[i].lastLine = next.lastLine;
+        block->columns[i].rows += next.columns[i].rows;
+        block->columns[i].values += next.columns[i].values;
+        block->columns[i].lastLine = next.columns[i].lastLine;
     }
     block->rows += next.rows;
     block->lastLine = next.lastLine;
@@ -261,6 +320,17 @@ std::size_t LineOfRow(const Table& table, const TableBlock& block, std::size_t r
         row -= stretch.rows;
     }
     return block.lastLine;
+}
+
+bool IsSetting(const Table& table, const TableBlock& block, const BlockColumn& column) {
+    const std::size_t most = std::ranges::max(block.columns, {}, &BlockColumn::values).values;
+    const auto hasKey = [&](std::size_t stretch) {
+        const Shape& shape = table.ShapeOf(table.Stretches()[stretch]);
+        const bool hasValue = KindAt(shape, column.column) != CellKind::Missing;
+        return hasValue == (KindAt(shape, column.column - 1) == CellKind::Word);
+    };
+    return 2 * column.values < most ||
+           (column.values < most && column.column > 0 && std::ranges::all_of(block.stretches, hasKey));
 }
 
 TableBlock PieceOf(const Table& table, const TableBlock& block, std::size_t from, std::size_t to) {

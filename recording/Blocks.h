@@ -19,7 +19,7 @@ struct BlockColumn {
     std::size_t lastLine = 0;
     std::size_t holeLine = 0;       // the first line inside that has no value; 0 if there is none
     std::size_t otherUnitLine = 0;  // the first line with another unit than the values above, or with none
-    int unit = 0;                   // base of the unit in the cells
+    int unit = 0;                   // base of the unit in the cells, or a StampForm
     bool hasStamps = false;
 };
 
@@ -40,12 +40,16 @@ struct BlockSearch {
     std::size_t keyLine = 0;  // the first line of a run that looks like keys with their values; 0 if there is none
 };
 
-// The runs of at least two rows. A run ends where a word stands in place of its first number. Rows of a number behind a
-// word that changes from row to row are the keys of a header, unless they are many or `wordsMayLead`.
+// The runs of at least two rows. A run ends where a word stands in place of its first number, or a key in front of it;
+// it goes on behind a remark. Rows of a number behind a word that changes from row to row are the keys of a header,
+// unless they are many or `wordsMayLead`.
 BlockSearch FindBlocks(const Table& table, bool wordsMayLead);
 
 // Line of a row of the block.
 std::size_t LineOfRow(const Table& table, const TableBlock& block, std::size_t row);
+
+// The column holds settings beside the samples: numbers in few of the rows, or with a key in front of each.
+bool IsSetting(const Table& table, const TableBlock& block, const BlockColumn& column);
 
 // The rows from `from` to before `to` as a block of their own, without columns that have holes. It has the header of
 // the whole.

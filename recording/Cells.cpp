@@ -123,6 +123,15 @@ void GiveUnit(string_view text, Row* row) {
     }
 }
 
+// The value of a stamp, by the place of its date among the dates.
+double PlaceDate(const Cell& cell, Row* row) {
+    constexpr double kDay = 86'400.0;
+    if (row->dates.empty() || row->dates.back() != cell.date) {
+        row->dates.push_back(cell.date);
+    }
+    return cell.value + kDay * static_cast<double>(row->dates.size() - 1);
+}
+
 }  // namespace
 
 std::vector<string_view> SplitCells(string_view line, char separator) {
@@ -146,7 +155,7 @@ void ReadRow(string_view line, const Form& form, Row* row) {
             const string_view text = cursor.TakeText();
             const Cell cell = ReadCell(text, form.numbers);
             code = CellCode(cell.kind, cell.unit);
-            value = cell.value;
+            value = cell.date.first > 0 ? PlaceDate(cell, row) : cell.value;
             mark = cell.mark;
             if (cell.kind == CellKind::Word && !row->codes.empty() && row->codes.back() == kPlainNumber) {
                 GiveUnit(Content(text), row);

@@ -23,6 +23,9 @@ struct Row {
     std::string codes;  // CellCode
     std::string marks;  // decimal marks, 0 where there is none
     std::vector<double> values;
+    // Of all rows so far, each where it becomes another. A stamp with a date has a day in its value for each of the
+    // dates before its own.
+    std::vector<Date> dates;
 };
 
 // The kind of a cell and the base of its unit in one character.

@@ -1,103 +1,52 @@
 #include "recording/Columns.h"
 
+#include <QRegularExpression>
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
-#include "recording/Interval.h"
-#include "recording/Units.h"
+#include "recording/Roles.h"
 
 namespace recording {
 namespace {
 
 constexpr std::size_t kFewestValues = 2;
-
-// A column while its meaning is sought.
-struct Candidate {
-    const BlockColumn* place = nullptr;
-    Title title;
-    std::optional<Unit> unit = {};
-    std::span<double> values = {};  // empty if they are not one for each row
-    Course course = {};
-    Meaning meaning = Meaning::Unknown;
-    bool isSetting = false;  // beside the samples
-    bool isGuess = false;    // nothing but its rise tells that it is a time
-};
-
-bool IsAxis(const Candidate& candidate) {
-    return candidate.meaning == Meaning::Time || candidate.meaning == Meaning::Index ||
-           candidate.meaning == Meaning::Axis;
-}
-
-// By title and unit; a word that may mean a channel too needs a column that rises.
-Meaning MeaningOf(const Candidate& candidate) {
-    Meaning meaning = candidate.title.Means();
-    const bool rises = candidate.course.rises || !candidate.course.restarts.empty();
-    const bool isConstant = candidate.course.lowest == candidate.course.highest;
-    if (candidate.place->hasStamps || meaning == Meaning::Time) {
-        return Meaning::Time;
-    }
-    if (candidate.unit && IsSeconds(*candidate.unit)) {
-        const bool isUnitOnly = candidate.title.name.isEmpty() || candidate.title.name == candidate.title.unit;
-        return rises || isUnitOnly ? Meaning::Time : Meaning::Channel;
-    }
-    if (candidate.unit && candidate.unit->base != 0) {
-        const bool isSpectrum = IsHertz(*candidate.unit) && rises && meaning != Meaning::Channel;
-        return isSpectrum ? Meaning::Axis : meaning == Meaning::Extra ? Meaning::Extra : Meaning::Channel;
-    }
-    if (Title{candidate.title.unit, {}}.Means() == Meaning::Index) {
-        meaning = Meaning::Index;  // "Sequence" in the line of units
-    }
-    switch (meaning) {
-        case Meaning::MaybeTime:
-            return rises ? Meaning::Time : Meaning::Channel;
-        case Meaning::Axis:
-            return rises ? Meaning::Axis : Meaning::Channel;
-        case Meaning::Index:
-            return rises || (isConstant && candidate.title.name.size() > 1) ? Meaning::Index : Meaning::Channel;
-        case Meaning::Segment:
-            return isConstant || std::ranges::is_sorted(candidate.values) ? Meaning::Segment : Meaning::Channel;
-        default:
-            return meaning;
-    }
-}
+constexpr std::size_t kMostHeaderRows = 4;  // of numbers alone
+constexpr qsizetype kShown = 40;            // of a text, in a sentence
+constexpr std::size_t kLinesToShow = 20;    // in which a text is sought that is no number
 
 class ColumnReader {
   public:
     ColumnReader(Table& table, const TableBlock& block, const Heading& heading, const Facts& facts)
         : table_(table), block_(block), heading_(heading), facts_(facts) {
-        std::size_t most = 0;
         for (const BlockColumn& column : block.columns) {
-            most = std::max(most, column.values);
+            candidates_.push_back(Look(column, IsSetting(table, block, column)));
         }
-        for (const BlockColumn& column : block.columns) {
-            candidates_.push_back(Look(column, 2 * column.values < most));
-        }
-        GuessTime();
-        LeaveOutWhatRunsWithTime();
+        FindRoles(&candidates_);
         NameByFacts();
     }
 
-    // Rows at the top that are no samples but numbers of a header: behind them the first column rises evenly, and no
-    // title says what it is.
-    std::size_t RowsOfHeader() const {
-        constexpr std::size_t kMost = 4;
-        constexpr std::size_t kFewestBehind = 8;
-        const Candidate& first = candidates_.front();
-        if (heading_.titleCells > 0 || candidates_.size() < 2 || first.course.rises || first.place->hasStamps) {
-            return 0;
-        }
-        for (std::size_t rows = 1; rows <= kMost && rows + kFewestBehind <= first.values.size(); ++rows) {
-            if (CourseOf(first.values.subspan(rows)).isEven) {
-                return rows + first.place->firstRow;
+    // The rows that are samples, from the first to before the last: not those at the top that are numbers of a header,
+    // nor a few at either end in which no time stands though the others have one.
+    std::pair<std::size_t, std::size_t> RowsOfSamples() const {
+        std::size_t from = block_.rows;
+        std::size_t to = 0;
+        for (const Candidate& candidate : candidates_) {
+            const bool isSure = &candidate == &candidates_.front() || candidate.title.Means() == Meaning::Time;
+            if (candidate.IsAxis() && isSure && !candidate.values.empty()) {
+                from = std::min(from, candidate.place->firstRow);
+                to = std::max(to, candidate.place->firstRow + candidate.place->rows);
             }
         }
-        return 0;
+        const bool isCut = from <= kMostHeaderRows && block_.rows - to <= kMostHeaderRows;
+        const std::pair rows(std::max(isCut ? from : 0, RowsOfHeader()), isCut ? to : block_.rows);
+        return rows.first + kFewestValues <= rows.second ? rows : std::pair(std::size_t{0}, block_.rows);
     }
 
     // Rows at which the time, or the index, begins again.
     std::vector<std::size_t> Restarts() const {
         for (const Candidate& candidate : candidates_) {
-            if (IsAxis(candidate) && !candidate.course.restarts.empty()) {
+            if (candidate.IsAxis() && !candidate.course.restarts.empty()) {
                 std::vector<std::size_t> rows;
                 std::ranges::transform(candidate.course.restarts, std::back_inserter(rows),
                                        [&](std::size_t row) { return row + candidate.place->firstRow; });
@@ -112,75 +61,59 @@ class ColumnReader {
         for (const Candidate& candidate : candidates_) {
             block.columns.push_back(ColumnOf(candidate));
         }
+        for (std::size_t column = 0; column < block_.cells; ++column) {
+            if (std::optional<Column> unread = UnreadColumn(column)) {
+                block.columns.push_back(std::move(*unread));
+            }
+        }
+        std::ranges::sort(block.columns, {}, &Column::number);
         return block;
     }
 
   private:
+    // Behind them the first column rises evenly, and no title says that it is anything but a time.
+    std::size_t RowsOfHeader() const {
+        constexpr std::size_t kFewestBehind = 8;
+        const Candidate& first = candidates_.front();
+        const bool mayBeTime = first.title.name.isEmpty() ? heading_.titleCells == 0 : MayBeAxis(first.title);
+        if (!mayBeTime || candidates_.size() < 2 || first.course.rises || first.place->hasStamps) {
+            return 0;
+        }
+        for (std::size_t rows = 1; rows <= kMostHeaderRows && rows + kFewestBehind <= first.values.size(); ++rows) {
+            if (CourseOf(first.values.subspan(rows)).isEven) {
+                return rows + first.place->firstRow;
+            }
+        }
+        return 0;
+    }
+
+    static bool MayBeAxis(const Title& title) {
+        const Meaning meaning = title.Means();
+        return meaning == Meaning::Time || meaning == Meaning::MaybeTime || meaning == Meaning::Index;
+    }
+
     Candidate Look(const BlockColumn& column, bool isSetting) {
         Candidate candidate{.place = &column, .title = heading_.titles[column.column], .isSetting = isSetting};
         if (column.values == column.rows) {
             candidate.values = std::span(table_.Values(column.column)).subspan(column.firstValue, column.rows);
         }
-        if (column.hasStamps) {
-            PassMidnights(candidate.values);
-        }
-        if (column.unit != 0) {
+        if (column.unit != 0 && !column.hasStamps) {
             candidate.title.unit = UnitSymbol(column.unit);
         }
         candidate.unit = ReadUnit(candidate.title.unit.toStdString());
         candidate.course = CourseOf(candidate.values);
-        candidate.meaning = isSetting ? Meaning::Extra : MeaningOf(candidate);
-        GuessRestarts(&candidate);
+        if (candidates_.empty() && candidate.title.name.isEmpty() && !RestartsApart(candidate)) {
+            candidate.course.restarts.clear();
+        }
         return candidate;
     }
 
-    // A column that no title calls a time restarts only where lines without a cell stand between the rows.
-    void GuessRestarts(Candidate* candidate) const {
-        std::vector<std::size_t>& rows = candidate->course.restarts;
-        const auto isApart = [&](std::size_t row) {
-            row += candidate->place->firstRow;
+    // Lines without a cell stand in front of the rows at which it begins again.
+    bool RestartsApart(const Candidate& candidate) const {
+        return std::ranges::all_of(candidate.course.restarts, [&](std::size_t row) {
+            row += candidate.place->firstRow;
             return LineOfRow(table_, block_, row) > LineOfRow(table_, block_, row - 1) + 1;
-        };
-        const bool isUntitled = candidate->meaning == Meaning::Unknown && candidate->title.name.isEmpty();
-        if (isUntitled && candidates_.empty() && !rows.empty() && std::ranges::all_of(rows, isApart)) {
-            candidate->meaning = Meaning::Time;
-            candidate->isGuess = true;
-        }
-    }
-
-    bool IsPossibleChannel(const Candidate& candidate) const {
-        return candidate.meaning == Meaning::Channel || candidate.meaning == Meaning::Unknown;
-    }
-
-    // Without a title that tells, the first column is the time if it rises and is not alone.
-    void GuessTime() {
-        const auto first = std::ranges::find_if(candidates_, [](const Candidate& c) { return !c.isSetting; });
-        const bool isKnown = std::ranges::any_of(candidates_, IsAxis);
-        const auto others =
-            std::ranges::count_if(candidates_, [this](const Candidate& c) { return IsPossibleChannel(c); });
-        if (!isKnown && others > 1 && first->meaning == Meaning::Unknown && first->course.rises) {
-            first->meaning = Meaning::Time;
-            first->isGuess = true;
-        }
-    }
-
-    // A column that nothing calls a channel and that rises in line with the time is another time or index, as long as
-    // a channel is left.
-    void LeaveOutWhatRunsWithTime() {
-        auto left = std::ranges::count_if(candidates_, [this](const Candidate& c) { return IsPossibleChannel(c); });
-        for (Candidate& candidate : candidates_) {
-            const auto runsWith = [&candidate](const Candidate& axis) {
-                return IsAxis(axis) && axis.course.rises && IsInLine(candidate.values, axis.values);
-            };
-            if (candidate.meaning == Meaning::Unknown && candidate.course.rises && left > 1 &&
-                std::ranges::any_of(candidates_, runsWith)) {
-                candidate.meaning = Meaning::Time;
-                candidate.isGuess = true;
-                --left;
-            } else if (candidate.meaning == Meaning::Unknown) {
-                candidate.meaning = Meaning::Channel;
-            }
-        }
+        });
     }
 
     // Names and units from keys in the header, where the file has no titles.
@@ -220,7 +153,7 @@ class ColumnReader {
     }
 
     Role RoleOf(const Candidate& candidate) const {
-        if (IsAxis(candidate)) {
+        if (candidate.IsAxis()) {
             return Role::Time;
         }
         return candidate.meaning == Meaning::Channel ? Role::Channel : Role::Other;
@@ -244,6 +177,44 @@ class ColumnReader {
             column.timing = TimingOf(candidate);
         }
         return column;
+    }
+
+    // A column of texts that begin as numbers do: with a unit that nobody knows, or the other decimal mark.
+    std::optional<Column> UnreadColumn(std::size_t index) const {
+        static const QRegularExpression number(QStringLiteral(R"(^[+-]?\s*[.,]?\d)"));
+        std::size_t words = 0;
+        for (const std::size_t i : block_.stretches) {
+            const Stretch& stretch = table_.Stretches()[i];
+            const std::string& codes = table_.ShapeOf(stretch).codes;
+            words += index < codes.size() && KindOf(codes[index]) == CellKind::Word ? stretch.rows : 0;
+        }
+        const bool isRead = std::ranges::find(block_.columns, index, &BlockColumn::column) != block_.columns.end();
+        const Title& title = heading_.titles[index];
+        const Meaning meaning = title.Means();
+        if (isRead || 2 * words < block_.rows || meaning == Meaning::Time || meaning == Meaning::Index) {
+            return std::nullopt;
+        }
+        const std::vector<Table::Line> lines = table_.Texts(block_.firstLine, block_.firstLine + kLinesToShow);
+        for (const Table::Line& line : lines) {
+            const std::vector<std::string_view> cells = SplitCells(line.text, table_.CellForm().separator);
+            const QString text = index < cells.size() ? QString::fromUtf8(Content(cells[index])) : QString();
+            if (text.contains(number)) {
+                Column column{.number = index + 1, .name = title.name, .unit = title.unit};
+                column.fault = FaultOfText(line.number, text.left(kShown), NameOfColumn(column.number, column.name));
+                column.firstLine = block_.firstLine;
+                column.lastLine = block_.lastLine;
+                return column;
+            }
+        }
+        return std::nullopt;
+    }
+
+    static QString FaultOfText(std::size_t line, const QString& text, const QString& column) {
+        return QStringLiteral(
+                   "\"%2\" in line %1 is no number: its unit or its marks are unknown in %3. Write plain numbers, "
+                   "choose the separator and the decimal mark, or take another column.")
+            .arg(line)
+            .arg(text, column);
     }
 
     QString FaultOf(const BlockColumn& place, const QString& name) const {
@@ -284,7 +255,7 @@ class ColumnReader {
     const Candidate* AxisOf(const Candidate& channel) const {
         const Candidate* best = nullptr;
         for (const Candidate& candidate : candidates_) {
-            if (!IsAxis(candidate) || &candidate == &channel) {
+            if (!candidate.IsAxis() || &candidate == &channel) {
                 continue;
             }
             const bool isLeft = candidate.place->column < channel.place->column;
@@ -299,16 +270,23 @@ class ColumnReader {
 
     // How many seconds a step of one is; nothing if nobody knows.
     std::optional<double> SecondsOf(const Candidate& axis) const {
+        if (axis.place->hasStamps) {
+            return axis.place->unit == kTwoParts ? std::nullopt : std::optional(1.0);
+        }
         if (axis.unit && IsSeconds(*axis.unit)) {
             return axis.unit->scale;
         }
         if (axis.meaning == Meaning::Index) {
             return facts_.interval;
         }
-        // An axis x may be anything.
-        const bool isTime = axis.meaning == Meaning::Time && !axis.isGuess && axis.title.unit.isEmpty() &&
-                            !axis.title.name.startsWith(u'x', Qt::CaseInsensitive);
-        return isTime ? std::optional(1.0) : std::nullopt;
+        return axis.meaning == Meaning::Time && axis.title.IsPlainTime() ? std::optional(1.0) : std::nullopt;
+    }
+
+    // A time without a unit is in seconds, unless an interval in the header says otherwise.
+    bool IsContradicted(const Candidate& axis, double interval) const {
+        constexpr double kRounding = 0.01;
+        const bool isTold = axis.place->hasStamps || axis.unit || axis.meaning == Meaning::Index || !facts_.interval;
+        return !isTold && std::fabs(interval - *facts_.interval) > kRounding * interval;
     }
 
     // The axis in the rows of the channel; nothing if it has none there.
@@ -336,6 +314,10 @@ class ColumnReader {
                 return timing;
             }
             timing.interval = rise > 0.0 && !course.isCoarse ? std::optional(rise / (rows - 1.0)) : std::nullopt;
+            if (timing.interval && IsContradicted(*axis, *timing.interval)) {
+                timing.interval.reset();
+                return timing;
+            }
         }
         if (!timing.interval && (axis == nullptr || axis->meaning != Meaning::Axis)) {
             timing.interval = facts_.interval;
@@ -356,16 +338,22 @@ class ColumnReader {
 std::vector<Block> ReadColumns(Table& table, const TableBlock& block, const Heading& heading, const Facts& facts) {
     const ColumnReader whole(table, block, heading, facts);
     std::vector<std::size_t> ends = whole.Restarts();
-    std::size_t from = whole.RowsOfHeader();
-    if (ends.empty() && from == 0) {
+    auto [from, to] = whole.RowsOfSamples();
+    if (ends.empty() && from == 0 && to == block.rows) {
         return {whole.Read()};
     }
-    ends.push_back(block.rows);
+    ends.push_back(to);
     std::vector<Block> pieces;
     for (const std::size_t end : ends) {
+        if (end < from + kFewestValues) {
+            continue;
+        }
         const TableBlock piece = PieceOf(table, block, from, end);
         pieces.push_back(ColumnReader(table, piece, heading, facts).Read());
         from = end;
+    }
+    if (pieces.empty()) {
+        pieces.push_back(whole.Read());
     }
     return pieces;
 }

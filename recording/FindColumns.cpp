@@ -60,7 +60,6 @@ class Search {
 
     // One column, or those on either side of a comma; a title may have commas of its own.
     std::vector<const Column*> All(const QString& text, QString* fault) const {
-        QString unused;
         if (const Column* const column = One(text.trimmed(), fault)) {
             return {column};
         }
@@ -89,6 +88,10 @@ std::vector<const Column*> FindColumns(const Recording& recording, std::size_t p
             *fault = column->fault;
             return {};
         }
+    }
+    const QStringList names = text.split(u',');
+    if (columns.empty() && std::ranges::any_of(names, [](const QString& name) { return name.trimmed().isEmpty(); })) {
+        *fault = QStringLiteral("A column is missing beside a comma in \"%1\". Name columns as in \"2,3\".").arg(text);
     }
     if (!columns.empty()) {
         fault->clear();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "recording/Recording.h"
 
@@ -71,10 +72,18 @@ char FindSeparator(const Lines& rows, const NumberStyle& style) {
 
 bool IsWhole(string_view cell) { return !cell.empty() && std::ranges::all_of(cell, IsDigit); }
 
+// The digits in front of an exponent.
+string_view WithoutExponent(string_view cell) {
+    const std::size_t exponent = std::min(cell.find_first_of("eE"), cell.size());
+    string_view digits = cell.substr(std::min(exponent + 1, cell.size()));
+    digits.remove_prefix(digits.starts_with('-') || digits.starts_with('+') ? 1 : 0);
+    return exponent == cell.size() || IsWhole(digits) ? cell.substr(0, exponent) : cell;
+}
+
 // What the whole numbers on either side of commas tell.
 struct CommaSigns {
     bool mayBeDecimal = true;  // all rows are one number each, or pairs of whole numbers
-    bool isDecimal = false;    // no whole number is written "05" or "-0"
+    bool isDecimal = false;    // no whole number is written "05", "000E+00" or "-0"
     bool onePair = true;
 };
 
@@ -86,7 +95,8 @@ CommaSigns ReadCommaSigns(const Lines& rows) {
         signs.mayBeDecimal = signs.mayBeDecimal && (cells.size() == 1 || cells.size() % 2 == 0);
         for (std::size_t i = 0; i < cells.size(); ++i) {
             const bool isFraction = i % 2 == 1;
-            const string_view digits = cells[i].substr(!isFraction && cells[i].starts_with('-') ? 1 : 0);
+            const string_view number = isFraction ? WithoutExponent(cells[i]) : cells[i];
+            const string_view digits = number.substr(!isFraction && number.starts_with('-') ? 1 : 0);
             signs.mayBeDecimal = signs.mayBeDecimal && IsWhole(digits);
             signs.isDecimal = signs.isDecimal || (isFraction && digits.size() > 1 && digits.starts_with('0')) ||
                               (!isFraction && cells[i] == "-0");
@@ -99,19 +109,33 @@ struct MarkCounts {
     std::size_t points = 0;  // that cannot part thousands
     std::size_t commas = 0;
     string_view unclearComma;
+    string_view unclear;  // in a column in which others have no mark, as 998 beside 1,000
+};
+
+// The numbers of a column that may be read in two ways.
+struct ColumnMarks {
+    string_view unclear;
+    bool hasPlain = false;  // whole ones of several digits, as they stand below the thousands
 };
 
 MarkCounts CountMarks(const Lines& rows, const Form& form) {
     MarkCounts marks;
+    std::vector<ColumnMarks> columns;
     for (const string_view row : rows) {
-        for (const string_view text : SplitCells(row, form.separator)) {
-            const Cell cell = ReadCell(text, form.numbers);
+        const std::vector<string_view> cells = SplitCells(row, form.separator);
+        columns.resize(std::max(columns.size(), cells.size()));
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            const Cell cell = ReadCell(cells[i], form.numbers);
             marks.points += cell.mark == '.' && !cell.isUnclear ? 1 : 0;  // also as marks of thousands show it
             marks.commas += cell.mark == ',' && !cell.isUnclear ? 1 : 0;
-            if (cell.isUnclear && text.find(',') != string_view::npos) {
-                marks.unclearComma = text;
-            }
+            columns[i].unclear = cell.isUnclear ? Content(cells[i]) : columns[i].unclear;
+            columns[i].hasPlain = columns[i].hasPlain || (cell.kind == CellKind::Number && cell.mark == 0 &&
+                                                          std::fabs(cell.value) >= 10.0 && !cell.isUnclear);
         }
+    }
+    for (const ColumnMarks& column : columns) {
+        marks.unclearComma = column.unclear.find(',') != string_view::npos ? column.unclear : marks.unclearComma;
+        marks.unclear = column.hasPlain && !column.unclear.empty() ? column.unclear : marks.unclear;
     }
     return marks;
 }
@@ -120,8 +144,10 @@ void FindDecimalMark(const Lines& rows, Guess* guess) {
     const MarkCounts marks = CountMarks(rows, guess->form);
     const bool fromCountryOfCommas = marks.points == 0 && guess->form.separator == ';' && !marks.unclearComma.empty();
     guess->form.numbers.decimalMark = marks.commas > marks.points || fromCountryOfCommas ? ',' : '.';
-    if (marks.commas + marks.points == 0 && !fromCountryOfCommas) {
-        guess->unclear = marks.unclearComma;
+    if (marks.commas + marks.points == 0) {
+        guess->unclear = !marks.unclear.empty() ? marks.unclear
+                         : fromCountryOfCommas  ? string_view()
+                                                : marks.unclearComma;
     }
 }
 

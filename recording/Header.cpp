@@ -2,53 +2,12 @@
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <cmath>
 
-#include "recording/Units.h"
+#include "recording/Keys.h"
 
 namespace recording {
 namespace {
-
-enum class Key { Other, Interval, Rate, TimeUnit, Unit, Name };
-
-struct KeyText {
-    Key key = Key::Other;
-    std::optional<Unit> unit;  // in brackets behind it
-};
-
-// "SampleInterval (ms)" as "sample interval".
-QString Words(const QString& name) {
-    static const QRegularExpression hump(QStringLiteral("([a-z])([A-Z])"));
-    static const QRegularExpression others(QStringLiteral("[^a-z0-9]+"));
-    return QString(name)
-        .replace(hump, QStringLiteral("\\1 \\2"))
-        .toLower()
-        .replace(others, QStringLiteral(" "))
-        .trimmed();
-}
-
-KeyText ReadKey(const QString& text) {
-    static const std::pair<QRegularExpression, Key> keys[] = {
-        {QRegularExpression(QStringLiteral(
-             "\\b(sampl(e|ing)|time|t|x|h|horiz(ontal)?|horz|log(ging)?|scan|measure(ment)?|record(ing)?) "
-             "?(interval|increment|incr|inc|step|period|spacing|resolution)\\b|^(interval|increment|dt|delta|delta t|"
-             "deltat|sampl(e|ing) time|time per sample)$")),
-         Key::Interval},
-        {QRegularExpression(QStringLiteral("\\b(sampl(e|ing)|scan|acquisition|adc|data|log(ging)?) "
-                                           "?(rate|frequency|freq|clock)\\b|^(fs|rate|samples per second)$")),
-         Key::Rate},
-        {QRegularExpression(QStringLiteral("^(horiz(ontal)?|horz|x|time|x axis) ?units?$")), Key::TimeUnit},
-        {QRegularExpression(QStringLiteral("^((vert(ical)?|y|y axis|channel|signal) ?)?units?$")), Key::Unit},
-        {QRegularExpression(QStringLiteral("^(source|channel|trace|signal|waveform|label|name|ch)( name| label)?$")),
-         Key::Name}};
-    const Title title = ReadTitle(text);
-    const QString words = Words(title.name);
-    for (const auto& [pattern, key] : keys) {
-        if (pattern.match(words).hasMatch()) {
-            return {key, ReadUnit(title.unit.toStdString())};
-        }
-    }
-    return {};
-}
 
 // A key with the cells behind it.
 struct Entry {
@@ -66,10 +25,8 @@ class FactReader {
         const KeyText key = ReadKey(entry.key);
         switch (key.key) {
             case Key::Interval:
-                TakeInterval(entry, key, false);
-                break;
             case Key::Rate:
-                TakeInterval(entry, key, true);
+                TakeInterval(entry, key);
                 break;
             case Key::TimeUnit:
                 facts.timeUnit = facts.timeUnit.isEmpty() ? entry.values.value(0) : facts.timeUnit;
@@ -88,22 +45,58 @@ class FactReader {
     Facts facts;
 
   private:
-    // "4e-9", "4 ns", "4;ns", or the reciprocal of a rate.
-    void TakeInterval(const Entry& entry, const KeyText& key, bool isRate) {
-        const Cell cell = ReadCell(entry.values.value(0).toStdString(), style_);
-        if (facts.interval || cell.kind != CellKind::Number || cell.value <= 0.0) {
-            return;
+    // "4e-9", "4 ns", "4;ns", or the reciprocal of a rate. Where the numbers behind a key differ, as "1,000" does
+    // between commas, or the keys of a header do, nobody knows it.
+    void TakeInterval(const Entry& entry, const KeyText& key) {
+        std::optional<double> found;
+        for (qsizetype i = 0; i < entry.values.size(); ++i) {
+            const Cell cell = ReadCell(entry.values[i].toStdString(), style_);
+            if (cell.kind != CellKind::Number) {
+                break;
+            }
+            const std::optional<Unit> unit = UnitOf(cell, key, entry.values.mid(i + 1));
+            const std::optional<double> interval = unit ? IntervalOf(cell, *unit, key.key) : std::nullopt;
+            isUnclear_ = isUnclear_ || IsUnclear(entry.values[i], cell) || (i > 0 && !IsSame(found, interval));
+            found = i == 0 ? interval : found;
         }
-        Unit unit{cell.unit, 1.0};
-        if (cell.unit == 0) {
-            unit = key.unit ? *key.unit : ReadUnit(entry.values.value(1).toStdString()).value_or(unit);
+        isUnclear_ = isUnclear_ || (found && facts.interval && !IsSame(found, facts.interval));
+        facts.interval = isUnclear_ ? std::nullopt : facts.interval ? facts.interval : found;
+    }
+
+    // Its mark is not that of the samples, or may part thousands.
+    bool IsUnclear(const QString& text, const Cell& cell) const {
+        const char mark = style_.decimalMark;
+        return cell.isUnclear ? !text.contains(QLatin1Char(mark)) : cell.mark != 0 && cell.mark != mark;
+    }
+
+    static bool IsSame(const std::optional<double>& a, const std::optional<double>& b) {
+        constexpr double kRounding = 0.01;
+        return a.has_value() == b.has_value() && (!a || std::fabs(*a - *b) <= kRounding * *a);
+    }
+
+    // Behind the number, in the next cell, or in the key; nothing if a text stands there that is neither a unit nor
+    // the next key.
+    static std::optional<Unit> UnitOf(const Cell& cell, const KeyText& key, const QStringList& behind) {
+        if (cell.unit != 0) {
+            return Unit{cell.unit, 1.0};
         }
+        const QString next = behind.value(0);
+        const bool isWord = ReadCell(next.toStdString(), {}).kind == CellKind::Word;
+        const std::optional<Unit> unit = isWord ? ReadUnit(next.toStdString()) : Unit{};
+        const bool isKey = !unit && !behind.value(1).isEmpty();
+        return key.unit ? key.unit : isKey ? Unit{} : unit;
+    }
+
+    static std::optional<double> IntervalOf(const Cell& cell, const Unit& unit, Key key) {
         const double value = cell.value * unit.scale;
-        if (isRate || IsHertz(unit) || IsSampleRate(unit)) {
-            facts.interval = 1.0 / value;
-        } else if (unit.base == 0 || IsSeconds(unit)) {
-            facts.interval = value;
+        if (value <= 0.0 || !std::isfinite(1.0 / value)) {
+            return std::nullopt;
         }
+        if (IsSeconds(unit) || (unit.base == 0 && key == Key::Interval)) {
+            return value;
+        }
+        const bool isRate = IsHertz(unit) || IsSampleRate(unit) || unit.base == 0;
+        return isRate ? std::optional(1.0 / value) : std::nullopt;
     }
 
     // The first such key counts, and those of the same words below it.
@@ -122,17 +115,22 @@ class FactReader {
     const NumberStyle style_;
     QString unitKey_;
     QString nameKey_;
+    bool isUnclear_ = false;  // the interval
 };
 
-// "key = value" in one cell, its value perhaps in the next one.
+// "key = value" in one cell; the value may stand in the next one, and go on in those behind it.
 std::optional<Entry> EntryInCell(const QStringList& cells, qsizetype at, std::size_t column) {
-    static const QRegularExpression pair(QStringLiteral(R"(^[#%;\s]*([^=:]*[A-Za-z][^=:]*?)\s*[=:]\s*(.*)$)"));
-    const auto match = pair.match(cells[at]);
-    if (!match.hasMatch()) {
+    const auto pair = SplitPair(cells[at]);
+    if (!pair) {
         return std::nullopt;
     }
-    const QString value = match.captured(2).trimmed();
-    return Entry{match.captured(1), value.isEmpty() ? cells.mid(at + 1) : QStringList(value), column + 1};
+    const Key key = ReadKey(pair->first).key;
+    const bool goesOn = pair->second.isEmpty() || key == Key::Interval || key == Key::Rate;
+    QStringList values = pair->second.isEmpty() ? QStringList() : QStringList(pair->second);
+    for (qsizetype i = at + 1; goesOn && i < cells.size() && !SplitPair(cells[i]); ++i) {
+        values += cells[i];
+    }
+    return Entry{pair->first, values, column + 1};
 }
 
 void TakeHeaderLine(const QStringList& cells, FactReader* reader) {
@@ -177,12 +175,11 @@ void TakeColumns(const QStringList& titles, const QStringList& below, FactReader
     }
 }
 
-// The columns that hold samples, and the settings beside them, which have a few numbers only.
-std::pair<std::vector<BlockColumn>, std::vector<BlockColumn>> Divide(const TableBlock& block) {
-    const std::size_t most = std::ranges::max(block.columns, {}, &BlockColumn::values).values;
+// The columns that hold samples, and the settings beside them.
+std::pair<std::vector<BlockColumn>, std::vector<BlockColumn>> Divide(const Table& table, const TableBlock& block) {
     std::pair<std::vector<BlockColumn>, std::vector<BlockColumn>> columns;
     for (const BlockColumn& column : block.columns) {
-        (2 * column.values >= most ? columns.first : columns.second).push_back(column);
+        (IsSetting(table, block, column) ? columns.second : columns.first).push_back(column);
     }
     return columns;
 }
@@ -202,11 +199,13 @@ Facts FindFacts(const Table& table, const TableBlock& block, const Heading& head
     QStringList above;
     for (const Table::Line& line : table.Texts(block.headerLine, block.headerEnd - 1)) {
         const QStringList cells = KeyCells(line.text, separator);
-        TakeHeaderLine(cells, &reader);
+        if (line.number != heading.firstIsTitle) {
+            TakeHeaderLine(cells, &reader);
+        }
         TakeColumns(above, cells, &reader);
         above = cells;
     }
-    const auto [samples, settings] = Divide(block);
+    const auto [samples, settings] = Divide(table, block);
     for (const Table::Line& line : table.Texts(block.firstLine, block.lastLine)) {
         TakeBeside(WordCells(line.text, separator, block.cells), samples, &reader);
     }

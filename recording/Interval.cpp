@@ -10,20 +10,23 @@ constexpr double kHundredth = 0.01;
 constexpr std::size_t kShortestPiece = 3;
 constexpr double kDay = 86'400.0;
 
-// The greatest distance from the straight line between first and last value, and the smallest step that is none.
+// How far the values are off the straight line from the first to the last, and their steps.
 struct Steps {
+    double mean = 0.0;
+    double smallest = 0.0;  // that is none of zero
     double greatestOff = 0.0;
-    double smallest = 0.0;
+    double greatestChange = 0.0;  // of a step, against the mean
     bool standsStill = false;
 };
 
 Steps StepsOf(std::span<const double> values) {
     const double step = (values.back() - values.front()) / static_cast<double>(values.size() - 1);
-    Steps steps{.smallest = values.back() - values.front()};
+    Steps steps{.mean = step, .smallest = values.back() - values.front()};
     for (std::size_t i = 1; i < values.size(); ++i) {
         const double off = std::fabs(values[i] - values.front() - static_cast<double>(i) * step);
         const double change = values[i] - values[i - 1];
         steps.greatestOff = std::max(steps.greatestOff, off);
+        steps.greatestChange = std::max(steps.greatestChange, std::fabs(change - step));
         steps.standsStill = steps.standsStill || change == 0.0;
         if (change > 0.0) {
             steps.smallest = std::min(steps.smallest, change);
@@ -32,13 +35,37 @@ Steps StepsOf(std::span<const double> values) {
     return steps;
 }
 
-// Times are written with so many digits, so an even one is off its line by up to one step, or by one unit of the last
-// digit. With still fewer digits it stands still over many rows.
+bool AreMultiples(std::span<const double> values, double unit) {
+    return std::ranges::all_of(values, [unit](double value) {
+        const double count = value / unit;
+        return std::fabs(count - std::round(count)) <= kHundredth;
+    });
+}
+
+// The values are rounded to some decimal place below the step, and nothing but that takes them off their line: neither
+// a value nor a step is off by more than one unit of that place. A gap is a step that is.
+bool AreRounded(std::span<const double> values, const Steps& steps) {
+    double unit = std::pow(10.0, std::floor(std::log10(steps.mean / 2)));
+    for (int places = 0; places < 2; ++places, unit /= 10.0) {
+        const double most = unit * (1.0 + kHundredth);
+        if (steps.greatestOff > most || steps.greatestChange > most) {
+            return false;
+        }
+        if (AreMultiples(values, unit)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Even values are off their line by a small part of a step, or by what rounding takes them off. With still fewer digits
+// they stand still over several rows, and then go on by one unit of the last digit.
 bool IsEven(std::span<const double> values, const Steps& steps) {
-    const double rise = values.back() - values.front();
-    const double step = rise / static_cast<double>(values.size() - 1);
-    return steps.greatestOff <= std::max(steps.smallest, 0.5 * step) ||
-           (steps.standsStill && steps.greatestOff <= kHundredth * rise);
+    constexpr double kSmallPart = 0.05;
+    if (steps.standsStill) {
+        return steps.greatestOff <= std::max(steps.smallest, steps.mean) * (1.0 + kHundredth);
+    }
+    return steps.greatestOff <= kSmallPart * steps.mean || AreRounded(values, steps);
 }
 
 std::vector<std::size_t> FindRestarts(std::span<const double> values, double range) {
@@ -77,6 +104,7 @@ Course CourseOf(std::span<const double> values) {
     if (course.rises) {
         const Steps steps = StepsOf(values);
         course.isEven = IsEven(values, steps);
+        course.countsUp = steps.mean == 1.0 && steps.greatestOff == 0.0;
         course.isCoarse = steps.standsStill && steps.smallest > kHundredth * (values.back() - values.front());
     }
     if (!course.rises && range > 0.0) {

@@ -14,6 +14,7 @@ struct Course {
     bool isFinite = true;
     bool rises = false;  // never falls, and ends above its start; a time of few digits stands still now and then
     bool isEven = false;
+    bool countsUp = false;              // by one from row to row
     bool isCoarse = false;              // has so few digits that its steps cannot be told
     std::vector<std::size_t> restarts;  // the rows at which it begins again where it began, if it else rises
 };

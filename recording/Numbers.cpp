@@ -138,7 +138,8 @@ Cell NumberOf(const std::string& plain, const Cell& cell, double scale) {
     // Out of range are the smallest numbers as well as the greatest.
     const bool isTiny = result.ec == std::errc::result_out_of_range &&
                         (plain.find("e-") != std::string::npos || plain.find_first_of("123456789.") == plain.find('.'));
-    if ((result.ec != std::errc() && !isTiny) || IsHoleValue(value * scale) || !std::isfinite(value * scale)) {
+    if ((result.ec != std::errc() && !isTiny) || IsHoleValue(value) || IsHoleValue(value * scale) ||
+        !std::isfinite(value * scale)) {
         return {};
     }
     Cell number = cell;

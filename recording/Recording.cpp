@@ -7,6 +7,8 @@
 #include "recording/Addressed.h"
 #include "recording/Columns.h"
 #include "recording/Guess.h"
+#include "recording/Instants.h"
+#include "recording/Keys.h"
 #include "recording/Text.h"
 
 namespace recording {
@@ -27,7 +29,7 @@ class Assembly {
         if (isAddressed) {
             recording_.addressed = ReadAddressed(table, &recording_.addressedFault);
         }
-        const BlockSearch search = FindBlocks(table, choice.byNumber);
+        BlockSearch search = FindBlocks(table, choice.byNumber);
         QString fault = FaultOfText(guess, choice, search);
         if (fault.isEmpty()) {
             fault = ReadBlocks(search, guess, progress);
@@ -56,9 +58,10 @@ class Assembly {
                 "with semicolons or tabs between the cells, or with decimal points.");
         }
         if (!guess.unclear.empty()) {
-            return QStringLiteral(
-                       "The comma in \"%1\" may be a decimal mark, or part thousands. Choose the decimal mark.")
-                .arg(QString::fromStdString(guess.unclear));
+            const bool isComma = guess.unclear.find(',') != std::string::npos;
+            return QStringLiteral("The %1 in \"%2\" may be a decimal mark, or part thousands. Choose the decimal mark.")
+                .arg(isComma ? QStringLiteral("comma") : QStringLiteral("point"),
+                     QString::fromStdString(guess.unclear));
         }
         if (search.blocks.empty() && search.keyLine != 0) {
             return QStringLiteral(
@@ -77,7 +80,7 @@ class Assembly {
 
     // The samples of a recording may stand in one line, the times in another.
     static QString FaultOfSideBySide(const BlockSearch& search) {
-        constexpr std::size_t kManyColumns = 100;
+        constexpr std::size_t kManyColumns = 20;
         constexpr std::size_t kPerRow = 10;
         const TableBlock& block = *std::ranges::max_element(search.blocks, {}, &TableBlock::rows);
         if (block.columns.size() < kManyColumns || block.columns.size() < kPerRow * block.rows) {
@@ -96,12 +99,16 @@ class Assembly {
         if (line.number == 0) {
             return QStringLiteral("The file holds no numbers. Save the samples as CSV.");
         }
-        const QString what = choice.separator || choice.decimalMark
-                                 ? QStringLiteral("With the chosen separator and decimal mark no cell is a number")
-                                 : QStringLiteral("No cell of the file is a number");
-        const QString remedy = choice.separator || choice.decimalMark
-                                   ? QStringLiteral("Choose others.")
-                                   : QStringLiteral("Save it with tabs, semicolons or commas between plain numbers.");
+        const bool isChosen = choice.separator || choice.decimalMark;
+        const QString what = !isChosen ? QStringLiteral("No cell of the file is a number")
+                                       : QStringLiteral("With the chosen %1 no cell is a number")
+                                             .arg(!choice.decimalMark ? QStringLiteral("separator")
+                                                  : !choice.separator ? QStringLiteral("decimal mark")
+                                                                      : QStringLiteral("separator and decimal mark"));
+        const QString remedy = !isChosen
+                                   ? QStringLiteral("Save it with tabs, semicolons or commas between plain numbers.")
+                               : choice.separator && choice.decimalMark ? QStringLiteral("Choose others.")
+                                                                        : QStringLiteral("Choose another one.");
         constexpr qsizetype kShown = 40;
         return QStringLiteral("%1; line %2 is \"%3\". %4")
             .arg(what)
@@ -109,11 +116,11 @@ class Assembly {
             .arg(QString::fromStdString(line.text).left(kShown), remedy);
     }
 
-    QString ReadBlocks(const BlockSearch& search, const Guess& guess, const Progress& progress) {
+    QString ReadBlocks(BlockSearch& search, const Guess& guess, const Progress& progress) {
         Table& table = *recording_.table_;
         Heading heading;
         Facts facts;
-        for (const TableBlock& block : search.blocks) {
+        for (TableBlock& block : search.blocks) {
             isCancelled_ = progress && !progress(1.0);
             if (isCancelled_) {
                 return {};
@@ -126,6 +133,7 @@ class Assembly {
                            "decimal points, or choose the separator, the decimal mark or the columns.")
                     .arg(block.firstLine);
             }
+            ResolveStamps(table, &block);
             heading = own.titleCells > 0 || heading.titles.empty() ? std::move(own) : heading;
             Facts found = FindFacts(table, block, heading);
             found.TakeFrom(facts);
@@ -147,11 +155,21 @@ class Assembly {
     }
 
     // Whole numbers between commas that nobody calls separators, and more of them than titles.
-    static bool IsDoubtful(const Table& table, const TableBlock& block, const Heading& heading, const Guess& guess) {
-        return guess.commaByGuess && heading.titleCells > 0 && heading.titleCells < block.columns.back().column + 1 &&
+    bool IsDoubtful(const Table& table, const TableBlock& block, const Heading& heading, const Guess& guess) const {
+        const bool isFirst = recording_.blocks.empty();  // above the others may stand remarks
+        const std::size_t titles = heading.titleCells > 0 || !isFirst ? heading.titleCells : WordsAbove(table, block);
+        return guess.commaByGuess && titles > 0 && titles < block.columns.back().column + 1 &&
                std::ranges::none_of(block.columns, [&](const BlockColumn& column) {
                    return table.HasMarks(column.column, block.firstLine, block.lastLine);
                });
+    }
+
+    // 1 if the line above the block is one text that may be a title, and no key with its value.
+    static std::size_t WordsAbove(const Table& table, const TableBlock& block) {
+        const std::vector<Table::Line> lines = table.Texts(block.headerLine, block.headerEnd - 1);
+        const bool isTitle = !lines.empty() && SplitCells(lines.back().text, ',').size() == 1 &&
+                             !SplitPair(QString::fromStdString(lines.back().text));
+        return isTitle ? 1 : 0;
     }
 
     Recording recording_;

@@ -74,7 +74,7 @@ void DropZone(string_view* text) {
 }
 
 // "12:30", "12:30:05.25" or "30:05.25" at the end of the text, in seconds.
-double TakeClock(string_view* text) {
+double TakeClock(string_view* text, bool* isTwoParts) {
     const double half = TakeHalfOfDay(text);
     DropZone(text);
     const std::size_t colon = text->rfind(':');
@@ -92,77 +92,123 @@ double TakeClock(string_view* text) {
         more = text->ends_with(':');
         text->remove_suffix(more ? 1 : 0);
     }
+    *isTwoParts = count == 2 && !hasFraction && half < 0.0;
     const double last = count == 3 || hasFraction ? 1.0 : kMinute;  // two parts are hours and minutes
     const double seconds = fraction + last * (parts[0] + 60.0 * (parts[1] + 60.0 * parts[2]));
     return half >= 0.0 ? std::fmod(seconds, kHalfDay) + half : seconds;
 }
 
-bool IsDayOrMonth(string_view word) {
-    constexpr string_view kNames = " mon tue wed thu fri sat sun jan feb mar apr may jun jul aug sep oct nov dec ";
-    std::string small(" ");
-    std::ranges::transform(word.substr(0, 3), std::back_inserter(small), [](char c) { return char(c | 0x20); });
+// 1 for a day, 2 for January and so on; 0 for any other word.
+int DayOrMonth(string_view word) {
+    constexpr auto kMonths = std::to_array<string_view>(
+        {"jan", "feb", "mar", "apr", "may", "jun", "jul", "aug", "sep", "oct", "nov", "dec"});
+    constexpr string_view kDays = " mon tue wed thu fri sat sun ";
     constexpr std::size_t kLongestName = 9;
-    return word.size() >= 3 && word.size() <= kLongestName && kNames.find(small + ' ') != string_view::npos &&
-           std::ranges::all_of(word, [](char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; });
+    if (word.size() < 3 || word.size() > kLongestName ||
+        !std::ranges::all_of(word, [](char c) { return (c | 0x20) >= 'a' && (c | 0x20) <= 'z'; })) {
+        return 0;
+    }
+    std::string small;
+    std::ranges::transform(word.substr(0, 3), std::back_inserter(small), [](char c) { return char(c | 0x20); });
+    const auto* const month = std::ranges::find(kMonths, small);
+    const bool isDay = kDays.find(' ' + small + ' ') != string_view::npos;
+    return month != kMonths.end() ? 2 + static_cast<int>(month - kMonths.begin()) : isDay ? 1 : 0;
 }
 
 // "2024-11-05", "5/11/24" or "05.11.2024"
-bool IsDate(string_view text) {
+std::optional<Date> ReadDate(string_view text) {
     const std::size_t first = text.find_first_of("-/.");
     const std::size_t second = first == string_view::npos ? first : text.find(text[first], first + 1);
     if (second == string_view::npos || first == 0 || second == first + 1 || second + 1 == text.size()) {
-        return false;
+        return std::nullopt;
     }
     constexpr std::size_t kLongestPart = 4;
-    return std::ranges::count_if(text, IsDigit) + 2 == static_cast<std::ptrdiff_t>(text.size()) &&
-           first <= kLongestPart && second - first <= 3 && text.size() - second <= kLongestPart + 1;
+    if (std::ranges::count_if(text, IsDigit) + 2 != static_cast<std::ptrdiff_t>(text.size()) || first > kLongestPart ||
+        second - first > 3 || text.size() - second > kLongestPart + 1) {
+        return std::nullopt;
+    }
+    const auto part = [&text](std::size_t from, std::size_t to) {
+        return static_cast<int>(DigitsAt(text.substr(from, to - from)));
+    };
+    return Date{part(0, first), part(first + 1, second), part(second + 1, text.size()), text[first] == '.'};
 }
 
-// "05 Nov 2024" or "Fri, Jan 5"
-bool IsWrittenDate(string_view text) {
-    bool hasDigits = false;
+// "05 Nov 2024" or "Fri, Jan 5 2024"; without a year no whole date. Nothing for other texts.
+std::optional<Date> ReadWrittenDate(string_view text) {
+    constexpr int kDaysInMonth = 31;
+    constexpr std::size_t kLongestNumber = 4;
+    Date date;
+    int numbers = 0;
     bool hasName = false;
     while (!(text = Trimmed(text)).empty()) {
-        const std::size_t end = std::min(text.find_first_of(" ,"), text.size());
-        const bool isNumber = std::ranges::all_of(text.substr(0, end), IsDigit);
-        if (end > 0 && !isNumber && !IsDayOrMonth(text.substr(0, end))) {
-            return false;
+        const std::size_t end = std::min(text.find_first_of(" ,-"), text.size());
+        const string_view word = text.substr(0, end);
+        const int name = DayOrMonth(word);
+        if (const bool isNumber = end <= kLongestNumber && std::ranges::all_of(word, IsDigit); !isNumber && name == 0) {
+            return std::nullopt;
         }
-        hasDigits = hasDigits || (end > 0 && isNumber);
-        hasName = hasName || !isNumber;
+        if (end > 0 && name == 0) {
+            const int number = static_cast<int>(DigitsAt(word));
+            ++numbers;
+            (number > kDaysInMonth ? date.first : date.third) = number;
+        }
+        date.second = name > 1 ? name - 1 : date.second;
+        hasName = hasName || name > 0;
         text.remove_prefix(std::min(end + 1, text.size()));
     }
-    return hasDigits && hasName;
+    const bool isWhole = numbers == 2 && date.first > 0 && date.second > 0 && date.third > 0;
+    return numbers > 0 && hasName ? std::optional(isWhole ? date : Date{}) : std::nullopt;
 }
 
-// What stands in front of a time: nothing, a date, or words as short as the names of days.
-bool IsDateText(string_view text) {
+// What stands in front of a time: a date, or words as short as the names of days. Nothing for other texts.
+std::optional<Date> ReadDateText(string_view text) {
     if (text.ends_with('T')) {
         text.remove_suffix(1);
     }
+    if (const std::optional<Date> written = ReadWrittenDate(text)) {
+        return written;
+    }
+    Date date;
     for (text = Trimmed(text); !text.empty(); text = Trimmed(text)) {
         const std::size_t end = std::min(text.find_first_of(" ,"), text.size());
         const string_view word = text.substr(0, end);
-        if (word.size() > 3 && !IsDate(word) && !IsDayOrMonth(word) && !std::ranges::all_of(word, IsDigit)) {
-            return false;
+        const std::optional<Date> read = ReadDate(word);
+        if (word.size() > 3 && !read && DayOrMonth(word) == 0 && !std::ranges::all_of(word, IsDigit)) {
+            return std::nullopt;
         }
+        date = read.value_or(date);
         text.remove_prefix(std::min(end + 1, text.size()));
     }
-    return true;
+    return date;
 }
 
 }  // namespace
 
 std::optional<Cell> ReadStamp(string_view text) {
     const bool hasDigit = std::ranges::any_of(text, IsDigit);
-    if (hasDigit ? IsDate(text) || IsWrittenDate(text) : IsDayOrMonth(text)) {
-        return Cell{.kind = CellKind::Stamp, .value = kNoTime};
+    Cell cell{.kind = CellKind::Stamp, .unit = kDate, .value = kNoTime};
+    if (!hasDigit) {
+        return DayOrMonth(text) > 0 ? std::optional(cell) : std::nullopt;
     }
-    const double seconds = hasDigit ? TakeClock(&text) : kNoTime;
-    if (std::isnan(seconds) || text.size() > kLongestDate || !IsDateText(text)) {
+    std::optional<Date> date = ReadDate(text);
+    date = date ? date : ReadWrittenDate(text);
+    if (date) {
+        cell.date = *date;
+        cell.value = date->first > 0 ? 0.0 : kNoTime;
+        return cell;
+    }
+    bool isTwoParts = false;
+    cell.value = TakeClock(&text, &isTwoParts);
+    date = std::isnan(cell.value) || text.size() > kLongestDate ? std::nullopt : ReadDateText(text);
+    if (!date) {
         return std::nullopt;
     }
-    return Cell{.kind = CellKind::Stamp, .value = seconds};
+    constexpr double kDay = 86'400.0;
+    const bool isAlone = Trimmed(text).empty();
+    cell.date = *date;
+    cell.unit = !isAlone ? kDateAndClock : isTwoParts ? kTwoParts : kClock;
+    cell.value = !isAlone && (date->first == 0 || cell.value >= kDay) ? kNoTime : cell.value;
+    return cell;
 }
 
 }  // namespace recording

@@ -60,6 +60,9 @@ class Table {
 
     bool HasMarks(std::size_t column, std::size_t from, std::size_t to) const;
 
+    // Of the stamps; their values tell which belongs to whom (Row).
+    const std::vector<Date>& Dates() const { return row_.dates; }
+
     std::size_t LinesWithCells() const { return linesWithCells_; }
     // The first line that has a digit, though no line above or in it has a number; its number is 0 if there is none.
     const Line& FirstDigits() const { return firstDigits_; }

@@ -3,7 +3,7 @@
 #include <QRegularExpression>
 #include <algorithm>
 
-#include "recording/Units.h"
+#include "recording/Keys.h"
 
 namespace recording {
 namespace {
@@ -47,10 +47,9 @@ bool IsFiller(const QString& cell) {
 
 // The first cell of a line that names what the cells behind it are.
 bool IsKeyOfCells(const QString& cell) {
-    static const QRegularExpression keys(
-        QStringLiteral(R"(^(#+|%+|//|channels?|sources?|names?|labels?|signals?|traces?|titles?|units?)\s*:?$)"),
-        QRegularExpression::CaseInsensitiveOption);
-    return Matches(cell, keys);
+    static const QRegularExpression marks(QStringLiteral(R"(^(#+|%+|//)$)"));
+    const Key key = ReadKey(cell).key;
+    return Matches(cell, marks) || key == Key::Name || key == Key::Unit;
 }
 
 Cell Read(const QString& cell) { return ReadCell(cell.toStdString(), {}); }
@@ -58,7 +57,9 @@ Cell Read(const QString& cell) { return ReadCell(cell.toStdString(), {}); }
 // The parts of a cell between semicolons, commas or wide gaps: a header may have another separator than its samples.
 QStringList PartsOf(const QString& cell) {
     static const QRegularExpression gap(QStringLiteral(R"(\s*\t+\s*| {2,})"));
-    for (const QChar separator : {u';', u','}) {
+    static const QRegularExpression semicolon(QStringLiteral(";"));
+    static const QRegularExpression comma(QStringLiteral(R"((?<!\d),|,(?!\d))"));  // not one within a number
+    for (const QRegularExpression& separator : {semicolon, comma}) {
         if (cell.contains(separator)) {
             QStringList parts = cell.split(separator);
             std::ranges::transform(parts, parts.begin(), [](const QString& part) { return part.trimmed(); });
@@ -76,9 +77,10 @@ class HeaderLine {
         if (cells_.isEmpty() || !IsKeyOfCells(cells_[0])) {
             return;
         }
+        firstIsTitle_ = Size() == block.cells && block.columns.front().column == 0 && NamesAnAxis();
         if (Size() == block.cells + 1) {
             cells_.removeFirst();
-        } else {
+        } else if (!firstIsTitle_) {
             cells_[0].clear();
         }
     }
@@ -122,6 +124,17 @@ class HeaderLine {
         return words > 0 && 2 * words >= block_.columns.size() && (Size() > 1 || block_.cells == 1) && !HasPair();
     }
 
+    // Units are among the words, and nothing that is known as a title.
+    bool HasSomeUnit() const {
+        return std::ranges::any_of(cells_, [](const QString& cell) { return IsPlainUnit(UnitOfCell(cell)); }) &&
+               std::ranges::none_of(cells_, [](const QString& cell) {
+                   const Title title = ReadTitle(cell);
+                   const bool isUnit = IsPlainUnit(UnitOfCell(cell));
+                   return !isUnit && (title.Means() != Meaning::Unknown || !title.unit.isEmpty() ||
+                                      Read(cell).kind > CellKind::Word);
+               });
+    }
+
     // A known word is among them.
     bool AreKnownTitles() const {
         return std::ranges::any_of(block_.columns, [this](const BlockColumn& column) {
@@ -130,10 +143,20 @@ class HeaderLine {
         });
     }
 
+    // A word that may be a key is the title of the first column.
+    bool FirstIsTitle() const { return firstIsTitle_; }
+
     // As the lines of a list of keys: a word, and one thing more.
     bool IsKeyAndValue() const { return cells_.size() == 2 && !cells_[0].isEmpty(); }
 
   private:
+    bool NamesAnAxis() const {
+        return std::any_of(cells_.begin() + 1, cells_.end(), [](const QString& cell) {
+            const Meaning meaning = ReadTitle(cell).Means();
+            return meaning == Meaning::Time || meaning == Meaning::Index || meaning == Meaning::MaybeTime;
+        });
+    }
+
     // "key = value" or "key: value" in place of a title; in a line of one cell also "key;value", and "[section]".
     bool HasPair() const {
         static const QRegularExpression keyOrSection(QStringLiteral("^\\[|[:=]"));
@@ -150,6 +173,7 @@ class HeaderLine {
 
     const TableBlock& block_;
     QStringList cells_;
+    bool firstIsTitle_ = false;
 };
 
 }  // namespace
@@ -157,8 +181,8 @@ class HeaderLine {
 Title ReadTitle(const QString& cell) {
     static const QRegularExpression marks(QStringLiteral(R"(^[#%;"'\s]+|["'\s]+$)"));
     static const QRegularExpression bracket(
-        QStringLiteral(R"(^(.*?)[\s,_]*[(\[]\s*(?:in\s+)?([^()\[\]]{1,12}?)\s*[)\]]$)"));
-    static const QRegularExpression in(QStringLiteral(R"(^(?:(.*?)[\s,]+)?in\s+(\S{1,12})$)"));
+        QStringLiteral(R"(^(.*?)[\s,_]*[(\[{]\s*(?:in\s+)?([^()\[\]{}]{1,20}?)\s*[)\]}]$)"));
+    static const QRegularExpression in(QStringLiteral(R"(^(?:(.*?)[\s,]+)?in\s+(\S.{0,19})$)"));
     static const QRegularExpression behind(QStringLiteral(R"(^(.+?)(?:\s*/\s*|[\s,_]+)(\S{1,12})$)"));
     const QString text = QString(cell).remove(marks);
     if (const auto match = bracket.match(text);
@@ -175,32 +199,54 @@ Title ReadTitle(const QString& cell) {
 }
 
 Meaning Title::Means() const {
-    static const QRegularExpression timeWord(QStringLiteral(
-        R"((?<![a-z])(time|times|timestamp|zeit|uhrzeit|temps|tiempo|tempo|tijd|elapsed)(?![a-z])|^(seconds?|secs?)$)"));
+    static const QRegularExpression brackets(QStringLiteral(R"(\s*[(\[].*[)\]]$)"));
+    static const QRegularExpression time(QStringLiteral(
+        R"((?<![a-z])(time|times|timestamp|date|datum|zeit|uhrzeit|temps|tiempo|tempo|tijd|elapsed)(?![a-z])|^(seconds?|secs?)$)"));
     static const QRegularExpression maybe(QStringLiteral(R"(^[txs]( ?-? ?(axis|values?|data))?$)"));
+    static const QRegularExpression maybeIndex(QStringLiteral(R"(^(i|data)$)"));
     static const QRegularExpression index(QStringLiteral(
-        R"(^((sample|point|row|record|data|scan|step|line|sequence)s? ?(index|idx|no\.?|nr\.?|num|number|count|#)?|index|idx|no\.?|nr\.?|number|count|counter|address|n|i|#)$)"));
+        R"(^((sample|point|row|record|data|scan|step|line|sequence)s? ?(index|idx|no\.?|nr\.?|num|number|count|#)?|index|idx|no\.?|nr\.?|number|count|counter|address|n|#)$)"));
     static const QRegularExpression segment(QStringLiteral(
-        R"(^(segment|seg|sweep|frame|run|cycle|acquisition|waveform|event|page)s? ?(index|no\.?|nr\.?|number|count|id|#)?$)"));
+        R"(^(segment|seg|sweep|frame|run|cycle|acq|acquisition|waveform|event|page)s? ?(index|no\.?|nr\.?|number|count|id|#)?$)"));
+    static const QRegularExpression whichChannel(
+        QStringLiteral(R"(^(ch|chan|channel|kanal|voie|canal|trace)s? ?(index|no\.?|nr\.?|number|id|#)?$)"));
     static const QRegularExpression axis(QStringLiteral(R"(^(frequency|freq|f)$)"));
-    static const QRegularExpression extra(QStringLiteral(R"(\b(peak ?-?detect\w*|envelope|env)\b)"));
     static const QRegularExpression channel(QStringLiteral(
         R"((?<![a-z])(ch|chan|channel|kanal|voie|canal|c|m|d|math|ref|ai|ain|in|out|input|output|probe|trace|signal|volts?|voltage|spannung|tension|amps?|ampere|current|strom|ampl|amplitude|power|level|value|wert|temperature|temp)(?![a-z])|^[abcdvuiyp]\d*$|^[viup]\()"));
-    const QString small = name.toLower();
-    if (Matches(small, timeWord)) {
-        return Meaning::Time;
+    const QString small = name.toLower().replace(u'_', u' ');
+    QString outside = small;  // "CH1 (real time)" is no time
+    outside.remove(brackets);
+    if (Matches(outside.isEmpty() ? small : outside, time)) {
+        return Matches(outside, channel) ? Meaning::MaybeTime : Meaning::Time;
+    }
+    if (LineOfChannel()) {
+        return Meaning::Extra;
     }
     for (const auto& [pattern, meaning] : {std::pair(&maybe, Meaning::MaybeTime),
+                                           {&maybeIndex, Meaning::MaybeIndex},
                                            {&index, Meaning::Index},
                                            {&segment, Meaning::Segment},
+                                           {&whichChannel, Meaning::WhichChannel},
                                            {&axis, Meaning::Axis},
-                                           {&extra, Meaning::Extra},
                                            {&channel, Meaning::Channel}}) {
         if (Matches(small, *pattern)) {
             return meaning;
         }
     }
     return Meaning::Unknown;
+}
+
+std::optional<QString> Title::LineOfChannel() const {
+    static const QRegularExpression extra(
+        QStringLiteral(R"((?<![a-z])(pe?a?k[ -]?det(ect\w*)?|envelope|env|min|max|minimum|maximum)(?![a-z]))"));
+    QString small = name.toLower().replace(u'_', u' ');
+    return Matches(small, extra) ? std::optional(small.remove(extra).simplified()) : std::nullopt;
+}
+
+bool Title::IsPlainTime() const {
+    static const QRegularExpression plain(QStringLiteral(
+        R"(^((elapsed|run|running|real|relative|rel\.?|absolute|abs\.?|total|ch ?\w|channel ?\w) )?(time|times|zeit|temps|tiempo|tempo|tijd|t|elapsed)([ -]?(axis|base|values?|data|ch ?\w|channel ?\w|\d+))?$)"));
+    return unit.isEmpty() && Matches(name.toLower().replace(u'_', u' '), plain);
 }
 
 QStringList WordCells(const std::string& line, char separator, std::size_t cells) {
@@ -232,6 +278,16 @@ QStringList KeyCells(const std::string& line, char separator) {
     return separator == ' ' || cells.size() == 1 ? PartsOf(TextOf(Content(line))) : cells;
 }
 
+namespace {
+
+// With the units in the line below, of which some are unknown.
+bool IsTitled(const Table& table, const TableBlock& block, const Table::Line& line) {
+    const HeaderLine titles(table, block, line.text);
+    return titles.MayBeTitles(false) && titles.AreKnownTitles();
+}
+
+}  // namespace
+
 Heading FindHeading(const Table& table, const TableBlock& block) {
     Heading heading;
     heading.titles.resize(table.Columns());
@@ -249,6 +305,8 @@ Heading FindHeading(const Table& table, const TableBlock& block) {
             units = units == kNone ? i : units;
         } else if (kind == HeaderLine::Units::Fillers) {
             fillers = i;
+        } else if (units == kNone && i > 0 && line.HasSomeUnit() && IsTitled(table, block, lines[i - 1])) {
+            units = i;
         } else if (line.MayBeTitles(units == i + 1) && (line.AreKnownTitles() || (isNext && !inList))) {
             titles = i;
         } else {
@@ -266,9 +324,11 @@ Heading FindHeading(const Table& table, const TableBlock& block) {
         heading.titles[i] = ReadTitle(titleLine.At(i));
         if (heading.titles[i].unit.isEmpty()) {
             const QString unit = unitLine.At(i);
-            heading.titles[i].unit = IsFiller(unit) ? unit : UnitOfCell(unit);
+            const QString known = UnitOfCell(unit);
+            heading.titles[i].unit = known.isEmpty() && Read(unit).kind == CellKind::Word ? unit : known;
         }
     }
+    heading.firstIsTitle = titleLine.FirstIsTitle() ? lines[titles].number : 0;
     return heading;
 }
 

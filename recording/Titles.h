@@ -13,10 +13,12 @@ namespace recording {
 enum class Meaning {
     Unknown,
     Time,
-    MaybeTime,  // "t", "x" or "s", which a channel may bear as well
-    Index,      // or a count
+    MaybeTime,   // "t", "x" or "s", which a channel may bear as well
+    MaybeIndex,  // "i" or "data"
+    Index,       // or a count
     Segment,
-    Axis,  // of another kind, as a frequency
+    WhichChannel,  // the number of one, or the channel itself: "Channel"
+    Axis,          // of another kind, as a frequency
     Channel,
     Extra  // a second line of a channel, as of a peak detection
 };
@@ -26,6 +28,10 @@ struct Title {
     QString unit;
 
     Meaning Means() const;
+    // "ch1" of "CH1 Peak Detect" or "CH1_MAX", a line of several of one channel; nothing for any other title.
+    std::optional<QString> LineOfChannel() const;
+    // It says a time and nothing else, so that its unit is the second: "Time", "t", but not "Time (ticks)".
+    bool IsPlainTime() const;
 };
 
 // "CH1 (mV)", "time in s", "Voltage [V]", "t/s", "ms": the name and the unit behind it.
@@ -33,8 +39,9 @@ Title ReadTitle(const QString& cell);
 
 // What stands above a block.
 struct Heading {
-    std::vector<Title> titles;   // by column of the table; those beyond have none
-    std::size_t titleCells = 0;  // cells of the line that they stand in; 0 if there is none
+    std::vector<Title> titles;     // by column of the table; those beyond have none
+    std::size_t titleCells = 0;    // cells of the line that they stand in; 0 if there is none
+    std::size_t firstIsTitle = 0;  // the line that they stand in, if its first word is no key though it may be one
 };
 
 Heading FindHeading(const Table& table, const TableBlock& block);

@@ -10,48 +10,52 @@ namespace {
 
 using std::string_view;
 
+// Of the prefixes for seconds only those below one are in use: "Ms" is meant as milliseconds as often as not.
+enum class Prefixes { None, Small, All };
+
 struct BaseUnit {
     string_view symbol;
     string_view words;  // in small letters, each between blanks
-    bool takesPrefix;
+    Prefixes prefixes;
     double scale;
 };
 
 constexpr auto kUnits = std::to_array<BaseUnit>({
-    {"", " ", false, 1.0},
-    {"V", " volt volts ", true, 1.0},
-    {"s", " second seconds sec secs ", true, 1.0},
-    {"A", " ampere amperes amp amps ", true, 1.0},
-    {"W", " watt watts ", true, 1.0},
-    {"Hz", " hertz ", true, 1.0},
-    {"Sa/s", " s/s sps samples/s sa/sec samples/sec samples/second ", true, 1.0},
-    {"\316\251", " ohm ohms ", true, 1.0},
-    {"F", " farad farads ", true, 1.0},
-    {"H", " henry ", true, 1.0},
-    {"N", " newton ", true, 1.0},
-    {"Pa", " pascal ", true, 1.0},
-    {"K", " kelvin ", false, 1.0},
-    {"J", " joule ", true, 1.0},
-    {"VA", " ", true, 1.0},
-    {"Vpp", " ", true, 1.0},
-    {"Vrms", " ", true, 1.0},
-    {"\302\260C", " celsius degc ", false, 1.0},
-    {"\302\260F", " fahrenheit degf ", false, 1.0},
-    {"\302\260", " deg degree degrees ", false, 1.0},
-    {"rad", " radian radians ", false, 1.0},
-    {"%", " percent ", false, 1.0},
-    {"dB", " decibel ", false, 1.0},
-    {"dBm", " ", false, 1.0},
-    {"dBV", " ", false, 1.0},
-    {"bar", " ", true, 1.0},
+    {"", " ", Prefixes::None, 1.0},
+    {"V", " volt volts ", Prefixes::All, 1.0},
+    {"s", " second seconds sec secs ", Prefixes::Small, 1.0},
+    {"A", " ampere amperes amp amps ", Prefixes::All, 1.0},
+    {"W", " watt watts ", Prefixes::All, 1.0},
+    {"Hz", " hertz ", Prefixes::All, 1.0},
+    {"Sa/s", " s/s sps samples/s sa/sec samples/sec samples/second ", Prefixes::All, 1.0},
+    {"\316\251", " ohm ohms ", Prefixes::All, 1.0},
+    {"F", " farad farads ", Prefixes::All, 1.0},
+    {"H", " henry ", Prefixes::All, 1.0},
+    {"N", " newton ", Prefixes::All, 1.0},
+    {"Pa", " pascal ", Prefixes::All, 1.0},
+    {"K", " kelvin ", Prefixes::None, 1.0},
+    {"J", " joule ", Prefixes::All, 1.0},
+    {"VA", " ", Prefixes::All, 1.0},
+    {"Vpp", " ", Prefixes::All, 1.0},
+    {"Vrms", " ", Prefixes::All, 1.0},
+    {"\302\260C", " celsius degc ", Prefixes::None, 1.0},
+    {"\302\260F", " fahrenheit degf ", Prefixes::None, 1.0},
+    {"\302\260", " deg degree degrees ", Prefixes::None, 1.0},
+    {"rad", " radian radians ", Prefixes::None, 1.0},
+    {"%", " percent ", Prefixes::None, 1.0},
+    {"dB", " decibel ", Prefixes::None, 1.0},
+    {"dBm", " ", Prefixes::None, 1.0},
+    {"dBV", " ", Prefixes::None, 1.0},
+    {"bar", " ", Prefixes::All, 1.0},
     // Times that are no powers of ten apart.
-    {"min", " minute minutes ", false, 60.0},
-    {"h", " hour hours ", false, 3600.0},
+    {"min", " minute minutes ", Prefixes::None, 60.0},
+    {"day", " days ", Prefixes::None, 86400.0},
+    {"h", " hour hours ", Prefixes::None, 3600.0},
 });
 constexpr int kSeconds = 2;
 constexpr int kHertz = 5;
 constexpr int kSamplesPerSecond = 6;
-constexpr std::size_t kFirstLongTime = kUnits.size() - 2;
+constexpr std::size_t kFirstLongTime = kUnits.size() - 3;
 
 struct Prefix {
     string_view text;
@@ -72,6 +76,10 @@ constexpr auto kPrefixes = std::to_array<Prefix>({{"Meg", 1e6},
                                                   {"G", 1e9},
                                                   {"T", 1e12}});
 
+// In front of words alone.
+constexpr auto kPrefixWords = std::to_array<Prefix>(
+    {{"milli", 1e-3}, {"micro", 1e-6}, {"nano", 1e-9}, {"pico", 1e-12}, {"kilo", 1e3}, {"mega", 1e6}, {"giga", 1e9}});
+
 std::string Small(string_view text) {
     std::string small(text);
     std::ranges::transform(small, small.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
@@ -83,16 +91,41 @@ Unit At(std::size_t index, double scale) {
     return {isTime ? kSeconds : static_cast<int>(index), scale * kUnits[index].scale};
 }
 
+bool IsWordOf(const BaseUnit& unit, const std::string& small) {
+    return unit.words.find(' ' + small + ' ') != string_view::npos;
+}
+
 bool IsNamed(const BaseUnit& unit, string_view text) {
     // Headers in capitals or in small letters only.
     return text == unit.symbol || (text == "v" && unit.symbol == "V") || (text == "S" && unit.symbol == "s") ||
-           unit.words.find(' ' + Small(text) + ' ') != string_view::npos;
+           IsWordOf(unit, Small(text));
 }
 
-std::optional<Unit> Find(string_view text, bool prefixed, double scale) {
+bool Takes(const BaseUnit& unit, double prefix) {
+    return unit.prefixes == Prefixes::All || (unit.prefixes == Prefixes::Small && prefix < 1.0);
+}
+
+std::optional<Unit> Find(string_view text, const std::optional<double>& prefix) {
     for (std::size_t i = 1; i < kUnits.size(); ++i) {
-        if ((!prefixed || kUnits[i].takesPrefix) && IsNamed(kUnits[i], text)) {
-            return At(i, scale);
+        if ((!prefix || Takes(kUnits[i], *prefix)) && IsNamed(kUnits[i], text)) {
+            return At(i, prefix.value_or(1.0));
+        }
+    }
+    return std::nullopt;
+}
+
+// "milliseconds" or "Micro Volts"
+std::optional<Unit> FindWritten(string_view text) {
+    const std::string small = Small(text);
+    for (const Prefix& prefix : kPrefixWords) {
+        if (!small.starts_with(prefix.text)) {
+            continue;
+        }
+        const std::size_t word = std::min(small.find_first_not_of(" -", prefix.text.size()), small.size());
+        for (std::size_t i = 1; i < kUnits.size(); ++i) {
+            if (Takes(kUnits[i], prefix.scale) && IsWordOf(kUnits[i], small.substr(word))) {
+                return At(i, prefix.scale);
+            }
         }
     }
     return std::nullopt;
@@ -101,16 +134,19 @@ std::optional<Unit> Find(string_view text, bool prefixed, double scale) {
 }  // namespace
 
 std::optional<Unit> ReadUnit(string_view text) {
-    if (text.empty() || text.find(' ') != string_view::npos) {
+    if (text.empty()) {
         return std::nullopt;
     }
-    std::optional<Unit> unit = Find(text, false, 1.0);
+    if (text.find(' ') != string_view::npos) {
+        return FindWritten(text);
+    }
+    std::optional<Unit> unit = Find(text, std::nullopt);
     for (std::size_t i = 0; !unit && i < kPrefixes.size(); ++i) {
         if (const Prefix& prefix = kPrefixes[i]; text.starts_with(prefix.text) && text.size() > prefix.text.size()) {
-            unit = Find(text.substr(prefix.text.size()), true, prefix.scale);
+            unit = Find(text.substr(prefix.text.size()), prefix.scale);
         }
     }
-    return unit;
+    return unit ? unit : FindWritten(text);
 }
 
 std::optional<Unit> ReadCellUnit(string_view text) {

@@ -12,7 +12,8 @@ struct Unit {
     double scale = 1.0;  // 0.001 for "mV"
 };
 
-// What "V", "mV", "volts", "us", "MSa/s" or "%" means. Nothing for a text that is no unit of the bench.
+// What "V", "mV", "volts", "us", "milliseconds", "MSa/s" or "%" means. Nothing for a text that is no unit of the bench,
+// nor for "MS" and "Ms", which may be milliseconds or anything else.
 std::optional<Unit> ReadUnit(std::string_view text);
 
 // The same behind a number in a cell, where a prefix may stand alone: "20m", "3k".

@@ -79,7 +79,7 @@ Pair ChosenPair(const Recording& recording, const RecordingChoice& choice, QStri
         }
         pair = columns.empty() ? Pair{} : Pair{columns.front(), columns.back()};
     } else if (pair[0] == nullptr) {
-        *fault = QStringLiteral("All columns look like times or indices. Choose one by its number.");
+        *fault = QStringLiteral("No column looks like a channel. Choose one by its number.");
     }
     for (const Column* const column : pair) {
         if (fault->isEmpty() && column != nullptr) {

@@ -32,6 +32,24 @@ QString RefuseSample(const AddressedSample& sample, int lastAddress) {
     return {};
 }
 
+// A memory has one sample at an address.
+QString RefuseTwins(std::span<const AddressedSample> samples, int lastAddress) {
+    std::vector<std::size_t> lines(static_cast<std::size_t>(lastAddress) + 1, 0);
+    for (const AddressedSample& sample : samples) {
+        std::size_t& line = lines[static_cast<std::size_t>(sample.address)];
+        if (line != 0) {
+            return QStringLiteral(
+                       "Line %1 has the address %2 again, which stands in line %3. Correct it, or make the samples "
+                       "points of the signal.")
+                .arg(sample.line)
+                .arg(sample.address)
+                .arg(line);
+        }
+        line = sample.line;
+    }
+    return {};
+}
+
 // The pen pastes side by side.
 QString RefuseGaps(std::span<const AddressedSample> samples) {
     if (samples.size() < 2) {
@@ -76,7 +94,16 @@ QString RefuseAddressed(std::span<const AddressedSample> samples, RecordingUse u
             return refusal;
         }
     }
-    return use == RecordingUse::Paste ? RefuseGaps(samples) : QString();
+    return use == RecordingUse::Paste    ? RefuseGaps(samples)
+           : use == RecordingUse::Memory ? RefuseTwins(samples, last)
+                                         : QString();
+}
+
+std::size_t AddressesIn(std::span<const AddressedSample> samples) {
+    std::vector<int> addresses(samples.size());
+    std::ranges::transform(samples, addresses.begin(), &AddressedSample::address);
+    std::ranges::sort(addresses);
+    return static_cast<std::size_t>(std::unique(addresses.begin(), addresses.end()) - addresses.begin());
 }
 
 TableResult ReplaceByAddressed(const EditorState& editor, EditorTables& tables, EditTarget target,

@@ -24,6 +24,9 @@ TableResult RecordToSignal(const EditorState& editor, EditorTables& tables, std:
 // Why these can't be used in this way, a sentence with the first one that is wrong; empty if they can.
 QString RefuseAddressed(std::span<const recording::AddressedSample> samples, RecordingUse use, const MemorySize& size);
 
+// How many different addresses they have.
+std::size_t AddressesIn(std::span<const recording::AddressedSample> samples);
+
 // In place of all records of a target: the samples in their order. None of them was refused.
 TableResult ReplaceByAddressed(const EditorState& editor, EditorTables& tables, EditTarget target,
                                std::span<const recording::AddressedSample> samples);

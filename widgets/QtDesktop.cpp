@@ -2,9 +2,31 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QMessageBox>
+#include <QPointer>
 
 #include "widgets/FileDialog.h"
 #include "widgets/InputHold.h"
+
+namespace {
+
+// Whoever the box belongs to may be closed and deleted while it stands, and the box with it.
+int Answer(QMessageBox* box) {
+    const QPointer<QMessageBox> still(box);
+    box->setTextFormat(Qt::PlainText);
+    const int answer = box->exec();
+    delete still;
+    return answer;
+}
+
+QString Choice(FileDialog* dialog) {
+    const QPointer<FileDialog> still(dialog);
+    const QString name = dialog->Choose();
+    delete still;
+    return name;
+}
+
+}  // namespace
 
 QWidget* QtDesktop::Parent() {
     QWidget* const active = QApplication::activeWindow();
@@ -35,25 +57,22 @@ void QtDesktop::ShowBox(QMessageBox::Icon icon, const QString& text, const QStri
     hold.Set(true);
     QCoreApplication::processEvents();
     hold.Set(false);
-    QMessageBox box(icon, title, text, QMessageBox::Ok, Parent());
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    Answer(new QMessageBox(icon, title, text, QMessageBox::Ok, Parent()));
 }
 
 bool QtDesktop::Question(const QString& text, const QString& title, Default answer) {
-    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, Parent());
-    box.setTextFormat(Qt::PlainText);
-    box.setDefaultButton(answer == Default::Yes ? QMessageBox::Yes : QMessageBox::No);
-    box.setEscapeButton(QMessageBox::No);
-    return box.exec() == QMessageBox::Yes;
+    auto* const box = new QMessageBox(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, Parent());
+    box->setDefaultButton(answer == Default::Yes ? QMessageBox::Yes : QMessageBox::No);
+    box->setEscapeButton(QMessageBox::No);
+    return Answer(box) == QMessageBox::Yes;
 }
 
 QString QtDesktop::OpenFile(const FileRequest& request) {
-    return FileDialog(request, QFileDialog::AcceptOpen, Parent()).Choose();
+    return Choice(new FileDialog(request, QFileDialog::AcceptOpen, Parent()));
 }
 
 QString QtDesktop::SaveFile(const FileRequest& request) {
-    return FileDialog(request, QFileDialog::AcceptSave, Parent()).Choose();
+    return Choice(new FileDialog(request, QFileDialog::AcceptSave, Parent()));
 }
 
 void QtDesktop::Beep() { QApplication::beep(); }

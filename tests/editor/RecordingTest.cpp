@@ -153,7 +153,7 @@ TEST_F(RecordingForm, BecomesThePointsOfTheSignal) {
 TEST_F(RecordingForm, WhatSaveAsCsvWroteComesBackExactly) {
     EditSignal("(0, 5), (9, -2047), (9, 8), (4095, 3000)");
     Execute(con, "delete from ARB16; insert into ARB16 values (0, 1), (16384, -7)");
-    Execute(set, "insert into ARB4 values (17, -2060); delete from ARB16 where Adr = 9");
+    Execute(set, "update ARB4 set Value = -2060 where Adr = 17; delete from ARB16 where Adr = 9");
     for (const char* const mode : {"opEditmode_0", "opEditmode_1"}) {
         for (const char* const size : {"mnu4ksig", "mnu16ksig"}) {
             Click(mode);
@@ -167,7 +167,8 @@ TEST_F(RecordingForm, WhatSaveAsCsvWroteComesBackExactly) {
                               " set Value = 1");
             OpenFile(saved);
             EXPECT_TRUE(Ready() && !Get("channels")->isEnabled());
-            Click("cbok");
+            Click(state.Target == EditTarget::Memory ? "use_1" : "use_2");
+            Key(Qt::Key_Return);
             EXPECT_EQ(Table(file), before) << mode << size;
         }
     }
@@ -187,6 +188,24 @@ TEST_F(RecordingForm, ATableMayBeRefusedOrTakenAsARecording) {
     ExpectMemory("0=-2047 4095=2047");
     OpenText("address,value\n0,10\n1,1.5\n");
     EXPECT_TRUE(Says("found").startsWith(u"Line 3 is no address and value") && !Ready());
+}
+
+TEST_F(RecordingForm, ATableThatLacksAddressesSaysWhatIsRemoved) {
+    const QString before = Table(set);
+    OpenText("address,value\n10,1\n5,-5\n7,2047\n");
+    EXPECT_TRUE(Checked("use_2"));  // where nothing is lost
+    EXPECT_EQ(Says("remark"), u"The samples go to their addresses as they stand.");
+    Click("use_1");
+    EXPECT_EQ(Says("remark"), u"The file has 3 of the 4096 addresses; the others are removed.");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Table(set), u"5=-5 7=2047 10=1");
+    Choose("mnuundo");
+    EXPECT_EQ(Table(set), before);
+    OpenText("address,value\n0,1\n3,7\n0,2\n");
+    Click("use_1");
+    EXPECT_TRUE(Says("found").startsWith(u"Line 4 has the address 0 again, which stands in line 2.") && !Ready());
+    Click("use_2");
+    EXPECT_TRUE(Ready());
 }
 
 TEST_F(RecordingForm, AFaultIsToldAndTheUserMayOverruleTheGuess) {

@@ -39,6 +39,8 @@ TEST(RecordingForms, TitlesAndUnits) {
         {"% time  ch1\n0 1\n1 2\n", "ch1: 1 2 [time] every 1 s"},
         {",CH1,CH2\n0,10,20\n1,11,21\n", "CH1: 10 11; CH2: 20 21 [column 1]"},
         {"Volt\n0.5\n1.5\n", "Volt: 0.5 1.5"},
+        {"Time,CH1\nticks,V\n0,1\n1,2\n", "CH1 (V): 1 2 [Time (ticks)]"},  // one unit is unknown
+        {"TraceName,CH1,CH2\nVUnit,V,mV\n,.1,5\n,.3,4\n", "CH1 (V): 0.1 0.3; CH2 (mV): 5 4"},
         {"Date,05 Nov 2024\n0,1\n1,2\n", "column 2: 1 2 [column 1]"},  // a key, no titles
     });
 }
@@ -63,6 +65,32 @@ TEST(RecordingForms, WhichColumnsAreChannels) {
         {"t;v;w\nMon 12:00;0,5;1\nTue 12:00;0,25;2\n", "v: 0.5 0.25; w: 1 2 [t]"},
         {"0.1,OK\n0.2,OK\n0.1,FAIL\n", "column 1: 0.1 0.2 0.1"},
         {"CH1,0,1.5\nCH1,1,2.5\nCH1,2,1.5\n", "column 3: 1.5 2.5 1.5 [column 2]"},
+        // A word that may be a time, or an index, is a channel beside one that is.
+        {"t,U,I\n0,5,1\n1,6,2\n", "U: 5 6; I: 1 2 [t] every 1 s"},
+        {"t,x,y\n0,1,5\n1,2,6\n", "x: 1 2; y: 5 6 [t] every 1 s"},
+        {"x,y\n0,5\n1,6\n", "y: 5 6 [x]"},
+        {"i,U\n0,5\n1,6\n", "U: 5 6 [i]"},
+        {"U,i\n5,0\n6,2\n", "U: 5 6; i: 0 2"},
+        {"Time,Data,CH2\n0,1,5\n1,3,6\n", "Data: 1 3; CH2: 5 6 [Time] every 1 s"},
+        {"Time (s),CH1 period (ms),CH2\n0,1,5\n1,2,6\n2,9,5\n",
+         "CH1 period (ms): 1 2 9; CH2: 5 6 5 [Time (s)] every 1 s"},
+        {"Time (s),Delay (ms),CH2\n0,1,5\n1,2,6\n2,9,5\n", "Delay (ms): 1 2 9; CH2: 5 6 5 [Time (s)] every 1 s"},
+        {"Time,CH1 (real time),CH2\n0,1,5\n1,2,6\n2,9,5\n", "CH1 (real time): 1 2 9; CH2: 5 6 5 [Time] every 1 s"},
+        {"CH1 Time,CH1 Volt,CH2 Time,CH2 Volt\n0,5,0,6\n1,4,2,7\n",
+         "CH1 (Volt): 5 4; CH2 (Volt): 6 7 [CH1 Time, CH2 Time] every 1 s"},
+        // A number that is the same in all rows
+        {"Channel,Time (s),U (V)\n1,0,.1\n1,1,.3\n", "U (V): 0.1 0.3 [Channel, Time (s)] every 1 s"},
+        {"n,CH1,CH2\n7,1,4\n7,3,3\n", "CH1: 1 3; CH2: 4 3 [n]"},
+        {"Acq#,CH1\n7,1\n7,3\n", "CH1: 1 3 [Acq#]"},
+        {"7,3,.1\n7,1,.3\n", "column 2: 3 1; column 3: 0.1 0.3 [column 1]"},
+        {"7,0,5\n7,1,6\n7,2,5\n", "column 3: 5 6 5 [column 1, column 2]"},
+        {"Time,Channel\n0,5\n1,6\n", "Channel: 5 6 [Time] every 1 s"},
+        // Of the lines of one channel, the plain one or the first
+        {"t,CH1,CH1_PEAK_DETECT,CH2,CH2 PkDet\n0,1,9,2,7\n1,2,8,1,6\n",
+         "CH1: 1 2; CH2: 2 1 [t, CH1_PEAK_DETECT, CH2 PkDet] every 1 s"},
+        {"t,CH1 Min,CH1 Max,CH2 Min,CH2 Max\n0,1,9,2,7\n1,2,8,1,6\n",
+         "CH1 Min: 1 2; CH2 Min: 2 1 [t, CH1 Max, CH2 Max] every 1 s"},
+        {"t,Min,Max\n0,1,9\n1,2,8\n", "Min: 1 2 [t, Max] every 1 s"},
     });
 }
 
@@ -96,6 +124,13 @@ TEST(RecordingForms, HeadersWithNumbers) {
          "column 1: 0.1 0.3 0.1; column 2: 0.2 0.1 0.2; column 3: 0.4 0.5 0.4"},
         {"3,5,7\n1,2\n2,1\n1,2\n", "column 1: 1 2 1; column 2: 2 1 2"},
         {"9,1e-6\n0,5\n1,6\n2,5\n3,6\n4,5\n5,6\n6,5\n7,6\n8,5\n", "column 2: 5 6 5 6 5 6 5 6 5 [column 1]"},
+        // Keys in front of the samples, above and below; a line without a time, or with one from elsewhere
+        {"HResolution,1e-6,1e-6\nHOffset,50,70\n,.1,.2\n,.3,.1\n,.1,.3\nMean,50,60\n",
+         "column 2: 0.1 0.3 0.1; column 3: 0.2 0.1 0.3 every 1 \302\265s"},
+        {"\"HOffset\";50;70\n\n;,3;,2\n;,1;,1\n", "column 2: 0.3 0.1; column 3: 0.2 0.1"},
+        {"Channel,CH1,CH2\n,1000,2000\n0,.1,.2\n1,.3,.1\n,9,9\n", "CH1: 0.1 0.3; CH2: 0.2 0.1 [column 1]"},
+        {"Time,A\n0.001,12\n0,1\n1,2\n2,1\n3,2\n4,1\n5,2\n6,1\n7,2\n", "A: 1 2 1 2 1 2 1 2 [Time] every 1 s"},
+        {"Points,6,0,4\nScale,2,1,3\nSource,CH1,2,2\nX,5,3,1\n,,4,2\n,,5,3\n", "CH1: 4 3 2 1 2 3 [column 2, column 3]"},
     });
 }
 
@@ -126,6 +161,16 @@ TEST(RecordingForms, BlocksBelowEachOther) {
          "v: 1 2 1 [time] every 1 s || v: 5 6 5 [time] every 1 s"},
         {"0 1\n1 2\n2 1\n\n\n0 5\n1 6\n2 5\n", "column 2: 1 2 1 [column 1] || column 2: 5 6 5 [column 1]"},
         {"0 1\n1 2\n2 1\n0 5\n1 6\n2 5\n", "column 1: 0 1 2 0 1 2; column 2: 1 2 1 5 6 5"},
+        // A remark between rows ends nothing; a title, a key or a time that starts again does.
+        {"t,v\n0,1\n1,2\n# trigger here\n2,1\n3,2\n// a\n\n; seen, at once\n4,1\n5,3\n",
+         "v: 1 2 1 2 1 3 [t] every 1 s"},
+        {"t,v\n0,1\n1,2\ntrigger here\n2,1\n3,2\n", "v: 1 2 1 2 [t] every 1 s"},
+        {"t,v,w\n0,,5\n1,2,6\n2,3,5\n# x\n3,3,7\n4,4,7\n5,4,\n", "v: 2 3 3 4 4; w: 5 6 5 7 7 [t] every 1 s"},
+        {"5\n4\n# mark\n6\n4\n", "column 1: 5 4 6 4"},
+        {"foo\n1\n3\nbar\n5\n4\n", "foo: 1 3 || bar: 5 4"},
+        {"t,v\n0,1\n1,2\n# again\n0,1\n1,2\n", "v: 1 2 [t] every 1 s || v: 1 2 [t] every 1 s"},
+        {"t,v\n0,1\n1,2\n2,1\nmuch later\n9,1\n10,2\n", "v: 1 2 1 [t] every 1 s || v: 1 2 [t] every 1 s"},
+        {"9,8\n4,7\n# remark\n0,1\n1,3\n2,1\n", "column 1: 9 4; column 2: 8 7 || column 2: 1 3 1 [column 1]"},
         // The pages of a print are one recording.
         {"Index   time     v(out)\n-----------------------\n0\t0.0e+00\t1.0\n1\t1.0e-03\t2.0\n\f\nIndex   time     "
          "v(out)\n"
@@ -152,7 +197,7 @@ TEST(RecordingForms, SeparatorsAndNumbers) {
         {"Volt\n0,5\n1,5\n", "Volt: 0.5 1.5", {.decimalMark = ','}},
         {"Volt\n0,5\n1,5\n", "Volt: 0 1; column 2: 5 5", {.byNumber = true}},
         {"Volt\n0,5\n1,5\n", "Volt: 0 1; column 2: 5 5", {.separator = ','}},
-        {"0 1;5\n1 2;5\n2 1;5\n", "column 2: 5 5 5", {.separator = ';', .byNumber = true}},
+        {"a 1;5\nb 2;5\nc 1;5\n", "column 2: 5 5 5", {.separator = ';', .byNumber = true}},
         // Thousands
         {"t;U\n0;1.000,5\n1;1.001\n", "U: 1000.5 1001 [t] every 1 s"},
         {"t,U\n0,\"1,000.5\"\n1,\"1,001\"\n", "U: 1000.5 1001 [t] every 1 s"},
@@ -181,13 +226,79 @@ TEST(RecordingForms, TimesAndSteps) {
         {"No.,Time,ms,CH1\n1,12:00:00,0,+0.5\n2,12:00:00,500,+0.6\n3,12:00:01,0,+0.5\n",
          "CH1: 0.5 0.6 0.5 [No., Time, ms]"},
         {"time\tV(out)\n0.0e+000\t1\n1.0e-009\t1.5\n3.0e-009\t1\n1.0e-008\t0.5\n", "V(out): 1 1.5 1 0.5 [time] uneven"},
-        {"time (s),v\n0.0,1\n0.1,2\n0.3,1\n0.4,2\n", "v: 1 2 1 2 [time (s)] every 133.333 ms"},  // few digits
+        {"Date,CH1\n2024-02-28,1\n2024-02-29,2\n2024-03-01,1\n", "CH1: 1 2 1 [Date] every 86.4 ks"},
+        {"2024-01-01 00:00,1\n2024-01-02 06:00,2\n2024-01-03 12:00,1\n", "column 2: 1 2 1 [column 1] every 108 ks"},
+        {"05 Nov 2024 12:00:00,1\n06-Nov-2024 12:00:00,2\n", "column 2: 1 2 [column 1] every 86.4 ks"},
+        {"Date;Time;v\n1.1.2024;0:01;1\n1.1.2024;0:02;2\n9.1.2024;0:03;1\n", "v: 1 2 1 [Date, Time] uneven"},
+        {"12/31/24 12:00:00,1\n01/01/25 12:00:00,2\n", "column 2: 1 2 [column 1] every 86.4 ks"},
+        {"Time,v\n0:01,1\n0:02,2\n", "v: 1 2 [Time]"},                                 // minutes, or hours
+        {"01/05/2024,1\n02/05/2024,2\n", "column 2: 1 2 [column 1]"},                  // January, or May
+        {"Fri 5 Jan 12:00:00,1\nSat 6 Jan 12:00:00,2\n", "column 2: 1 2 [column 1]"},  // of no year
         {"Sample,v\nRate,10\n0,1\n1,2\n2,1\n", "v: 1 2 1 [Sample] every 100 ms"},
     });
+    // A title of a time with anything unread behind it is no time in seconds.
+    for (const auto& [title, interval] : {std::pair("Time", " every 1 s"),
+                                          {"Elapsed time", " every 1 s"},
+                                          {"Time (milliseconds)", " every 1 ms"},
+                                          {"time in milliseconds", " every 1 ms"},
+                                          {"Time (micro seconds)", " every 1 \302\265s"},
+                                          {"Time {ms}", " every 1 ms"},
+                                          {"Time (days)", " every 86.4 ks"},
+                                          {"time.ms", ""},
+                                          {"Time (US)", ""},
+                                          {"TIME (MS)", ""},
+                                          {"TIME (MSEC)", ""},
+                                          {"Time (samples)", ""},
+                                          {"Time (ms/div)", ""},
+                                          {"Timestamp (epoch ms)", ""},
+                                          {"Time [ticks]", ""}}) {
+        EXPECT_TRUE(Describe(std::string(title) + ",CH1\n0,5\n1,6\n").ends_with(std::string("]") + interval)) << title;
+    }
+    for (const auto& [header, interval] : {std::pair("Sample Interval (milliseconds),5", " every 5 ms"),
+                                           {"\"Sampling rate: 1,000,000 Sa/s\"", " every 1 \302\265s"},
+                                           {"ADC clock: 64 MHz\nSample Rate: 1 MHz", " every 1 \302\265s"},
+                                           {"Sample interval: 1.000 ms", " every 1 ms"},
+                                           {"Sample Rate,1e3,Trigger,0", " every 1 ms"},
+                                           {"Sample rate: 1 kHz\nSample interval: 1 ms", " every 1 ms"},
+                                           {"Sampling rate: 1,000,000 Sa/s", ""},
+                                           {"Sampling interval: 5,5 ms", ""},
+                                           {"Sample interval (MS): 2", ""},
+                                           {"Sample Rate,9600,baud", ""},
+                                           {"Sample Rate: 5 V", ""},
+                                           {"Recording period: 60 s", ""},
+                                           {"Sample rate: 2 kHz\nSample interval: 1 ms", ""}}) {
+        EXPECT_TRUE(Describe(std::string(header) + "\nA,B\n.1,.5\n.3,.7\n").ends_with(std::string(" 0.7") + interval))
+            << header;
+    }
+    EXPECT_EQ(Describe("Sample rate: 1 kHz\nTime,A\n0,5\n1,7\n"), "A: 5 7 [Time]");  // not both are true
+    EXPECT_EQ(Describe("Rate: 1,5 kHz\nA;B\n0,5;1,5\n0,7;1,2\n"), "A: 0.5 0.7; B: 1.5 1.2 every 666.667 \302\265s");
     const recording::Outcome uneven = ReadBytes("t,v\n0,1\n1,2\n10,1\n");
     const recording::Column& column = uneven.recording->blocks[0].columns[1];
     EXPECT_TRUE(column.timing.times.size() == 3 && column.timing.duration == 10.0 && !column.timing.interval);
     EXPECT_EQ(ReadBytes("t (ms),v\n0,1\n2,2\n").recording->blocks[0].columns[1].timing.duration, 4e-3);
+}
+
+// Times on a straight line up to their digits, and with rows missing.
+TEST(RecordingForms, EvenUpToTheirDigitsOnly) {
+    const auto read = [](const char* picture, double step, int gap) {
+        std::string text = "t,v\n";
+        for (int i = 0; i < 40; ++i) {
+            const double time = (i + (i < 20 ? 0 : gap)) * step;
+            text += QString::asprintf(picture, time).toStdString() + (i % 2 == 0 ? ",1\n" : ",2\n");
+        }
+        return ReadBytes(QByteArray::fromStdString(text)).recording->blocks[0].columns[1].timing.interval.value_or(0.0);
+    };
+    for (const auto& [picture, step, even] : {std::tuple("%.0f", 1.0, 1.0),
+                                              {"%.3f", 0.004, 0.004},
+                                              {"%.3f", 0.0032, 0.125 / 39},
+                                              {"%.2e", 8e-7, 3.12e-5 / 39}}) {
+        EXPECT_NEAR(read(picture, step, 0), even, even * 1e-9) << picture << step;
+        EXPECT_EQ(read(picture, step, 4), 0.0) << picture << step;
+    }
+    EXPECT_EQ(read("%.0f", 1.0, 1), 0.0);
+    EXPECT_EQ(read("%.3f", 0.004, 1), 0.0);
+    EXPECT_TRUE(Describe("t,A\n0,0\n1,1\n2,0\n4,3\n").ends_with("[t] uneven"));
+    EXPECT_TRUE(Describe("time (s),v\n0.0,1\n0.1,2\n0.3,1\n0.4,2\n").ends_with("[time (s)] uneven"));
 }
 
 TEST(RecordingForms, EncodingsAndLineEnds) {

@@ -17,10 +17,21 @@ TEST(RecordingFaults, EachSaysWhatIsWrong) {
         {"wave\n0x10\n0x20\n", {}, "No cell of the file is a number; line 2 is \"0x10\"."},
         {"1,5;1,7\n2,5;1,8\n",
          {.separator = '|'},
-         "With the chosen separator and decimal mark no cell is a number; line 1 is \"1,5;1,7\"."},
+         "With the chosen separator no cell is a number; line 1 is \"1,5;1,7\". Choose another one."},
+        {"1,5\n2,5\n",
+         {.separator = '|', .decimalMark = '.'},
+         "With the chosen separator and decimal mark no cell is a number; line 1 is \"1,5\". Choose others."},
+        {"1.5\n2.5\n",
+         {.decimalMark = ','},
+         "With the chosen decimal mark no cell is a number; line 1 is \"1.5\". Choose another one."},
         {"t,v\n0,1\nend\n", {}, "Nowhere do numbers stand in two rows below each other; line 2 has the first one."},
         {"Model,X\nLength,2500\nRate,5\n", {}, "Numbers stand only behind words, as in a header, from line 2 on."},
         {"Volt\n0,5\n1,5\n", {}, "Line 2 has more cells than titles stand above it, so that its commas may be decimal"},
+        {"Spannung (V)\n1,5\n2,7\n", {}, "Line 2 has more cells than titles stand above it"},
+        {"CH1\n1 234,50\n2\u00a0345,60\n", {}, "Line 2 has more cells than titles stand above it"},
+        {"0,000E+00,1,2345E-01\n1,000E+00,2,2345E-01\n", {}, "Commas separate the cells and seem to be"},
+        {"t;ADC\n0;998\n1;1,000\n", {}, "The comma in \"1,000\" may be a decimal mark, or part thousands."},
+        {"t\tADC\n0\t998\n1\t1.000\n", {}, "The point in \"1.000\" may be a decimal mark, or part thousands."},
         {"0,01,1,05\n0,02,1,10\n", {}, "Commas separate the cells and seem to be decimal marks as well."},
         {"t\tU\n0\t1,234\n1\t2,345\n", {}, "The comma in \"2,345\" may be a decimal mark, or part thousands."},
         {{"1,2\n3\0,4\n", 9}, {}, "The file holds zero bytes, so it is no plain text."}};
@@ -53,6 +64,10 @@ TEST(RecordingFaults, AColumnThatCannotBeTakenSaysWhy) {
         {"t,v\n0,1\n1,12V\n2,2\n", 2, "In line 3 the unit changes in column 2 \"v\"."},
         {"t,v,w\n0,1,5\n1,2,\n2,1,\n", 3,
          "One number only stands in column 3 \"w\", and a recording has two at least."},
+        {"t,v\n0,1 mV\n1,9.9E+37 mV\n2,1 mV\n", 2, "Line 3 has no number in column 2 \"v\""},
+        {"Time,X,CH2\n0,1.2g,5\n1,1.3g,6\n", 2,
+         "\"1.2g\" in line 2 is no number: its unit or its marks are unknown in"},
+        {"0,- 0.5\n1,- 0.7\n", 2, "\"- 0.5\" in line 1 is no number: its unit or its marks are unknown in column 2."},
         {"Start,v\n12:00,1\n12:01,2\n", 1, "Dates or times of day stand in column 1 \"Start\"."}};
     for (const auto& [text, number, sentence] : cases) {
         const recording::Outcome outcome = ReadBytes(text);
@@ -77,6 +92,8 @@ TEST(RecordingColumns, AreFoundByNumberAndTitle) {
         {u"v", {}, "Several columns are titled \"v\". Choose one by its number: 1 Time, 2 CH1 (mV), 3 a, b, 4 v, 5 v."},
         {u"7", {}, "There are no numbers in a column 7. Choose one of these: 1 Time, 2 CH1 (mV), 3 a, b, 4 v, 5 v."},
         {u"2,CH3", {}, "There is no column titled \"CH3\". Choose one of these: 1 Time, 2 CH1 (mV), 3 a, b, 4 v, 5 v."},
+        {u"1,", {}, "A column is missing beside a comma in \"1,\". Name columns as in \"2,3\"."},
+        {u"1,,2", {}, "A column is missing beside a comma in \"1,,2\". Name columns as in \"2,3\"."},
         {u"5",
          {},
          "Line 3 has no number in column 5 \"v\", and others follow below. Take another column, or save the "

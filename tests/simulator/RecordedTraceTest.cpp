@@ -52,7 +52,7 @@ TEST(RecordedTrace, SaysWhatIsWrongWithAFile) {
         {"t,v,w\n0,1,2\n1,1,\n2,3,3\n", {.columns = "2,w"}, "in column 3 \"w\""},
         {"t,v\n0,1\n1,2\n", {.columns = "1,2,1"}, "two channels"},
         {"t,v\n0,1\n1,2\n", {.block = 2}, "1 blocks of numbers and no block 2"},
-        {"Time\n0\n1\n", {}, "look like times"},
+        {"Time\n0\n1\n", {}, "No column looks like a channel. Choose one by its number."},
         {"v,w,x\n1,1,\n2,2,\n3,,3\n4,,4\n", {.columns = "w,x"}, "share no two rows"},
         {"address,value\n0,5\n", {}, "one row of numbers"}};
     for (const auto& [text, choice, complaint] : cases) {

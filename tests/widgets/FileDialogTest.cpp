@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <functional>
 
 #include "support/PrintQt.h"
 #include "widgets/QtDesktop.h"
@@ -128,6 +129,22 @@ TEST_F(FileDialogs, GiveTheFileThatIsMeantAndAskAboutItsWholeName) {
     EXPECT_EQ(Given(&Desktop::SaveFile, "old 1.2|!n|old 1.2|!y", true), u"old 1.2.set" + replaceOld + replaceOld);
     EXPECT_EQ(Given(&Desktop::SaveFile, "take 1.2", true), u"take 1.2.set");
     EXPECT_EQ(Given(&Desktop::OpenFile, "none 1.2|!|old 1.2", true), u"old 1.2.set|none 1.2 File not found.");
+}
+
+// A window may close for good while a box or dialog of its own stands.
+TEST_F(FileDialogs, EndWithTheWindowThatTheyBelongTo) {
+    QtDesktop desktop;
+    const auto file = [&desktop](auto show) { return !(desktop.*show)({}).isEmpty(); };
+    for (const std::function<bool()>& ask : std::vector<std::function<bool()>>{
+             [&] { return desktop.Question({}, {}, Desktop::Default::Yes); },
+             [&] { return file(&QtDesktop::OpenFile); }, [&] { return file(&QtDesktop::SaveFile); }}) {
+        auto* const owner = new QWidget;
+        owner->show();
+        owner->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(owner));
+        QTimer::singleShot(kLookMs, owner, [owner] { delete owner; });
+        EXPECT_FALSE(ask());
+    }
 }
 
 }  // namespace
