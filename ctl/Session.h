@@ -12,13 +12,13 @@
 
 // What stands ahead of the command.
 struct Options {
-    QString port;          // a device, or Com1 to Com4; empty: the preferences
+    QString port = {};     // a device, or Com1 to Com4; empty: the preferences
     int rate = 0;          // baud; 0: the preferences
     int timeoutMs = 3000;  // for each byte of a reply
     bool log = false;
     bool quiet = false;
     bool dryRun = false;
-    QString from;  // a setting file that a dry run starts from
+    QString from = {};  // a setting file that a dry run starts from
 };
 
 // One connection to the instrument, for one command or for many. It is made when the first command needs it, and given
