@@ -34,6 +34,9 @@ bool FieldSteps::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::KeyPress:
             return UseKey(*static_cast<QKeyEvent*>(event));
+        case QEvent::KeyRelease:
+            repeat_.NoteRelease(*static_cast<QKeyEvent*>(event));
+            break;
         case QEvent::Wheel:
             if (!field_.hasFocus()) {
                 break;
@@ -57,7 +60,7 @@ bool FieldSteps::UseKey(const QKeyEvent& key) {
         Forget();
         return false;
     }
-    if (!key.isAutoRepeat()) {
+    if (!repeat_.Is(key)) {
         metLimit_ = 0;
     }
     Step(found->direction, found->nextHigher);

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "widgets/EntryField.h"
+#include "widgets/KeyRepeat.h"
 
 class QKeyEvent;
 class QWheelEvent;
@@ -34,6 +35,7 @@ class FieldSteps : public QObject {
     EntryField& field_;
     UnitPower unitPower_;
     std::optional<int> digit_;  // of the last step, by its power of ten in the stored value
-    int metLimit_ = 0;          // the direction in which the last step met a limit
-    int turned_ = 0;            // of the wheel, less than a notch
+    KeyRepeat repeat_;
+    int metLimit_ = 0;  // the direction in which the last step met a limit
+    int turned_ = 0;    // of the wheel, less than a notch
 };

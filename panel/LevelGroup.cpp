@@ -51,8 +51,10 @@ QList<ShownField> LevelGroup::ShownFields() const {
         {&PanelState::mOffset, [this] { return Text4; },
          [this](const PanelState& state) -> QString { return OffsetText(state) + QStringLiteral(" V"); }},
         {&PanelState::tmOffset, [this] { return Check1; },
-         [](const PanelState& state) {
-             return state.tmOffset ? QStringLiteral("an offset") : QStringLiteral("no offset");
+         // The box may stay ticked where a read-back reports no offset.
+         [this](const PanelState& state) {
+             const bool on = &state == &panel_ ? Check1->isChecked() : state.tmOffset != kFalse;
+             return on ? QStringLiteral("an offset") : QStringLiteral("no offset");
          }},
     };
 }

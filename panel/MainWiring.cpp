@@ -1,6 +1,7 @@
 // What the controls, the items of the menu and the keys of Main do.
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QPushButton>
 #include <QTabWidget>
@@ -12,6 +13,33 @@
 #include "panel/OutputGroup.h"
 #include "panel/TransferMenu.h"
 #include "widgets/EntryField.h"
+#include "widgets/KeyRepeat.h"
+
+namespace {
+
+// Whether the key that runs a command has been held since the last time: a held key must not switch the output, or set
+// and read, again and again.
+class HeldKey : public QObject {
+  public:
+    explicit HeldKey(QObject* parent) : QObject(parent) { QCoreApplication::instance()->installEventFilter(this); }
+    bool Repeats() const { return repeats_; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::KeyRelease) {
+            repeat_.NoteRelease(*static_cast<QKeyEvent*>(event));
+        } else if (event->type() == QEvent::ShortcutOverride) {  // ahead of what the key runs
+            repeats_ = repeat_.Is(*static_cast<QKeyEvent*>(event));
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    KeyRepeat repeat_;
+    bool repeats_ = false;
+};
+
+}  // namespace
 
 void Main::ConnectControls() {
     connect(cRM, &QCheckBox::clicked, this, &Main::Main_cRM_MouseUp);
@@ -64,12 +92,17 @@ void Main::ConnectMenu() {
 
 // Keys for the main work that no menu shows; the tool tips of the controls do.
 void Main::ConnectKeys() {
-    const auto onKeys = [this](const QList<QKeySequence>& keys, const auto& act) {
+    const auto* const held = new HeldKey(this);
+    const auto onKeys = [this, held](const QList<QKeySequence>& keys, const auto& act) {
         auto* const action = new QAction(this);
         action->setShortcuts(keys);
         action->setAutoRepeat(false);
         addAction(action);
-        connect(action, &QAction::triggered, this, act);
+        connect(action, &QAction::triggered, this, [held, act] {
+            if (!held->Repeats()) {
+                act();
+            }
+        });
     };
     onKeys({Qt::Key_F5}, [this] { Main_Command3_Click(); });
     onKeys({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}, [this] { Main_Command4_Click(); });

@@ -89,8 +89,8 @@ class SignalPicture : public QIconEngine {
         }
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(
-            QPen(option_.palette().color(group, QPalette::WindowText), pen, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter->setPen(QPen(option_.palette().color(group, QPalette::WindowText), pen, Qt::SolidLine, Qt::SquareCap,
+                             Qt::MiterJoin));
         painter->drawPolyline(curve);
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {

@@ -27,6 +27,7 @@ QSize EntryField::minimumSizeHint() const {
 
 void EntryField::setText(const QString& text) {
     QLineEdit::setText(text);
+    shownAnew_ = !hasFocus();
     if (hasFocus()) {
         selectAll();
     }
@@ -112,14 +113,16 @@ void EntryField::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
-// A window or a popup that merely gives the focus back must not spoil a half-typed entry.
+// A window or a popup that merely gives the focus back must not spoil a half-typed entry. A text that was shown
+// meanwhile, as by a load or at the start, is none.
 void EntryField::focusInEvent(QFocusEvent* event) {
     const bool givenBack = event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason;
     QLineEdit::focusInEvent(event);
-    if (!givenBack) {
+    if (!givenBack || shownAnew_) {
         clickedIn_ = event->reason() == Qt::MouseFocusReason;
         selectAll();
     }
+    shownAnew_ = false;
 }
 
 void EntryField::focusOutEvent(QFocusEvent* event) {

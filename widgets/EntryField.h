@@ -49,6 +49,7 @@ class EntryField : public QLineEdit {
     std::function<bool()> mayCommit_;
     QWidget* next_ = nullptr;
     QString longest_;
+    bool shownAnew_ = false;  // while the field had no focus
     bool clickedIn_ = false;  // the press that gave the focus has not ended yet
 };
 

@@ -75,6 +75,13 @@ TEST_F(Typing, AWindowOrPopupThatGivesTheFocusBackSpoilsNoEntry) {
         QApplication::sendEvent(Get("Text2"), &in);
         EXPECT_EQ(Shown("Text2"), u"3.2|");
     }
+    // What was shown meanwhile is no entry of the user's.
+    QWidget other;
+    other.show();
+    ASSERT_TRUE(Activate(&other));
+    form->RefreshPanel();
+    ASSERT_TRUE(Activate(form.get()));
+    EXPECT_EQ(Shown("Text2"), u"[1.00000]");
 }
 
 TEST_F(Typing, KeysStepTheDigitLeftOfTheCursor) {
@@ -118,6 +125,28 @@ TEST_F(Typing, AHeldKeyMeetsALimitOnce) {
     EXPECT_EQ(desktop.beeps, 1);
     Hold(Qt::Key_Up, 5);
     EXPECT_EQ(desktop.beeps, 2);
+}
+
+// A busy window system may pass on the repeats of a held key without their mark.
+TEST_F(Typing, AHeldKeySendsOnceHoweverItsRepeatsAreMarked) {
+    Connect();
+    QWidget* const field = QApplication::focusWidget();
+    const auto press = [&](ulong ms) { qt_sendShortcutOverrideEvent(field, ms, Qt::Key_F5, Qt::NoModifier, {}); };
+    const auto release = [&](ulong ms) {
+        QKeyEvent event(QEvent::KeyRelease, Qt::Key_F5, Qt::NoModifier);
+        event.setTimestamp(ms);
+        QApplication::sendEvent(field, &event);
+    };
+    line.wire.clear();
+    press(1000);
+    for (const ulong ms : {1500UL, 1530UL, 1560UL}) {
+        release(ms);
+        press(ms);
+    }
+    EXPECT_EQ(line.wire.count("sta?"), 1);
+    release(1600);
+    press(1700);
+    EXPECT_EQ(line.wire.count("sta?"), 2);
 }
 
 TEST_F(Typing, TheWheelStepsOnlyWhereTheFocusIs) {

@@ -98,6 +98,12 @@ TEST_F(WholeLinkState, TellsWhatFailedUntilTheNextSuccess) {
     panel.Click("Command3");
     EXPECT_EQ(State(), u"Linked, as read");
 
+    panel.Click("Check1");
+    panel.Click("Command3");  // no offset is reported; the tick stays
+    EXPECT_EQ(Marks(), QStringList(QStringLiteral("Check1: The instrument reported no offset")));
+    panel.Click("Check1");
+    EXPECT_EQ(State(), u"Linked, as read");
+
     panel.Enter("Text1", "2");
     EXPECT_EQ(Marks().size(), 1);
     instrument.SetFaults({.endlessReply = true});
