@@ -5,6 +5,8 @@
 // The field of a formula: a few lines, so that a long one is seen whole. Enter is left to the window, for its default
 // button; the Tab key goes on to the next control.
 class FormulaField : public QPlainTextEdit {
+    Q_OBJECT
+
   public:
     explicit FormulaField(QWidget* parent);
 

@@ -7,6 +7,8 @@
 // The curve of a formula over its stretch, in the colours of the desktop: as it will be written, and faintly what lies
 // beyond full scale. Lines stand at 0 and at full scale.
 class FormulaPreview : public PictureBox {
+    Q_OBJECT
+
   public:
     explicit FormulaPreview(QWidget* parent);
 

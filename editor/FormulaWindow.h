@@ -20,6 +20,8 @@
 // The window `formula`, "Fill by formula": modal to the editor, for the memory that this shows when it opens. It is
 // accepted when the samples are written; a failure is told in a message box, and the window stays.
 class FormulaWindow : public QDialog {
+    Q_OBJECT
+
   public:
     FormulaWindow(const EditorContext& context, StoreFaults& faults, QWidget* editor);
 

@@ -25,6 +25,8 @@
 // when it opens. It reads the recording in the background, and is accepted when the samples are where the user wants
 // them; a failure is told in a message box, and the window stays.
 class RecordingWindow : public QDialog {
+    Q_OBJECT
+
   public:
     RecordingWindow(const EditorContext& context, EditMode& mode, StoreFaults& faults, const QString& fileName,
                     QWidget* editor);
