@@ -99,11 +99,11 @@ class CommandAdder {
         AddJson(get);
         CLI::App* const set = Add("set", "set fields, and read all of them back",
                                   [](Session& s, const Parts& p) { return Set(s, ToQt(p.words), p.clamp); });
-        AddWords(set, "FIELD=VALUE", 1, CLI::detail::expected_max_vector_size);
+        AddWords(set, "ASSIGNMENT", 1, CLI::detail::expected_max_vector_size);
         AddClamp(set);
         CLI::App* const output = Add("output", "switch the output at once: on or off",
                                      [](Session& s, const Parts& p) { return SwitchOutput(s, p.file == "on"); });
-        output->add_option("on|off", parts_.file)->required()->check(CLI::IsMember({"on", "off"}));
+        output->add_option("STATE", parts_.file)->required()->check(CLI::IsMember({"on", "off"}));
     }
 
     // Commands that stand for assignments: each value goes to the field at its place.
@@ -129,14 +129,14 @@ class CommandAdder {
     }
 
     void AddShortForms() {
-        AddShortForm("sweep", "sweep from a start to a stop in a time: lin 1kHz 50kHz 2s, or off", "lin|log|off",
+        AddShortForm("sweep", "sweep from a start to a stop in a time: lin 1kHz 50kHz 2s, or off", "SWEEP",
                      {"lin", "log", "off"}, 3, [](Session& s, const Parts& p) {
                          return SetInOrder(s, p, "sweep=",
                                            {QStringLiteral("sweep-start"), QStringLiteral("sweep-stop"),
                                             QStringLiteral("sweep-time")});
                      });
-        AddShortForm("am", "modulate the amplitude: internal 50%, or external 50%", "internal|external",
-                     {"internal", "external"}, 1, [](Session& s, const Parts& p) {
+        AddShortForm("am", "modulate the amplitude: internal 50%, or external 50%", "SOURCE", {"internal", "external"},
+                     1, [](Session& s, const Parts& p) {
                          return SetInOrder(s, p, "modulation=am-", {QStringLiteral("am-depth")});
                      });
         AddShortForm("fsk", "key the frequency: 1kHz 1.1kHz", "", {}, 2, [](Session& s, const Parts& p) {
@@ -145,7 +145,7 @@ class CommandAdder {
         AddShortForm("psk", "key the phase: 90 180", "", {}, 2, [](Session& s, const Parts& p) {
             return SetInOrder(s, p, "modulation=psk", {QStringLiteral("psk-phase0"), QStringLiteral("psk-phase1")});
         });
-        AddShortForm("modulation", "switch the modulation off", "off", {"off"}, 0,
+        AddShortForm("modulation", "switch the modulation off", "STATE", {"off"}, 0,
                      [](Session& s, const Parts& p) { return SetInOrder(s, p, "modulation=", {}); });
     }
 
@@ -176,7 +176,7 @@ class CommandAdder {
              [](Session& s, const Parts& p) { return MoveMemory(s, Transfer::Compare, p.Size(), ToQt(p.file)); }}};
         for (const auto& [name, about, run] : ways) {
             CLI::App* const sub = Add(*memory, name, about, run);
-            sub->add_option("4k|16k", parts_.size)->required()->check(CLI::IsMember({"4k", "16k"}));
+            sub->add_option("SIZE", parts_.size)->required()->check(CLI::IsMember({"4k", "16k"}));
             AddFile(sub);
         }
     }

@@ -203,8 +203,10 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
             constexpr int kBelowTitle = 3;
             const int title =
                 std::max(pixelMetric(PM_ExclusiveIndicatorHeight, option, widget), option->fontMetrics.height());
-            return DrawOutlined(*painter, option->rect.adjusted(0, title + kBelowTitle, 0, 0),
-                                {CardOf(option->palette), EdgeOf(*option)});
+            // Newer versions of the toolkit leave the title out of the frame by themselves.
+            QRect frame = option->rect;
+            frame.setTop(title + kBelowTitle);
+            return DrawOutlined(*painter, frame, {CardOf(option->palette), EdgeOf(*option)});
         }
         case PE_FrameTabWidget:
             return DrawOutlined(*painter, option->rect, {CardOf(option->palette), EdgeOf(*option)});

@@ -18,13 +18,16 @@ class CtlBench : public WholeBench {
 
     QString Path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
 
+    // Patient with a busy machine, unless the words have a time-out of their own.
     void Start(QProcess& process, const QString& words) {
-        process.start(QCoreApplication::applicationDirPath() + QStringLiteral("/kl5276ctl"),
-                      QStringList{QStringLiteral("--port"), Path("com1")} + QProcess::splitCommand(words));
+        const QString timeout = words.contains(u"--timeout") ? QString() : QStringLiteral("--timeout=60s ");
+        process.start(
+            QCoreApplication::applicationDirPath() + QStringLiteral("/kl5276ctl"),
+            QStringList{QStringLiteral("--port"), Path("com1")} + QProcess::splitCommand(QString(timeout + words)));
         EXPECT_TRUE(process.waitForStarted());
     }
     static Ended End(QProcess& process) {
-        EXPECT_TRUE(process.waitForFinished());
+        EXPECT_TRUE(process.waitForFinished(120'000));
         const auto lines = [](const QByteArray& text) {
             return QString::fromUtf8(text).split(u'\n', Qt::SkipEmptyParts);
         };
@@ -41,8 +44,9 @@ class CtlBench : public WholeBench {
     }
     Ended Run(const char* words, const char* input = "") { return Run(QString::fromUtf8(words), input); }
 
-    // What the instrument has got since the last look, without the queries.
+    // What the instrument has got since the last look, without the queries. It may be a moment behind the program.
     static QStringList Sent(sim::SimulatedInstrument& instrument) {
+        instrument.WaitForLine("RM0", std::chrono::seconds(5));
         QStringList lines = Lines(instrument);
         lines.removeIf([](const QString& line) { return line.endsWith(u'?'); });
         instrument.ClearLog();

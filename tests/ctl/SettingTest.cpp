@@ -56,6 +56,7 @@ TEST_F(CtlSettings, ThePanelAndTheCommandSendTheSameForTheSameState) {
         if (lines.first() == u"OT1") {
             lines.removeFirst();  // of the click, which acts at once
         }
+        EXPECT_TRUE(GivenBack(far));
         EXPECT_EQ(Lines(far).last(lines.size()), lines) << shell;
         EXPECT_EQ(ended.err.isEmpty(), !QByteArray(shell).contains("--clamp")) << shell;
     }
@@ -127,6 +128,7 @@ TEST_F(CtlSettings, ADryRunPrintsTheLinesThatWouldBeSent) {
         auto& far = Plug(1, {});
         const Ended real = Run(words, input);
         EXPECT_EQ(dry.status, real.status) << words;
+        EXPECT_TRUE(GivenBack(far));
         EXPECT_EQ(dry.out, Lines(far)) << words;
         far.Stop();
     }
