@@ -13,9 +13,9 @@
 
 // An element of a memory array that may stand without a record.
 struct ArrayElement {
-    int Adr;
-    qint16 before;                // what it held before the step
-    std::optional<qint16> after;  // what the step left in it; none if a redraw takes that from a record
+    int Adr = 0;
+    qint16 before = 0;                 // what it held before the step
+    std::optional<qint16> after = {};  // what the step left in it; none if a redraw takes that from a record
 };
 
 // One operation on a table, with what it takes to undo it and to make it again.
