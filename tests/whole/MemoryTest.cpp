@@ -26,6 +26,7 @@ struct WholeMemory : WholeBench {
 
 TEST_F(WholeMemory, EveryPointOfBothMemoriesArrivesEitherWay) {
     auto& instrument = Connect({});
+    program.link.ReplyTimeoutMs = 60'000;  // thousands of queries, one of which a busy machine may answer late
     clock.paces = false;
     ArbMemories& memories = program.memories;
     for (const MemorySize* const size : kMemorySizes) {
