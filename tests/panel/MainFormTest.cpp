@@ -33,6 +33,13 @@ TEST_F(DefaultsFile, GivesOneBoxInTroubleAndTheProgramEnds) {
     EXPECT_EQ(desktop.boxes.constLast(), u"Save Settings|Data Error: Save settings");
 }
 
+TEST_F(MainForm, ASelectionFromCodeTakesTheTabStopAlong) {
+    panel.bmSignal = 3;
+    form->RefreshPanel();
+    EXPECT_EQ(Get("opsignal_3")->focusPolicy(), Qt::StrongFocus);
+    EXPECT_EQ(Get("opsignal_0")->focusPolicy(), Qt::ClickFocus);
+}
+
 TEST_F(MainForm, HintBlinksForItsTicksAndStartsAnewWithTheNext) {
     auto* const hint = Get<HintLine>("Label8");
     QList<QColor> grounds;
