@@ -9,6 +9,7 @@
 
 #include "Table.h"
 #include "link/Link.h"
+#include "link/SilentFront.h"
 #include "platform/EventClock.h"
 #include "platform/SerialControl.h"
 #include "simulator/SimulatedInstrument.h"
@@ -17,30 +18,6 @@ namespace {
 
 constexpr qint32 kPaceMs = 5;
 constexpr double kBitsPerCharacter = 11.0;  // start, 8 data, 2 stop
-
-class NoDesktop : public Desktop {
-  public:
-    void MessageBox(const QString&, const QString&) override {}
-    void Information(const QString&, const QString&) override {}
-    bool Question(const QString&, const QString&, Default) override { return false; }
-    QString OpenFile(const FileRequest&) override { return {}; }
-    QString SaveFile(const FileRequest&) override { return {}; }
-    void Beep() override {}
-    void BusyOn() override {}
-    void BusyOff() override {}
-    bool Busy() const override { return false; }
-    void OpenInViewer(const QUrl&) override {}
-};
-
-class NoFront : public LinkFront {
-  public:
-    void CheckRemote(bool) override {}
-    void ShowCaption(const QString&) override {}
-    void ShowTransfer(const QString&, int) override {}
-    void ShowProgress(int) override {}
-    void HideTransfer() override {}
-    void HoldInput(bool) override {}
-};
 
 void WaitOf5Ms(benchmark::State& state) {
     EventClock clock;
@@ -71,9 +48,8 @@ struct Bench {
     ProgramState program;
     SerialControl com{[this](int) { return QString::fromStdString(instrument.DevicePath()); }};
     EventClock clock;
-    NoDesktop desktop;
-    NoFront front;
-    Link link{program, com, clock, desktop, front};
+    SilentFront front;
+    Link link{program, com, clock, front, front};
 };
 
 // The instrument answers at once; what remains is the pacing after each command.
@@ -93,8 +69,8 @@ BENCHMARK(SetWithReadBack)->Name("Set with read-back")->Iterations(20);
 
 // A memory over a line of 115200 baud. The floor is the time that the bytes need on the line, or, in reading,
 // the 5 ms after each query, in which the line works too, if they are more.
-void Transfer(benchmark::State& state, TransferResult (MemoryTransfer::*routine)(const MemorySize&), const MemorySize& moved,
-              bool paced) {
+void Transfer(benchmark::State& state, TransferResult (MemoryTransfer::*routine)(const MemorySize&),
+              const MemorySize& moved, bool paced) {
     Bench bench({.rate = 115200, .realTime = true});
     int sample = 0;
     for (const MemorySize* const size : kMemorySizes) {

@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "ctl/DryPort.h"
-#include "ctl/SilentFront.h"
 #include "link/SettingCommands.h"
+#include "link/SilentFront.h"
 #include "rules/LevelCoupling.h"
 #include "rules/LevelRules.h"
 

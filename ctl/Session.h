@@ -6,8 +6,8 @@
 #include "core/ProgramState.h"
 #include "ctl/Console.h"
 #include "ctl/DryPort.h"
-#include "ctl/SilentFront.h"
 #include "link/Link.h"
+#include "link/SilentFront.h"
 #include "platform/EventClock.h"
 
 // What stands ahead of the command.

@@ -9,8 +9,8 @@ struct WholeLinkState : WholeBench {
     QString State() {
         QCoreApplication::processEvents();
         const auto* const linkstate = panel.Get<QLabel>("linkstate");
-        EXPECT_TRUE(QAccessible::queryAccessibleInterface(panel.Get("linkstate"))->text(QAccessible::Name) ==
-                    linkstate->text());
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(panel.Get("linkstate"))->text(QAccessible::Name),
+                  linkstate->text());
         return linkstate->text();
     }
 

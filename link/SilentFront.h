@@ -3,7 +3,7 @@
 #include "link/LinkFront.h"
 #include "platform/Desktop.h"
 
-// No window, no desktop: what a command without either does with what the link shows, nothing.
+// For programs without a window and a desktop: what the link shows goes nowhere.
 class SilentFront : public LinkFront, public Desktop {
   public:
     void CheckRemote(bool) override {}
