@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <optional>
-#include <ranges>
 
 HeightScale::HeightScale(std::span<const double> values) {
     if (!values.empty()) {
@@ -26,12 +26,18 @@ double TimeScale::Of(std::size_t row) const {
 }
 
 std::size_t TimeScale::RowAt(double place) const {
-    const auto rows = std::views::iota(std::size_t{0}, rows_);
-    const auto behind = std::ranges::lower_bound(rows, place, {}, [this](std::size_t row) { return Of(row); });
-    if (behind == rows.begin() || behind == rows.end()) {
-        return behind == rows.begin() ? 0 : rows_ - 1;
+    std::size_t row = 0;  // the first row at or behind the place
+    for (std::size_t behind = rows_; row < behind;) {
+        const std::size_t middle = std::midpoint(row, behind);
+        if (Of(middle) < place) {
+            row = middle + 1;
+        } else {
+            behind = middle;
+        }
     }
-    const std::size_t row = *behind;
+    if (row == 0 || row == rows_) {
+        return row == 0 ? 0 : rows_ - 1;
+    }
     return Of(row) - place < place - Of(row - 1) ? row : row - 1;
 }
 

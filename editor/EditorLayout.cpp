@@ -13,7 +13,7 @@ namespace {
 constexpr int kLeastWidth = 534;  // of the form
 constexpr int kLeastHeight = 400;
 constexpr int kEdge = 4;            // Left of both pictures, and Top of the upper one
-constexpr int kDetailTop = 116;     // of Picture2; lower where large fonts make the strip higher
+constexpr int kPicture2Top = 116;   // pixels; lower where large fonts make the strip higher
 constexpr int kBelowDetail = 50;    // what the form's height leaves for the menu and the hint
 constexpr int kLeastOverview = 40;  // height of Picture1
 constexpr int kGap = 2;
@@ -104,7 +104,7 @@ void Editor::Editor_Form_Resize() {
     const int pictureWidth = width() - 4 * kEdge;
     strip_->FitTo(pictureWidth);
     const int stripHeight = strip_->sizeHint().height();
-    const int detailTop = std::max(kDetailTop, kEdge + kLeastOverview + stripHeight + 2 * kGap);
+    const int detailTop = std::max(kPicture2Top, kEdge + kLeastOverview + stripHeight + 2 * kGap);
     const int stripTop = detailTop - stripHeight - kGap;
     const int hintHeight = hint_->sizeHint().height();
     const int room = paper_->height() - detailTop - hintHeight - 2 * kGap;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kFullScale = 1.0;
 constexpr double kCurveWidth = 2.0;
-constexpr double kTop = 1.25;  // room above full scale for what would be cut
+constexpr double kPreviewTop = 1.25;  // room above full scale for what would be cut
 
 }  // namespace
 
@@ -34,7 +34,7 @@ void FormulaPreview::changeEvent(QEvent* event) {
 void FormulaPreview::Draw() {
     const std::size_t last = std::max<std::size_t>(values_.size(), 2) - 1;
     SetBackColor(palette().color(QPalette::Base));
-    SetScale(0.0, static_cast<double>(last), kTop, -2.0 * kTop);
+    SetScale(0.0, static_cast<double>(last), kPreviewTop, -2.0 * kPreviewTop);
     Drawing drawing(*this);
     drawing.Cls();
     drawing.ForeColor = InkOn(palette(), 0.25);
@@ -43,7 +43,7 @@ void FormulaPreview::Draw() {
     }
     drawing.DrawWidth = kCurveWidth;
     drawing.ForeColor = InkOn(palette(), 0.4);
-    DrawCurve(drawing, kTop);
+    DrawCurve(drawing, kPreviewTop);
     drawing.ForeColor = InkOn(palette(), 1.0);
     DrawCurve(drawing, kFullScale);
 }

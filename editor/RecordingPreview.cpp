@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr double kMargin = 0.06;  // above and below the curve
+constexpr double kCurveMargin = 0.06;  // above and below the curve
 constexpr double kCurveWidth = 1.5;
 
 }  // namespace
@@ -18,7 +18,7 @@ constexpr double kCurveWidth = 1.5;
 RecordingPreview::RecordingPreview(QWidget* parent) : PictureBox(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     new PictureKeys(*this);
-    SetScale(0.0, 1.0, 1.0 + kMargin, -1.0 - 2.0 * kMargin);
+    SetScale(0.0, 1.0, 1.0 + kCurveMargin, -1.0 - 2.0 * kCurveMargin);
     connect(this, &PictureBox::RedrawNeeded, this, &RecordingPreview::Draw);
     connect(this, &PictureBox::MouseDown, this, [this](int button, float x, float) { Drag(button & 1, x); });
     connect(this, &PictureBox::MouseMove, this, [this](int buttons, float x, float) { Drag(buttons & 1, x); });
@@ -80,7 +80,7 @@ void RecordingPreview::Draw() {
     }
     if (dragging_) {
         drawing.ForeColor = InkOn(palette(), 0.2);
-        drawing.Box(std::min(dragFrom_, dragTo_), 1.0 + kMargin, std::max(dragFrom_, dragTo_), -kMargin);
+        drawing.Box(std::min(dragFrom_, dragTo_), 1.0 + kCurveMargin, std::max(dragFrom_, dragTo_), -kCurveMargin);
     }
     drawing.ForeColor = InkOn(palette(), 0.35);
     const double zero = HeightScale(values_).Of(0.0);

@@ -87,6 +87,7 @@ bool Connection::SearchRates() {
     if (gate_.Abandoned()) {
         desktop_.BusyOff();
         link_.LinkUp = 0;  // nobody was found, so there is nothing to give back
+        front_.CheckRemote(false);
         return false;
     }
     link_.SerialErrorText = NotFound();

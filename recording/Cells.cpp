@@ -125,7 +125,6 @@ void GiveUnit(string_view text, Row* row) {
 
 // The value of a stamp, by the place of its date among the dates.
 double PlaceDate(const Cell& cell, Row* row) {
-    constexpr double kDay = 86'400.0;
     if (row->dates.empty() || row->dates.back() != cell.date) {
         row->dates.push_back(cell.date);
     }

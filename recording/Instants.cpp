@@ -6,11 +6,11 @@
 #include <limits>
 
 #include "recording/Interval.h"
+#include "recording/Units.h"
 
 namespace recording {
 namespace {
 
-constexpr double kDay = 86'400.0;
 constexpr double kNoTime = std::numeric_limits<double>::quiet_NaN();
 
 enum class Order { YearFirst, DayFirst, MonthFirst };

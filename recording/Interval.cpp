@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "recording/Units.h"
+
 namespace recording {
 namespace {
 
 constexpr double kHundredth = 0.01;
 constexpr std::size_t kShortestPiece = 3;
-constexpr double kDay = 86'400.0;
 
 // How far the values are off the straight line from the first to the last, and their steps.
 struct Steps {

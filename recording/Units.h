@@ -6,6 +6,8 @@
 
 namespace recording {
 
+constexpr double kDay = 86'400.0;  // s
+
 // A unit of the bench, without its prefix.
 struct Unit {
     int base = 0;        // which one; 0 is none: a bare number, or one with a prefix alone

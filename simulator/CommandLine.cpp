@@ -40,8 +40,9 @@ void AddFaults(CLI::App& app, Faults& faults) {
 
 }  // namespace
 
-void AddOptions(CLI::App& app, ProgramOptions& options) {
-    Options& instrument = options.instrument;
+std::optional<int> ReadCommandLine(int argc, const char* const* argv, ProgramOptions* options) {
+    Options& instrument = options->instrument;
+    CLI::App app;
     SetUp(app);
     app.description(
         "Simulates a KL5276 on a pseudo-terminal and prints the path of its device.\n"
@@ -55,10 +56,11 @@ void AddOptions(CLI::App& app, ProgramOptions& options) {
         ->type_name("BAUD");
     AddSwitch(app, "--silent-off-rate", instrument.silentOffRate, "say nothing instead of noise at other rates");
     AddSwitch(app, "--real-time", instrument.realTime, "let every byte take its time at the rate of the line");
-    AddSwitch(app, "--log", options.log, "print what goes over the line, with the time in seconds since the start");
+    AddSwitch(app, "--log", options->log, "print what goes over the line, with the time in seconds since the start");
     AddText(app, "--model", instrument.model, "the answer to ID?");
     AddText(app, "--version-text", instrument.versionText, "the answer to VER?");
     AddFaults(app, instrument.faults);
+    return Parse(app, argc, argv);
 }
 
 }  // namespace sim

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "simulator/Options.h"
+#include <optional>
 
-namespace CLI {
-class App;
-}
+#include "simulator/Options.h"
 
 namespace sim {
 
@@ -13,7 +11,8 @@ struct ProgramOptions {
     bool log = false;
 };
 
-// Gives the program its options; a parse puts them into `options`, which must outlive it.
-void AddOptions(CLI::App& app, ProgramOptions& options);
+// Fills `options` from the arguments. The status to end with after a request for help or a usage that is not taken,
+// which has been told; nothing if the program is to run.
+std::optional<int> ReadCommandLine(int argc, const char* const* argv, ProgramOptions* options);
 
 }  // namespace sim

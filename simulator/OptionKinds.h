@@ -22,7 +22,7 @@ inline void AddSwitch(CLI::App& app, const std::string& name, bool& target, cons
 }
 
 // The status to end with after a request for help or a usage that is not taken; nothing if the program is to run.
-inline std::optional<int> Parse(CLI::App& app, int argc, char** argv) {
+inline std::optional<int> Parse(CLI::App& app, int argc, const char* const* argv) {
     try {
         app.parse(argc, argv);
         return std::nullopt;

@@ -60,14 +60,15 @@ void AddFaults(CLI::App& app, TraceFaults& faults) {
 
 }  // namespace
 
-void AddOptions(CLI::App& app, TraceProgramOptions& options) {
+std::optional<int> ReadCommandLine(int argc, const char* const* argv, TraceProgramOptions* options) {
+    CLI::App app;
     SetUp(app);
     app.description("Serves the traces of two channels as QD204 does, until it is ended.");
-    AddRecording(app, options);
-    AddText(app, "--name", options.source.socket, "another name or path for the local socket qd204e")
+    AddRecording(app, *options);
+    AddText(app, "--name", options->source.socket, "another name or path for the local socket qd204e")
         ->check(kNotEmpty)
         ->type_name("NAME");
-    AddFaults(app, options.source.faults);
+    AddFaults(app, options->source.faults);
     app.footer("Shapes: " + TraceShapeNames() +
                ".\n"
                "A recording is delimited text with numbers, as oscilloscopes, loggers and programs save it. What "
@@ -77,6 +78,7 @@ void AddOptions(CLI::App& app, TraceProgramOptions& options) {
                "--decimal choose otherwise. A gap within a recording is refused. Any number of samples is brought to "
                "2048, and\n"
                "their lowest and highest to 1 and 32767.");
+    return Parse(app, argc, argv);
 }
 
 bool LoadChannels(TraceProgramOptions* options, std::array<std::string, 2>* origins, std::string* error) {

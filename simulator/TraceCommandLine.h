@@ -7,10 +7,6 @@
 #include "simulator/TraceOptions.h"
 #include "simulator/TraceRecording.h"
 
-namespace CLI {
-class App;
-}
-
 namespace sim {
 
 struct TraceProgramOptions {
@@ -19,8 +15,9 @@ struct TraceProgramOptions {
     RecordingChoice recording;  // without a path: the shapes
 };
 
-// Gives the program its options; a parse puts them into `options`, which must outlive it.
-void AddOptions(CLI::App& app, TraceProgramOptions& options);
+// Fills `options` from the arguments. The status to end with after a request for help or a usage that is not taken,
+// which has been told; nothing if the program is to run.
+std::optional<int> ReadCommandLine(int argc, const char* const* argv, TraceProgramOptions* options);
 
 // Fills in the channels from the file or the shapes; `origins` tells the user what each serves. False, with a sentence
 // for the user in `error`, if the file gives no recordings.

@@ -5,7 +5,6 @@
 #include <iostream>
 #include <string>
 
-#include "simulator/OptionKinds.h"
 #include "simulator/TraceCommandLine.h"
 #include "simulator/TraceSource.h"
 
@@ -15,9 +14,7 @@ constexpr int kFailureStatus = 1;
 
 int Run(int argc, char** argv) {
     sim::TraceProgramOptions options;
-    CLI::App app;
-    sim::AddOptions(app, options);
-    if (const auto status = sim::Parse(app, argc, argv)) {
+    if (const auto status = sim::ReadCommandLine(argc, argv, &options)) {
         return *status;
     }
     std::string error;

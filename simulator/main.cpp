@@ -8,7 +8,6 @@
 
 #include "simulator/CommandLine.h"
 #include "simulator/LogText.h"
-#include "simulator/OptionKinds.h"
 #include "simulator/SimulatedInstrument.h"
 
 namespace {
@@ -52,9 +51,7 @@ bool ServeSignals(const sigset_t& signals, sim::SimulatedInstrument& instrument,
 
 int Run(int argc, char** argv) {
     sim::ProgramOptions options;
-    CLI::App app;
-    sim::AddOptions(app, options);
-    if (const auto status = sim::Parse(app, argc, argv)) {
+    if (const auto status = sim::ReadCommandLine(argc, argv, &options)) {
         return *status;
     }
     // Blocked before the instrument's thread begins, so that they all reach the wait below. A reader of the log that
