@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QTabBar>
 #include <QTest>
 #include <fstream>
@@ -117,13 +118,16 @@ class SoakHand {
         return Type(window);
     }
 
-    void Key(QWidget* window, int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
+    // A window may go while the hand works on it: the system then takes no more keys and clicks for it.
+    void Key(const QPointer<QWidget>& window, int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
         for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            qt_handleKeyEvent(window->windowHandle(), type, key, modifiers, text);
+            if (window != nullptr) {
+                qt_handleKeyEvent(window->windowHandle(), type, key, modifiers, text);
+            }
         }
     }
 
-    void Click(QWidget* control, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
+    void Click(const QPointer<QWidget>& control, QPoint place, Qt::MouseButton button = Qt::LeftButton) {
         Mouse(control, place, QEvent::MouseMove, Qt::NoButton);
         Mouse(control, place, QEvent::MouseButtonPress, button);
         Mouse(control, place, QEvent::MouseButtonRelease, button);
@@ -139,7 +143,7 @@ class SoakHand {
         return controls;
     }
 
-    QPoint Within(const QWidget* control) { return {Below(control->width()), Below(control->height())}; }
+    QPoint Within(QSize size) { return {Below(size.width()), Below(size.height())}; }
 
     QString Choose(QMenu& menu) {
         QList<QAction*> items = menu.actions();
@@ -152,8 +156,9 @@ class SoakHand {
         if (item->objectName() == u"mnuexit" && Chance(80)) {
             return QStringLiteral("not yet");
         }
+        const QString act = u"menu item " + (item->objectName().isEmpty() ? item->text() : item->objectName());
         Click(&menu, menu.actionGeometry(item).center());
-        return u"menu item " + (item->objectName().isEmpty() ? item->text() : item->objectName());
+        return act;
     }
 
     QString Click(const QWidgetList& controls) {
@@ -164,20 +169,24 @@ class SoakHand {
         const Qt::MouseButton button =
             Chance(93) ? Qt::LeftButton : Pick(std::array{Qt::RightButton, Qt::MiddleButton});
         const bool option = qobject_cast<QAbstractButton*>(control) != nullptr;
-        const QPoint place = option && Chance(80) ? QPoint(8, control->height() / 2) : Within(control);
+        const QPoint place = option && Chance(80) ? QPoint(8, control->height() / 2) : Within(control->size());
+        const QString act = u"click " + control->objectName() + u" in " + control->window()->objectName();
         Click(control, place, button);
-        return u"click " + control->objectName() + u" in " + control->window()->objectName();
+        return act;
     }
 
     // Also beyond the edges; some drags are never ended, and some releases come without a press.
-    QString Draw(PictureBox* picture) {
-        const auto place = [this, picture] {
-            return Within(picture) + (Chance(10) ? QPoint(Below(400) - 200, Below(400) - 200) : QPoint());
+    QString Draw(PictureBox* box) {
+        const QPointer<QWidget> picture(box);
+        const QString act = u"drag in " + picture->objectName();
+        const QSize size = picture->size();
+        const auto place = [this, size] {
+            return Within(size) + (Chance(10) ? QPoint(Below(400) - 200, Below(400) - 200) : QPoint());
         };
         const Qt::MouseButton button = Chance(85) ? Qt::LeftButton : Qt::RightButton;
-        Mouse(picture, Within(picture), QEvent::MouseMove, Qt::NoButton);
+        Mouse(picture, Within(size), QEvent::MouseMove, Qt::NoButton);
         if (Chance(95)) {
-            Mouse(picture, Within(picture), QEvent::MouseButtonPress, button);
+            Mouse(picture, Within(size), QEvent::MouseButtonPress, button);
         }
         for (int moves = Chance(60) ? Below(5) : 0; moves > 0; --moves) {
             Mouse(picture, place(), QEvent::MouseMove, Qt::NoButton);
@@ -185,12 +194,12 @@ class SoakHand {
         if (Chance(90)) {
             Mouse(picture, place(), QEvent::MouseButtonRelease, button);
         }
-        return u"drag in " + picture->objectName();
+        return act;
     }
 
     // Anywhere in the window; the system hands a turn to what is below the pointer.
     QString Turn(QWidget* window) {
-        const QPointF place = Within(window);
+        const QPointF place = Within(window->size());
         static constexpr std::array kTurns{-360, -120, -15, 15, 120};
         const QPoint turn(0, Pick(kTurns));
         QCoreApplication::postEvent(
@@ -225,7 +234,7 @@ class SoakHand {
         return name;
     }
 
-    QString Type(QWidget* window) {
+    QString Type(const QPointer<QWidget>& window) {
         if (Chance(20)) {
             return Chance(30) ? Turn(window) : Command(window);
         }
@@ -249,7 +258,10 @@ class SoakHand {
         return QStringLiteral("key %1").arg(key, 0, 16);
     }
 
-    void Mouse(QWidget* at, QPoint place, QEvent::Type type, Qt::MouseButton button) {
+    void Mouse(const QPointer<QWidget>& at, QPoint place, QEvent::Type type, Qt::MouseButton button) {
+        if (at == nullptr) {
+            return;
+        }
         held_.setFlag(button, type == QEvent::MouseButtonPress);
         stampMs_ += Chance(80) ? 600 : 5;  // so that some clicks are double clicks
         qt_handleMouseEvent(at->window()->windowHandle(), at->mapTo(at->window(), place), at->mapToGlobal(place), held_,
