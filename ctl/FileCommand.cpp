@@ -22,9 +22,21 @@ bool IsWhole(const Session& session, const TransferResult& result) {
     return result.end == TransferResult::End::Whole && session.IsSound();
 }
 
+// The user does not even wait for what the line has yet to carry. It is dropped, perhaps with the end of the transfer,
+// which is then told once more.
+void CutSending(Session& session) {
+    session.link().transport.CutLine();
+    session.program.link.CommandText = QStringLiteral("are");
+    session.link().transport.SendCommand();
+}
+
 int Send(Session& session, const MemorySize& size) {
     const TransferResult result = session.link().memory.SendArb(size);
-    return IsWhole(session, result) ? kDone : EndEarly(session, size, result, "sent");
+    const bool cut = result.end == TransferResult::End::Abandoned;
+    if (cut) {
+        CutSending(session);
+    }
+    return IsWhole(session, result) ? kDone : EndEarly(session, size, result, cut ? "sent at most" : "sent");
 }
 
 int Read(Session& session, const MemorySize& size) {
