@@ -117,35 +117,37 @@ class CommandAdder {
     }
 
     void AddShortForm(const char* name, const char* about, const char* choice, std::vector<std::string> choices,
-                      int values, Run run) {
+                      std::initializer_list<const char*> values, Run run) {
         CLI::App* const sub = Add(name, about, run);
         if (!choices.empty()) {
             sub->add_option(choice, parts_.file)->required()->check(CLI::IsMember(std::move(choices)));
         }
-        if (values > 0) {
-            AddWords(sub, "VALUE", 0, values);
+        for (const char* const value : values) {
+            sub->add_option_function<std::string>(
+                value, [&words = parts_.words](const std::string& text) { words.push_back(text); });
         }
         AddClamp(sub);
     }
 
     void AddShortForms() {
         AddShortForm("sweep", "sweep from a start to a stop in a time: lin 1kHz 50kHz 2s, or off", "SWEEP",
-                     {"lin", "log", "off"}, 3, [](Session& s, const Parts& p) {
+                     {"lin", "log", "off"}, {"START", "STOP", "TIME"}, [](Session& s, const Parts& p) {
                          return SetInOrder(s, p, "sweep=",
                                            {QStringLiteral("sweep-start"), QStringLiteral("sweep-stop"),
                                             QStringLiteral("sweep-time")});
                      });
         AddShortForm("am", "modulate the amplitude: internal 50%, or external 50%", "SOURCE", {"internal", "external"},
-                     1, [](Session& s, const Parts& p) {
+                     {"DEPTH"}, [](Session& s, const Parts& p) {
                          return SetInOrder(s, p, "modulation=am-", {QStringLiteral("am-depth")});
                      });
-        AddShortForm("fsk", "key the frequency: 1kHz 1.1kHz", "", {}, 2, [](Session& s, const Parts& p) {
-            return SetInOrder(s, p, "modulation=fsk", {QStringLiteral("fsk-carrier"), QStringLiteral("fsk-hop")});
-        });
-        AddShortForm("psk", "key the phase: 90 180", "", {}, 2, [](Session& s, const Parts& p) {
+        AddShortForm(
+            "fsk", "key the frequency: 1kHz 1.1kHz", "", {}, {"CARRIER", "HOP"}, [](Session& s, const Parts& p) {
+                return SetInOrder(s, p, "modulation=fsk", {QStringLiteral("fsk-carrier"), QStringLiteral("fsk-hop")});
+            });
+        AddShortForm("psk", "key the phase: 90 180", "", {}, {"PHASE0", "PHASE1"}, [](Session& s, const Parts& p) {
             return SetInOrder(s, p, "modulation=psk", {QStringLiteral("psk-phase0"), QStringLiteral("psk-phase1")});
         });
-        AddShortForm("modulation", "switch the modulation off", "STATE", {"off"}, 0,
+        AddShortForm("modulation", "switch the modulation off", "STATE", {"off"}, {},
                      [](Session& s, const Parts& p) { return SetInOrder(s, p, "modulation=", {}); });
     }
 
@@ -218,7 +220,8 @@ class CommandAdder {
 QString FaultOf(const CLI::App& app, const CLI::ParseError& outcome) {
     const std::vector<std::string> others = app.get_subcommands().empty() ? app.remaining() : Texts();
     return others.empty() ? ToQt(outcome.what()).simplified()
-                          : QStringLiteral("there is no command \"%1\"").arg(ToQt(others.front()));
+                          : QStringLiteral("there is no %1 \"%2\"")
+                                .arg(others.front().starts_with('-') ? u"option" : u"command", ToQt(others.front()));
 }
 
 struct ProgramParts {
