@@ -238,7 +238,11 @@ std::optional<int> MillisecondsOf(const std::string& text) {
 }
 
 void AddOptions(CLI::App& app, Options& options, ProgramParts& parts) {
-    app.add_option("--port", parts.port, "a serial device, or Com1 to Com4 as the panel means them")->type_name("PORT");
+    // An unset variable of a script must not mean another instrument, or other settings.
+    const auto named = [](const std::string& text) { return text.empty() ? "an empty name" : std::string(); };
+    app.add_option("--port", parts.port, "a serial device, or Com1 to Com4 as the panel means them")
+        ->check(named)
+        ->type_name("PORT");
     app.add_option("--rate", options.rate, "the rate to begin with, in baud")
         ->check(CLI::IsMember(std::vector<int>(std::begin(kBaudRates), std::end(kBaudRates))))
         ->type_name("BAUD");
@@ -251,7 +255,10 @@ void AddOptions(CLI::App& app, Options& options, ProgramParts& parts) {
     app.add_flag("--quiet", options.quiet, "print errors only: no remarks, no progress");
     CLI::Option* const dry =
         app.add_flag("--dry-run", options.dryRun, "open no port, write no file, print the lines that would be sent");
-    app.add_option("--from", parts.from, "the setting file that a dry run starts from")->needs(dry)->type_name("FILE");
+    app.add_option("--from", parts.from, "the setting file that a dry run starts from")
+        ->needs(dry)
+        ->check(named)
+        ->type_name("FILE");
 }
 
 }  // namespace

@@ -56,10 +56,11 @@ _kl5276ctl() {
         fsk | psk) words=--clamp ;;
         modulation) words="off --clamp" ;;
         memory) [[ $prev == memory ]] && words="send read compare" || words="4k 16k" ;;
-        wave) words="--formula --recording --channel --scale --full-range --size --out" ;;
+        wave) words="--formula --recording --channel --scale --full-range --size --out -o" ;;
         load) words="--memories --clamp" ;;
         save) words=--memories ;;
     esac
+    [[ $cur != -* ]] || words+=" $options"  # they may also stand behind the command
     COMPREPLY=($(compgen -W "$words" -- "$cur"))
     case $command in
         load | save | batch) _kl5276ctl_files "$cur" ;;
