@@ -22,6 +22,9 @@ class CtlBench : public WholeBench {
 
     // Patient with a busy machine, unless the words have a time-out of their own.
     void Start(QProcess& process, const QString& words) {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));  // the same in every country
+        process.setProcessEnvironment(environment);
         const QString timeout = words.contains(u"--timeout") ? QString() : QStringLiteral("--timeout=60s ");
         process.start(Program(), QStringList{QStringLiteral("--port"), Path("com1")} +
                                      QProcess::splitCommand(QString(timeout + words)));

@@ -12,7 +12,7 @@ using CtlEnds = CtlBench;
 TEST_F(CtlEnds, EveryFaultOfTheInstrumentIsToldAndTheLinkIsGivenBack) {
     struct Row {
         sim::Faults faults;
-        const char* sentence;
+        const char* sentence = "";
         bool givenBack = true;
     };
     const Row rows[]{{{.muteAfterQueries = 6}, "nothing answers"},
