@@ -1,4 +1,5 @@
 #include "CtlBench.h"
+#include "ctl/Change.h"
 #include "storage/SettingFile.h"
 
 namespace {
@@ -91,6 +92,19 @@ TEST_F(CtlSettings, WhatCannotBeSetAsItIsIsRefusedAndNothingIsSent) {
     const Ended differs = Run("set --clamp offset=off level=0.01Vrms");
     EXPECT_EQ(differs.status, 3);
     EXPECT_EQ(differs.err.last(), u"kl5276ctl: level=0Vrms was sent, the instrument reports 7.1mVrms");
+}
+
+// As a click on the panel's unit does: a level below the least one would go out in the range of the largest.
+TEST(CtlPlans, AnotherUnitHoldsTheLevel) {
+    PanelState panel;
+    panel.tmVPP = kFalse;
+    panel.mAmp = 0.0071;
+    QString fault;
+    const Plan plan = PlanChange(panel, *ReadAssignment(QStringLiteral("level-unit=Vpp"), fault));
+    EXPECT_EQ(plan.state.mAmp, 0.02);
+    EXPECT_TRUE(plan.remarks.value(0).contains(u"has to give way and becomes 20mVpp (Min. Level: 0.0200)"));
+    PanelState sent = plan.state;
+    EXPECT_TRUE(SettingLines(sent).contains(u"amp:0.02"));
 }
 
 // Sweep values that only the instrument knows stay, and so does the frequency behind a sweep.
