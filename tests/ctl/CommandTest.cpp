@@ -41,6 +41,7 @@ TEST_F(CtlMemories, GoToTheInstrumentAndComeBackFromIt) {
     const Ended compare = Run(u"--dry-run memory compare 16k " + Path("m.set"));
     EXPECT_EQ(compare.status, 0);
     EXPECT_EQ(compare.out.sliced(3, 2).join(u' '), u"arp16:16384=? arp16:0=?");
+    EXPECT_EQ(Run(u"--dry-run memory compare 4k " + Path("t.csv")).status, 0);
     far.SetFaults({.garbledNumbers = true});
     EXPECT_EQ(Move(Transfer::Read, kMemory4k, "bad.csv").status, 1);
     EXPECT_FALSE(QFile::exists(Path("bad.csv")));
