@@ -128,6 +128,10 @@ TEST_F(CtlSettings, WhatIsNotNamedStaysAsTheInstrumentHasIt) {
         EXPECT_EQ(unit.Take("stt?"), "200.0000");
     });
     EXPECT_EQ(Run("id").out.first(3).join(u' '), u"model=KL5276-2 version=V1.20 Kx rate=9600");
+    for (const auto& [command, word] : {std::pair("amx", "am-external"), {"ami", "am-internal"}, {"psk1", "psk"}}) {
+        far.With([command = command](sim::Kl5276& unit) { unit.Take("am0"), unit.Take(command); });
+        EXPECT_EQ(Run("get modulation").out.join(u' '), QString(u"modulation=" + QString::fromLatin1(word)));
+    }
 }
 
 // Commands that start from the defaults of both sides, and one in a batch.
