@@ -52,6 +52,12 @@ int RunBatch(Session& session, const QString& fileName) {
         if (const int status = session.Stopped() ? session.Failure() : RunLine(session, *line); status != kDone) {
             return status;
         }
+        if (session.console.ResultsLost()) {
+            return kFailed;
+        }
     }
-    return session.Stopped() ? session.Failure() : static_cast<int>(kDone);
+    if (session.Stopped()) {
+        return session.Failure();
+    }
+    return std::ferror(file.get()) == 0 ? kDone : Refuse(session, fileName + u": this file can't be read");
 }

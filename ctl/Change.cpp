@@ -69,11 +69,12 @@ class Planner {
         PanelState& state = plan_.state;
         QStringList hints;
         const auto say = [&hints](const QString& hint) { hints += hint; };
-        if (AmOn(state)) {
-            const Held level = HoldAmLevel(state.mAmp, state.tmVPP, PlainNumbers());
-            hints += level.hint.isEmpty() ? QStringList() : QStringList(level.hint);
-            state.mAmp = level.value;
-        }
+        // Another unit holds the level as an entry of it does: one below the least would go out in the largest range.
+        const Held level = Names("level-unit") ? HoldLevel(state.mAmp, state.tmVPP, AmOn(state), PlainNumbers())
+                           : AmOn(state)       ? HoldAmLevel(state.mAmp, state.tmVPP, PlainNumbers())
+                                               : Held{state.mAmp, {}};
+        hints += level.hint.isEmpty() ? QStringList() : QStringList(level.hint);
+        state.mAmp = level.value;
         if (Names("offset")) {
             state.bmBereich = LevelRangeNumber(state.mAmp, state.tmVPP);
         } else {

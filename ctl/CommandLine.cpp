@@ -117,35 +117,37 @@ class CommandAdder {
     }
 
     void AddShortForm(const char* name, const char* about, const char* choice, std::vector<std::string> choices,
-                      int values, Run run) {
+                      std::initializer_list<const char*> values, Run run) {
         CLI::App* const sub = Add(name, about, run);
         if (!choices.empty()) {
             sub->add_option(choice, parts_.file)->required()->check(CLI::IsMember(std::move(choices)));
         }
-        if (values > 0) {
-            AddWords(sub, "VALUE", 0, values);
+        for (const char* const value : values) {
+            sub->add_option_function<std::string>(
+                value, [&words = parts_.words](const std::string& text) { words.push_back(text); });
         }
         AddClamp(sub);
     }
 
     void AddShortForms() {
         AddShortForm("sweep", "sweep from a start to a stop in a time: lin 1kHz 50kHz 2s, or off", "SWEEP",
-                     {"lin", "log", "off"}, 3, [](Session& s, const Parts& p) {
+                     {"lin", "log", "off"}, {"START", "STOP", "TIME"}, [](Session& s, const Parts& p) {
                          return SetInOrder(s, p, "sweep=",
                                            {QStringLiteral("sweep-start"), QStringLiteral("sweep-stop"),
                                             QStringLiteral("sweep-time")});
                      });
         AddShortForm("am", "modulate the amplitude: internal 50%, or external 50%", "SOURCE", {"internal", "external"},
-                     1, [](Session& s, const Parts& p) {
+                     {"DEPTH"}, [](Session& s, const Parts& p) {
                          return SetInOrder(s, p, "modulation=am-", {QStringLiteral("am-depth")});
                      });
-        AddShortForm("fsk", "key the frequency: 1kHz 1.1kHz", "", {}, 2, [](Session& s, const Parts& p) {
-            return SetInOrder(s, p, "modulation=fsk", {QStringLiteral("fsk-carrier"), QStringLiteral("fsk-hop")});
-        });
-        AddShortForm("psk", "key the phase: 90 180", "", {}, 2, [](Session& s, const Parts& p) {
+        AddShortForm(
+            "fsk", "key the frequency: 1kHz 1.1kHz", "", {}, {"CARRIER", "HOP"}, [](Session& s, const Parts& p) {
+                return SetInOrder(s, p, "modulation=fsk", {QStringLiteral("fsk-carrier"), QStringLiteral("fsk-hop")});
+            });
+        AddShortForm("psk", "key the phase: 90 180", "", {}, {"PHASE0", "PHASE1"}, [](Session& s, const Parts& p) {
             return SetInOrder(s, p, "modulation=psk", {QStringLiteral("psk-phase0"), QStringLiteral("psk-phase1")});
         });
-        AddShortForm("modulation", "switch the modulation off", "STATE", {"off"}, 0,
+        AddShortForm("modulation", "switch the modulation off", "STATE", {"off"}, {},
                      [](Session& s, const Parts& p) { return SetInOrder(s, p, "modulation=", {}); });
     }
 
@@ -218,7 +220,8 @@ class CommandAdder {
 QString FaultOf(const CLI::App& app, const CLI::ParseError& outcome) {
     const std::vector<std::string> others = app.get_subcommands().empty() ? app.remaining() : Texts();
     return others.empty() ? ToQt(outcome.what()).simplified()
-                          : QStringLiteral("there is no command \"%1\"").arg(ToQt(others.front()));
+                          : QStringLiteral("there is no %1 \"%2\"")
+                                .arg(others.front().starts_with('-') ? u"option" : u"command", ToQt(others.front()));
 }
 
 struct ProgramParts {
@@ -235,7 +238,11 @@ std::optional<int> MillisecondsOf(const std::string& text) {
 }
 
 void AddOptions(CLI::App& app, Options& options, ProgramParts& parts) {
-    app.add_option("--port", parts.port, "a serial device, or Com1 to Com4 as the panel means them")->type_name("PORT");
+    // An unset variable of a script must not mean another instrument, or other settings.
+    const auto named = [](const std::string& text) { return text.empty() ? "an empty name" : std::string(); };
+    app.add_option("--port", parts.port, "a serial device, or Com1 to Com4 as the panel means them")
+        ->check(named)
+        ->type_name("PORT");
     app.add_option("--rate", options.rate, "the rate to begin with, in baud")
         ->check(CLI::IsMember(std::vector<int>(std::begin(kBaudRates), std::end(kBaudRates))))
         ->type_name("BAUD");
@@ -248,7 +255,10 @@ void AddOptions(CLI::App& app, Options& options, ProgramParts& parts) {
     app.add_flag("--quiet", options.quiet, "print errors only: no remarks, no progress");
     CLI::Option* const dry =
         app.add_flag("--dry-run", options.dryRun, "open no port, write no file, print the lines that would be sent");
-    app.add_option("--from", parts.from, "the setting file that a dry run starts from")->needs(dry)->type_name("FILE");
+    app.add_option("--from", parts.from, "the setting file that a dry run starts from")
+        ->needs(dry)
+        ->check(named)
+        ->type_name("FILE");
 }
 
 }  // namespace

@@ -1,19 +1,30 @@
 #include "ctl/Console.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <system_error>
 
 #include "platform/Shell.h"
 
 namespace {
 
-void Write(const QString& text, std::FILE* file) {
-    std::fputs(text.toUtf8().constData(), file);
-    std::fflush(file);
+bool Write(const QString& text, std::FILE* file) {
+    return std::fputs(text.toUtf8().constData(), file) >= 0 && std::fflush(file) == 0;
 }
 
 }  // namespace
 
-void Console::Print(const QString& line) { Write(line + u'\n', stdout); }
+void Console::Print(const QString& line) {
+    if (resultsLost_ || Write(line + u'\n', stdout)) {
+        return;
+    }
+    resultsLost_ = true;
+    const bool readerLeft = errno == EPIPE;  // it has seen enough, as "head" has
+    if (!readerLeft) {
+        Error(QStringLiteral("the results can't be written: ") +
+              QString::fromStdString(std::generic_category().message(errno)));
+    }
+}
 
 void Console::Error(const QString& sentence) { Tell(u"kl5276ctl: " + place + sentence); }
 

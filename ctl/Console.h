@@ -20,8 +20,9 @@ class Console {
     bool quiet = false;  // errors alone
     QString place;       // ahead of each sentence: "line 3: "
 
-    // A line of results.
+    // A line of results. The first one that can't be written is an error, and the ones behind it are dropped.
     void Print(const QString& line);
+    bool ResultsLost() const { return resultsLost_; }
     // A sentence that says what went wrong and what to do.
     void Error(const QString& sentence);
     void Note(const QString& sentence);
@@ -34,4 +35,5 @@ class Console {
     void Tell(const QString& line);
 
     bool progressShown_ = false;
+    bool resultsLost_ = false;
 };

@@ -172,7 +172,7 @@ constexpr auto kFields = std::to_array<Field>({
      kTimeCommands,
      kInSweep},
     {"am-depth",
-     "0% to 100%",
+     "0% to 100% in whole percent",
      "depth of the amplitude modulation",
      {},
      Quantity::Depth,

@@ -22,9 +22,21 @@ bool IsWhole(const Session& session, const TransferResult& result) {
     return result.end == TransferResult::End::Whole && session.IsSound();
 }
 
+// The user does not even wait for what the line has yet to carry. It is dropped, perhaps with the end of the transfer,
+// which is then told once more.
+void CutSending(Session& session) {
+    session.link().transport.CutLine();
+    session.program.link.CommandText = QStringLiteral("are");
+    session.link().transport.SendCommand();
+}
+
 int Send(Session& session, const MemorySize& size) {
     const TransferResult result = session.link().memory.SendArb(size);
-    return IsWhole(session, result) ? kDone : EndEarly(session, size, result, "sent");
+    const bool cut = result.end == TransferResult::End::Abandoned;
+    if (cut) {
+        CutSending(session);
+    }
+    return IsWhole(session, result) ? kDone : EndEarly(session, size, result, cut ? "sent at most" : "sent");
 }
 
 int Read(Session& session, const MemorySize& size) {
@@ -60,11 +72,19 @@ int Compare(Session& session, const MemorySize& size, bool hasLast) {
     return result.first ? kDifferent : kDone;
 }
 
+int FailToWrite(Session& session, const QString& fault) {
+    session.console.Error(fault);
+    return kFailed;
+}
+
 int ReadToFile(Session& session, const MemorySize& size, const QString& fileName) {
     QString fault;
     const bool isNewSettingFile = fileName.endsWith(u".set", Qt::CaseInsensitive) && !QFileInfo::exists(fileName);
     if (!CheckMemoryFile(fileName, fault)) {
         return Refuse(session, fault);
+    }
+    if (!CanWrite(fileName, fault)) {
+        return FailToWrite(session, fault);
     }
     // A new setting file gets the settings of the instrument, to which the memory belongs.
     if (!session.Connect() || (isNewSettingFile && !session.ReadAll())) {
@@ -74,11 +94,9 @@ int ReadToFile(Session& session, const MemorySize& size, const QString& fileName
     if (status != kDone || session.options().dryRun) {
         return status;
     }
-    if (!WriteMemoryFile(fileName, size, session.program.memories, size.LastAdr + 1, session.program.panel, fault)) {
-        session.console.Error(fault);
-        return kFailed;
-    }
-    return kDone;
+    const bool written =
+        WriteMemoryFile(fileName, size, session.program.memories, size.LastAdr + 1, session.program.panel, fault);
+    return written ? kDone : FailToWrite(session, fault);
 }
 
 // What a file can tell by itself is told ahead of the link: no settings in it, or settings of another version.
@@ -125,6 +143,9 @@ int SaveSettings(Session& session, const QString& fileName, bool memories) {
     if (!ReadKept(fileName, former, samples, fault)) {
         return Refuse(session, fault);
     }
+    if (!CanWrite(fileName, fault)) {
+        return FailToWrite(session, fault);
+    }
     if (!session.Connect() || !session.ReadAll()) {
         return session.Failure();
     }
@@ -135,8 +156,7 @@ int SaveSettings(Session& session, const QString& fileName, bool memories) {
     if (session.options().dryRun || SaveSettingFile(CreateSettingFile(fileName), session.program.panel, samples)) {
         return kDone;
     }
-    session.console.Error(fileName + u" can't be written: check the folder and the room on the disk");
-    return kFailed;
+    return FailToWrite(session, fault);
 }
 
 int MoveMemory(Session& session, Transfer transfer, const MemorySize& size, const QString& fileName) {

@@ -68,9 +68,15 @@ bool ReadTable(QFile& file, const MemorySize& size, ArbMemories& memories, bool&
 bool LoadWhole(const QString& fileName, PanelState& panel, ArbMemories& memories, QString& fault) {
     const LoadOutcome outcome = LoadSettingFile(fileName, panel, memories);
     fault = outcome == LoadOutcome::NotASettingFile ? QStringLiteral("it is not a setting file: name another one")
-            : outcome == LoadOutcome::Failed        ? QStringLiteral("it can't be read")
-                                                    : QString();
+            : outcome == LoadOutcome::Failed
+                ? QStringLiteral("it can't be read: check its permissions, or take an older copy")
+                : QString();
     return outcome == LoadOutcome::Loaded;
+}
+
+QString NotWritten(const QString& fileName) {
+    return QStringLiteral("%1 can't be written: check the folder, the permissions and the room on the disk")
+        .arg(fileName);
 }
 
 }  // namespace
@@ -109,6 +115,14 @@ bool CheckMemoryFile(const QString& fileName, QString& fault) {
     return IsTableName(fileName);
 }
 
+bool CanWrite(const QString& fileName, QString& fault) {
+    const QFileInfo named(fileName);
+    const QFileInfo target(named.exists() ? named.canonicalFilePath() : named.absoluteFilePath());
+    fault = NotWritten(fileName);
+    return QFileInfo(target.absolutePath()).isWritable() &&
+           (!target.exists() || (target.isFile() && target.isWritable()));
+}
+
 bool WriteMemoryFile(const QString& fileName, const MemorySize& size, const ArbMemories& memories, int points,
                      const PanelState& settings, QString& fault) {
     ArbMemories source = memories;
@@ -130,6 +144,6 @@ bool WriteMemoryFile(const QString& fileName, const MemorySize& size, const ArbM
         std::ranges::copy(samples, size.samples(kept).begin());
         written = SaveSettingFile(CreateSettingFile(fileName), panel, kept);
     }
-    fault = QStringLiteral("%1 can't be written: check the folder and the room on the disk").arg(fileName);
+    fault = NotWritten(fileName);
     return written;
 }

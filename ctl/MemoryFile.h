@@ -20,6 +20,9 @@ bool CheckMemoryFile(const QString& fileName, QString& fault);
 // What a setting file holds that is there; nothing changes if there is none.
 bool ReadKept(const QString& fileName, PanelState& panel, ArbMemories& memories, QString& fault);
 
+// False for a file that can't be written where it is named, to be asked ahead of a transfer that takes minutes.
+bool CanWrite(const QString& fileName, QString& fault);
+
 // Writes one memory, whole or not at all. An existing setting file keeps its settings and its other memory; a new one
 // gets these settings, and zeros. `points`: how many addresses a table gets.
 bool WriteMemoryFile(const QString& fileName, const MemorySize& size, const ArbMemories& memories, int points,

@@ -59,11 +59,16 @@ class Session::Front : public SilentFront {
     QElapsedTimer look_;
 };
 
-// The program's clock, which looks for Ctrl+C in each of the waits that a command consists of.
+// The program's clock, which looks for Ctrl+C in each of the waits that a command consists of. The wait for an answer
+// only looks at the time.
 class Session::Clock : public EventClock {
   public:
     explicit Clock(Session& session) : session_(session) {}
 
+    qint64 NowMs() const override {
+        session_.LookForStop();
+        return EventClock::NowMs();
+    }
     void WaitMs(qint32& ms) override {
         EventClock::WaitMs(ms);
         session_.front_->Refresh();
@@ -109,6 +114,7 @@ Session::~Session() {
 
 void Session::WatchPort(WatchedPort& port) {
     port.whenLine = [this](bool isAnswer, const QString& line) {
+        answered_ = answered_ || isAnswer;
         if (options_.log) {
             const double seconds = static_cast<double>(elapsed_.elapsed()) / 1000.0;
             console.Log(QStringLiteral("%1 %2 %3")
@@ -123,16 +129,27 @@ void Session::WatchPort(WatchedPort& port) {
     };
 }
 
+bool Session::IsSound() const {
+    return program.link.LinkUp == 1 && wrongAnswer_.isEmpty() && !LineLost() && !Stopped();
+}
+
+// Commands without an answer don't notice by themselves that an adapter is pulled. A dry run has no line.
+bool Session::LineLost() const {
+    com_->InBufferCount();
+    return !options_.dryRun && com_->LineLost();
+}
+
 bool Session::Stopped() const { return Interrupts() > 0; }
 
 // The first one ends a transfer in order, what the port has taken goes out; the next one, or one without a transfer,
-// ends at once.
+// ends at once, without the answer that is due.
 void Session::LookForStop() {
     if (Interrupts() > interruptsSeen_) {
         const bool again = interruptsSeen_ > 0;
         interruptsSeen_ = Interrupts();
         if (again || (!link_->memory.Stop() && !front_->Transfers())) {
             link_->gate.Abandon();
+            program.link.ReplyTimeoutMs = 0;
         }
     }
 }
@@ -146,7 +163,8 @@ bool Session::Connect() {
     if (!operation_) {
         operation_.emplace(link_->gate.Join());
         link_->connection.ConnectUnit();
-        linked_ = program.link.LinkUp == 1;
+        // What has answered as a KL5276 is under remote control, also if it falls silent before all is known of it.
+        linked_ = program.link.LinkUp == 1 || (answered_ && program.link.UnitFound == 1);
     }
     return IsSound();
 }
@@ -183,7 +201,7 @@ QString Session::FaultText() const {
                    "bits)")
             .arg(device);
     }
-    if (com_->LineLost()) {
+    if (LineLost()) {
         return QStringLiteral("%1 has gone: plug the adapter in again").arg(device);
     }
     return QStringLiteral("nothing answers at %1: check cable, power, and the rate of the instrument (%2)")

@@ -33,7 +33,7 @@ class Session {
     bool Connect();
     bool ReadAll();   // all of program.panel, as the instrument reports it
     bool ReadBack();  // what belongs to the state that was sent
-    bool IsSound() const { return program.link.LinkUp == 1 && wrongAnswer_.isEmpty() && !Stopped(); }
+    bool IsSound() const;
 
     // Says what went wrong; the status to end with.
     int Failure();
@@ -51,6 +51,7 @@ class Session {
     class Front;
     void WatchPort(class WatchedPort& port);
     void LookForStop();
+    bool LineLost() const;
     QString FaultText() const;
 
     Options options_;
@@ -63,7 +64,8 @@ class Session {
     QString fault_;        // the last box of the link
     QString wrongAnswer_;  // the query that got none
     int interruptsSeen_ = 0;
-    bool linked_ = false;  // the instrument has answered
+    bool answered_ = false;  // by anything
+    bool linked_ = false;    // the instrument has answered
 };
 
 // The folder with the preferences and the com1 to com4 links, the panel's own.

@@ -6,6 +6,13 @@
 
 namespace {
 
+// "level=1Vpp level-unit=Vrms" would put out more than twice the voltage that is meant.
+bool Contradicts(const Assignment& assignment, const QList<Assignment>& others) {
+    return std::ranges::any_of(others, [&assignment](const Assignment& other) {
+        return other.field == assignment.field && other.value != assignment.value;
+    });
+}
+
 std::optional<QList<Assignment>> ReadAssignments(Session& session, const QStringList& texts) {
     QList<Assignment> assignments;
     for (const QString& text : texts) {
@@ -15,7 +22,13 @@ std::optional<QList<Assignment>> ReadAssignments(Session& session, const QString
             session.console.Error(fault);
             return std::nullopt;
         }
-        assignments += *read;
+        for (const Assignment& assignment : *read) {
+            if (Contradicts(assignment, assignments)) {
+                session.console.Error(text + u" contradicts what stands before it: name each value once");
+                return std::nullopt;
+            }
+            assignments += assignment;
+        }
     }
     return assignments;
 }

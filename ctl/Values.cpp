@@ -12,19 +12,23 @@ namespace {
 
 constexpr int kDigits = 12;
 
+constexpr std::array<const char*, 5> kPrefixes{"u", "m", "", "k", "M"};
+constexpr int kNone = 2;
+constexpr int kMega = 4;
+
 struct QuantityForm {
     const char* unit;     // behind the prefix
-    bool takesPrefix;     // percent and degrees have none
+    int lowest, highest;  // of kPrefixes: percent and degrees have none, and nobody writes ks
     const char* example;  // for a sentence
 };
 
 constexpr std::array<QuantityForm, 6> kForms{{
-    {"Hz", true, "2500, 2.5kHz or 2.5MHz"},
-    {"Vpp", true, "1.2Vpp, 500mVpp or 0.5Vrms"},
-    {"V", true, "-0.1, 0.25V or -100mV"},
-    {"%", false, "50 or 50%"},
-    {"deg", false, "90 or 90deg"},
-    {"s", true, "0.5, 2s or 500ms"},
+    {"Hz", 0, kMega, "2500, 2.5kHz or 2.5MHz"},
+    {"Vpp", 0, kMega, "1.2Vpp, 500mVpp or 0.5Vrms"},
+    {"V", 0, kMega, "-0.1, 0.25V or -100mV"},
+    {"%", kNone, kNone, "50 or 50%"},
+    {"deg", kNone, kNone, "90 or 90deg"},
+    {"s", 0, kNone, "0.5, 2s or 500ms"},
 }};
 
 const QuantityForm& FormOf(Quantity quantity) { return kForms[static_cast<std::size_t>(quantity)]; }
@@ -95,13 +99,12 @@ std::optional<Value> ReadValue(const QString& text, Quantity quantity, QString& 
 }
 
 QString ValueText(double number, Quantity quantity, bool vpp) {
-    constexpr std::array<const char*, 5> kPrefixes{"u", "m", "", "k", "M"};
-    constexpr int kNone = 2;
     const QuantityForm& form = FormOf(quantity);
     int index = kNone;
-    if (form.takesPrefix && number != 0.0) {
+    if (number != 0.0) {
         const double rounded = QString::number(std::fabs(number), 'g', kDigits).toDouble();
-        index = std::clamp(static_cast<int>(std::floor(std::log10(rounded) / 3.0 + 1e-9)) + kNone, 0, 4);
+        index = std::clamp(static_cast<int>(std::floor(std::log10(rounded) / 3.0 + 1e-9)) + kNone, form.lowest,
+                           form.highest);
     }
     const QString digits = QString::number(number / std::pow(10.0, 3 * (index - kNone)), 'g', kDigits);
     return digits + QLatin1StringView(kPrefixes.at(static_cast<std::size_t>(index))) +

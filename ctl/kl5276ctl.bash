@@ -1,5 +1,14 @@
 # Completion of kl5276ctl for bash. Fields and their words come from the program itself.
 
+# Files, also with blanks in their names; a folder goes on behind its slash.
+_kl5276ctl_files() {
+    local file
+    compopt -o filenames 2>/dev/null
+    while IFS= read -r file; do
+        COMPREPLY+=("$file")
+    done < <(compgen -f -- "$1")
+}
+
 _kl5276ctl() {
     local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]} ctl=${COMP_WORDS[0]}
     local commands="ports id get set output sweep am fsk psk modulation load save memory wave clock fields batch"
@@ -22,8 +31,12 @@ _kl5276ctl() {
     fi
     case $prev in
         --rate) COMPREPLY=($(compgen -W "4800 9600 19200 38400 115200" -- "$cur")); return ;;
-        --port) COMPREPLY=($(compgen -W "com1 com2 com3 com4" -- "$cur") $(compgen -f -- "${cur:-/dev/tty}")); return ;;
-        --from | --recording | -o | --out) COMPREPLY=($(compgen -f -- "$cur")); return ;;
+        --port)
+            COMPREPLY=($(compgen -W "com1 com2 com3 com4" -- "$cur"))
+            _kl5276ctl_files "${cur:-/dev/tty}"
+            return
+            ;;
+        --from | --recording | -o | --out) _kl5276ctl_files "$cur"; return ;;
         --size) COMPREPLY=($(compgen -W "4k 16k" -- "$cur")); return ;;
         --scale) COMPREPLY=($(compgen -W "full trace zero" -- "$cur")); return ;;
         --timeout | --formula | --channel) return ;;
@@ -43,14 +56,15 @@ _kl5276ctl() {
         fsk | psk) words=--clamp ;;
         modulation) words="off --clamp" ;;
         memory) [[ $prev == memory ]] && words="send read compare" || words="4k 16k" ;;
-        wave) words="--formula --recording --channel --scale --full-range --size --out" ;;
+        wave) words="--formula --recording --channel --scale --full-range --size --out -o" ;;
         load) words="--memories --clamp" ;;
         save) words=--memories ;;
     esac
+    [[ $cur != -* ]] || words+=" $options"  # they may also stand behind the command
     COMPREPLY=($(compgen -W "$words" -- "$cur"))
     case $command in
-        load | save | batch) COMPREPLY+=($(compgen -f -- "$cur")) ;;
-        memory) [[ $prev == *k ]] && COMPREPLY=($(compgen -f -- "$cur")) ;;
+        load | save | batch) _kl5276ctl_files "$cur" ;;
+        memory) [[ $prev == [14]*k ]] && COMPREPLY=() && _kl5276ctl_files "$cur" ;;
     esac
 }
 complete -F _kl5276ctl kl5276ctl

@@ -14,7 +14,8 @@ int Run(const Request& request) {
     if (!from.isEmpty() && LoadSettingFile(from, program.panel, program.memories) != LoadOutcome::Loaded) {
         return Refuse(session, from + u": no setting file can be read there");
     }
-    return request.command(session);
+    const int status = request.command(session);
+    return status == kDone && session.console.ResultsLost() ? static_cast<int>(kFailed) : status;
 }
 
 }  // namespace

@@ -76,6 +76,8 @@ for name in $(cat commands); do
 done
 [ "$(complete_words kl5276ctl set sweep-)" = "sweep-start= sweep-stop= sweep-time=" ] || fail "completion of fields"
 [ "$(complete_words kl5276ctl set form = ramp-)" = "ramp-up ramp-down" ] || fail "completion of words"
+>"two words.set"
+complete_words kl5276ctl load two >"$log" && [ "${COMPREPLY[0]}" = "two words.set" ] || fail "completion of files"
 [ "$(complete_words kl5276ctl --rate 9)" = 9600 ] || fail "completion of options"
 cd "$sources"
 

@@ -41,9 +41,17 @@ TEST_F(CtlMemories, GoToTheInstrumentAndComeBackFromIt) {
     const Ended compare = Run(u"--dry-run memory compare 16k " + Path("m.set"));
     EXPECT_EQ(compare.status, 0);
     EXPECT_EQ(compare.out.sliced(3, 2).join(u' '), u"arp16:16384=? arp16:0=?");
+    EXPECT_EQ(Run(u"--dry-run memory compare 4k " + Path("t.csv")).status, 0);
     far.SetFaults({.garbledNumbers = true});
     EXPECT_EQ(Move(Transfer::Read, kMemory4k, "bad.csv").status, 1);
     EXPECT_FALSE(QFile::exists(Path("bad.csv")));
+    // That takes minutes, so the file is looked at ahead of it.
+    far.SetFaults({});
+    far.ClearLog();
+    for (const char* const words : {"memory read 16k /nowhere/x.csv", "save --memories /nowhere/x.set"}) {
+        EXPECT_TRUE(Run(words).err.value(0).contains(u"/nowhere/x")) << words;
+    }
+    EXPECT_TRUE(Lines(far).isEmpty());
 }
 
 TEST_F(CtlCommands, SettingFilesAreThoseOfThePanel) {
@@ -108,6 +116,7 @@ const std::pair<const char*, const char*> kWrong[]{{"", "subcommand"},
                                                    {"bogus", "no command \"bogus\""},
                                                    {"set", "ASSIGNMENT"},
                                                    {"set frequency", "\"frequency\" sets nothing"},
+                                                   {"set level=1Vpp level-unit=Vrms", "contradicts"},
                                                    {"set form=round", "choose one of sine, square"},
                                                    {"set frequency=fast", "2.5kHz"},
                                                    {"get colour", "no field \"colour\""},
@@ -131,6 +140,7 @@ const std::pair<const char*, const char*> kWrong[]{{"", "subcommand"},
                                                    {"wave --formula x -o %1/not.set", "not a setting file"},
                                                    {"wave --recording %1/short.csv --channel CH9 -o %1/w.csv", "CH9"},
                                                    {"batch %1/nowhere", "can't be read"},
+                                                   {"batch %1", "can't be read"},
                                                    {"batch -", "line 2: a quote"}};
 
 TEST_F(CtlCommands, WrongUsageEndsWithOneSentenceAndSendsNothing) {
@@ -154,7 +164,7 @@ TEST_F(CtlCommands, PortAndRateAreThoseOfThePanel) {
     preferences.ComPortNumber = 3;
     preferences.ComBaudRate = 9600;
     Write("5276.def", EncodePreferences(preferences));
-    ASSERT_TRUE(QFile::copy(QCoreApplication::applicationDirPath() + QStringLiteral("/kl5276ctl"), Path("kl5276ctl")));
+    ASSERT_TRUE(QFile::copy(Program(), Path("kl5276ctl")));
     const QString device = QFile::symLinkTarget(Path("com3"));
     QProcess process;
     process.start(Path("kl5276ctl"), {QStringLiteral("id")});

@@ -12,11 +12,12 @@ using CtlEnds = CtlBench;
 TEST_F(CtlEnds, EveryFaultOfTheInstrumentIsToldAndTheLinkIsGivenBack) {
     struct Row {
         sim::Faults faults;
-        const char* sentence;
+        const char* sentence = "";
         bool givenBack = true;
     };
     const Row rows[]{{{.muteAfterQueries = 6}, "nothing answers"},
                      {{.muteAfterQueries = 0}, "nothing answers", false},
+                     {{.silentOn = {"VER?"}}, "VER?"},
                      {{.silentOn = {"amp?"}}, "amp?"},
                      {{.byteDelay = std::chrono::milliseconds(400)}, "nothing answers", false},
                      {{.cutReplyBytes = 3}, "nothing answers", false},
@@ -56,6 +57,12 @@ TEST_F(CtlEnds, OtherDevicesAndNoDeviceAreToldAsSuch) {
                       u" can't be opened: missing; \"kl5276ctl ports\" lists the devices"));
     Plug(4, {.rate = 4800, .faults = {.stall = std::chrono::seconds(60)}});
     EXPECT_EQ(Run(u"--timeout 0.2 id --port " + Path("com4")).status, 1);
+    // Nobody answers to a sample, so nobody would say that it got lost.
+    Plug(2, {.faults = {.vanishAfterLines = 500}});
+    WriteTable("t.csv");
+    const Ended pulled = Run(u"memory send 4k " + Path("t.csv") + u" --port " + Path("com2"));
+    EXPECT_EQ(pulled.status, 1);
+    EXPECT_TRUE(pulled.err.value(0).contains(u"has gone"));
 }
 
 TEST_F(CtlEnds, CtrlCInATransferEndsItInOrder) {
@@ -79,6 +86,62 @@ TEST_F(CtlEnds, CtrlCInATransferEndsItInOrder) {
         EXPECT_EQ(lines.last(), u"RM0");
     }
     EXPECT_EQ(Content(Path("t.csv")), table);  // what was half read is not written
+}
+
+// The first Ctrl+C lets out what the port has taken, the next one drops it.
+TEST_F(CtlEnds, CtrlCWhileOnlyTheLineStillDrainsEndsItInOrderAndAgainAtOnce) {
+    auto& far = Plug(1, {.realTime = true});
+    WriteTable("t.csv");
+    QProcess process;
+    Start(process, u"--log --rate 115200 memory send 4k " + Path("t.csv"));
+    process.setReadChannel(QProcess::StandardError);
+    QByteArray log;
+    while (!log.contains(" > are") && process.waitForReadyRead(20'000)) {
+        log += process.readAllStandardError();
+    }
+    ASSERT_TRUE(log.contains(" > are"));
+    const std::size_t midway = (far.ReceivedLines().size() + 4096) / 2;
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    EXPECT_TRUE(far.WaitForLines(midway, std::chrono::seconds(20)));
+    for (; process.state() == QProcess::Running; process.waitForFinished(50)) {
+        ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    }
+    const Ended ended = End(process);
+    EXPECT_EQ(ended.status, 130);
+    EXPECT_FALSE(ended.err.filter(QStringLiteral("stopped: 4096 of 4096 points sent at most")).isEmpty());
+    EXPECT_TRUE(GivenBack(far));
+    const QStringList lines = Lines(far);
+    EXPECT_LT(lines.size(), 4096);
+    EXPECT_EQ(lines.last(2).join(u' '), u"are RM0");
+}
+
+TEST_F(CtlEnds, CtrlCEndsTheWaitForAnAnswer) {
+    auto& far = Plug(1, {.faults = {.silentOn = {"amt?"}}});
+    QProcess process;
+    Start(process, QStringLiteral("--timeout 3600s get"));
+    ASSERT_TRUE(far.WaitForLine("amt?", std::chrono::seconds(20)));
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    EXPECT_EQ(End(process).status, 130);
+    EXPECT_TRUE(GivenBack(far));
+}
+
+TEST_F(CtlEnds, ResultsThatNobodyGetsAreNoSuccess) {
+    auto& far = Plug(1, {});
+    QProcess full;
+    full.setStandardOutputFile(QStringLiteral("/dev/full"));
+    Start(full, QStringLiteral("get form"));
+    const Ended ended = End(full);
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_EQ(ended.err.join(u'\n'), u"kl5276ctl: the results can't be written: No space left on device");
+    // A loop ends with its reader, in silence.
+    QProcess loop;
+    loop.start(QStringLiteral("sh"),
+               {QStringLiteral("-c"),
+                QStringLiteral("yes 'get form' | %1 --port %2 batch - | head -n 1").arg(Program(), Path("com1"))});
+    const Ended read = End(loop);
+    EXPECT_EQ(read.out.join(u' '), u"form=sine");
+    EXPECT_TRUE(read.err.isEmpty()) << read.err.join(u'\n');
+    EXPECT_TRUE(GivenBack(far));
 }
 
 TEST_F(CtlEnds, APortInUseIsToldAsSuchAndCtrlCEndsABatchThatWaits) {

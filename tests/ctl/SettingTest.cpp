@@ -1,4 +1,5 @@
 #include "CtlBench.h"
+#include "ctl/Change.h"
 #include "storage/SettingFile.h"
 
 namespace {
@@ -93,6 +94,19 @@ TEST_F(CtlSettings, WhatCannotBeSetAsItIsIsRefusedAndNothingIsSent) {
     EXPECT_EQ(differs.err.last(), u"kl5276ctl: level=0Vrms was sent, the instrument reports 7.1mVrms");
 }
 
+// As a click on the panel's unit does: a level below the least one would go out in the range of the largest.
+TEST(CtlPlans, AnotherUnitHoldsTheLevel) {
+    PanelState panel;
+    panel.tmVPP = kFalse;
+    panel.mAmp = 0.0071;
+    QString fault;
+    const Plan plan = PlanChange(panel, *ReadAssignment(QStringLiteral("level-unit=Vpp"), fault));
+    EXPECT_EQ(plan.state.mAmp, 0.02);
+    EXPECT_TRUE(plan.remarks.value(0).contains(u"has to give way and becomes 20mVpp (Min. Level: 0.0200)"));
+    PanelState sent = plan.state;
+    EXPECT_TRUE(SettingLines(sent).contains(u"amp:0.02"));
+}
+
 // Sweep values that only the instrument knows stay, and so does the frequency behind a sweep.
 TEST_F(CtlSettings, WhatIsNotNamedStaysAsTheInstrumentHasIt) {
     auto& far = Plug(1, {.rate = 9600});
@@ -114,6 +128,10 @@ TEST_F(CtlSettings, WhatIsNotNamedStaysAsTheInstrumentHasIt) {
         EXPECT_EQ(unit.Take("stt?"), "200.0000");
     });
     EXPECT_EQ(Run("id").out.first(3).join(u' '), u"model=KL5276-2 version=V1.20 Kx rate=9600");
+    for (const auto& [command, word] : {std::pair("amx", "am-external"), {"ami", "am-internal"}, {"psk1", "psk"}}) {
+        far.With([command = command](sim::Kl5276& unit) { unit.Take("am0"), unit.Take(command); });
+        EXPECT_EQ(Run("get modulation").out.join(u' '), QString(u"modulation=" + QString::fromLatin1(word)));
+    }
 }
 
 // Commands that start from the defaults of both sides, and one in a batch.

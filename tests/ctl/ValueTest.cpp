@@ -22,7 +22,7 @@ TEST(CtlValues, AreEngineeringNotationWithPointOrCommaAndNothingElse) {
                      {"0.5Vrms", Level, 0.5},       {"2.5mhz", Frequency, NAN},  // milli or mega
                      {"1.000,5", Frequency, NAN},   {"1k2", Frequency, NAN},
                      {"5V", Frequency, NAN},        {"1V", Level, NAN},  // Vpp or Vrms
-                     {"1m%", Depth, NAN},           {"2min", Time, NAN},
+                     {"50m", Depth, NAN},           {"2min", Time, NAN},
                      {"1e999", Frequency, NAN},     {"nan", Frequency, NAN},
                      {"inf", Frequency, NAN},       {"0x10", Frequency, NAN},
                      {"", Frequency, NAN},          {"--1", Voltage, NAN}};
