@@ -7,8 +7,11 @@
 
 namespace {
 
-// Qt numbers these three as MouseDown and MouseMove do. The other buttons of a mouse mean nothing to a picture.
-constexpr int kButtons = Qt::LeftButton | Qt::RightButton | Qt::MiddleButton;
+// The other buttons of a mouse mean nothing to a picture.
+constexpr Qt::MouseButtons kButtons = Qt::LeftButton | Qt::RightButton | Qt::MiddleButton;
+
+// Qt numbers these three as MouseDown and MouseMove do.
+int Number(Qt::MouseButtons buttons) { return static_cast<int>(buttons & kButtons); }
 
 // To a screen reader it is a picture, not merely some part of a window.
 QAccessibleInterface* PictureInterface(const QString& className, QObject* object) {
@@ -39,17 +42,17 @@ void PictureBox::SetScale(double left, double width, double top, double height) 
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
-    if ((event->button() & kButtons) == 0 || !QRectF(rect()).contains(event->position())) {
+    if (Number(event->button()) == 0 || !QRectF(rect()).contains(event->position())) {
         event->ignore();
         return;
     }
     const QPointF place = ToUser(event->position());
-    Q_EMIT MouseDown(event->button(), static_cast<float>(place.x()), static_cast<float>(place.y()));
+    Q_EMIT MouseDown(Number(event->button()), static_cast<float>(place.x()), static_cast<float>(place.y()));
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
     const QPointF place = ToUser(event->position());
-    Q_EMIT MouseMove(event->buttons() & kButtons, static_cast<float>(place.x()), static_cast<float>(place.y()));
+    Q_EMIT MouseMove(Number(event->buttons()), static_cast<float>(place.x()), static_cast<float>(place.y()));
 }
 
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
