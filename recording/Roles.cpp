@@ -62,6 +62,7 @@ class Roles {
         GuessRestarts();
         ChooseTimes();
         ChooseIndex();
+        FindMeasuredFrequency();
         LeaveOutLines();
         LeaveOutNumbersOfChannels();
         GuessTime();
@@ -115,6 +116,16 @@ class Roles {
                 const bool counts = &candidate == &candidates_.front() && candidate.course.countsUp;
                 candidate.meaning = !isKnown && counts ? Meaning::Index : Meaning::Channel;
             }
+        }
+    }
+
+    // Beside a time a frequency that rises is a channel, as a counter records it.
+    void FindMeasuredFrequency() {
+        const bool hasTime = std::ranges::any_of(
+            candidates_, [](const Candidate& c) { return c.meaning == Meaning::Time && !c.isGuess; });
+        for (Candidate& candidate : candidates_) {
+            const bool isMeasured = hasTime && candidate.meaning == Meaning::Axis;
+            candidate.meaning = isMeasured ? Meaning::Channel : candidate.meaning;
         }
     }
 
