@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <ranges>
 
 HeightScale::HeightScale(std::span<const double> values) {
     if (!values.empty()) {
@@ -26,12 +25,14 @@ double TimeScale::Of(std::size_t row) const {
 }
 
 std::size_t TimeScale::RowAt(double place) const {
-    const auto rows = std::views::iota(std::size_t{0}, rows_);
-    const auto behind = std::ranges::lower_bound(rows, place, {}, [this](std::size_t row) { return Of(row); });
-    if (behind == rows.begin() || behind == rows.end()) {
-        return behind == rows.begin() ? 0 : rows_ - 1;
+    std::size_t row = 0;  // the first one that is not in front of the place
+    for (std::size_t end = rows_; row < end;) {
+        const std::size_t middle = row + (end - row) / 2;
+        (Of(middle) < place ? row : end) = middle + (Of(middle) < place ? 1 : 0);
     }
-    const std::size_t row = *behind;
+    if (row == 0 || row == rows_) {
+        return row == 0 ? 0 : rows_ - 1;
+    }
     return Of(row) - place < place - Of(row - 1) ? row : row - 1;
 }
 
