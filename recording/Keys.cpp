@@ -37,7 +37,7 @@ KeyText ReadKey(const QString& text) {
         {Whole("(?:sampl(?:e|ing)|scan|acquisition|log(?:ging)?) ?(?:rate|frequency|freq)|fs|rate|samples per second"),
          Key::Rate},
         {Whole("(?:h|horiz(?:ontal)?|horz|x|time|x axis) ?units?"), Key::TimeUnit},
-        {Whole("(?:(?:v|vert(?:ical)?|y|y axis|channel|signal) ?)?units?(?: labels?)?"), Key::Unit},
+        {Whole("(?:(?:v|vert(?:ical)?|y|y axis|channel|signal) ?)?units?(?: labels?)?|einheit(?:en)?"), Key::Unit},
         {Whole("(?:source|channel|trace|signal|waveform|label|name|title|ch)s?(?: ?(?:name|label)s?)?"), Key::Name}};
     for (const Title& title : {ReadTitle(text), Title{text, {}}}) {  // "samples per second" has no unit behind it
         const QString words = Words(title.name);

@@ -94,7 +94,7 @@ class Cutter {
     }
 
     // The first row is written as a count, without the decimal marks of those below: of the rows, where there is one
-    // column, or of the columns, as programs number them in place of titles.
+    // column, or of the columns, as programs number them in place of titles. "0,1" may be the first time and sample.
     bool IsFirstRowACount() const {
         const auto isCount = [&](const Candidate& candidate, double count) {
             const std::size_t line = block_.firstLine;
@@ -108,8 +108,10 @@ class Cutter {
         if (candidates_.size() == 1) {
             return isCount(candidates_.front(), static_cast<double>(block_.rows - 1));
         }
-        double number = candidates_.front().values.empty() ? 0.0 : candidates_.front().values.front();
-        return (number == 0.0 || number == 1.0) &&
+        const Candidate& first = candidates_.front();
+        double number = first.values.empty() ? 0.0 : first.values.front();
+        const bool isNumbering = number == 1.0 || (number == 0.0 && candidates_.size() > 2);
+        return isNumbering && !(first.course.rises && first.values[0] < first.values[1]) &&
                std::all_of(candidates_.begin() + 1, candidates_.end(),
                            [&](const Candidate& candidate) { return isCount(candidate, ++number); });
     }

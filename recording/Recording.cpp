@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "recording/Addressed.h"
@@ -76,7 +77,30 @@ class Assembly {
                        "the recording with one row for each sample.")
                 .arg(table.FirstLineWithValue());
         }
+        if (const QString fault = FaultOfHexadecimals(); !fault.isEmpty()) {
+            return fault;
+        }
         return choice.byNumber ? QString() : FaultOfSideBySide(search);
+    }
+
+    // In a list of hexadecimal numbers those without a letter look like a recording.
+    QString FaultOfHexadecimals() const {
+        static const QRegularExpression number(QStringLiteral("^(?=.*[A-Fa-f])[0-9A-Fa-f]{2,8}$"));
+        constexpr std::size_t kOneOf = 4;  // lines with a cell
+        std::size_t count = 0;
+        Table::Line first;
+        for (const Table::Line& line : recording_.table_->Texts(1, static_cast<std::size_t>(-1))) {
+            if (QString::fromStdString(line.text).trimmed().contains(number)) {
+                first = count++ == 0 ? line : first;
+            }
+        }
+        return kOneOf * count < recording_.table_->LinesWithCells()
+                   ? QString()
+                   : QStringLiteral(
+                         "Line %1 is \"%2\", as in a list of hexadecimal numbers, which are not read. "
+                         "Save the recording with decimal numbers.")
+                         .arg(first.number)
+                         .arg(QString::fromStdString(first.text).trimmed());
     }
 
     // The samples of a recording may stand in one line, the times in another.

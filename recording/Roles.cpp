@@ -119,12 +119,12 @@ class Roles {
         }
     }
 
-    // Beside a time a frequency that rises is a channel, as a counter records it.
+    // Behind a time a frequency that rises is a channel, as a counter records it.
     void FindMeasuredFrequency() {
-        const bool hasTime = std::ranges::any_of(
-            candidates_, [](const Candidate& c) { return c.meaning == Meaning::Time && !c.isGuess; });
+        bool isBehindTime = false;
         for (Candidate& candidate : candidates_) {
-            const bool isMeasured = hasTime && candidate.meaning == Meaning::Axis;
+            isBehindTime = isBehindTime || (candidate.meaning == Meaning::Time && !candidate.isGuess);
+            const bool isMeasured = isBehindTime && candidate.meaning == Meaning::Axis;
             candidate.meaning = isMeasured ? Meaning::Channel : candidate.meaning;
         }
     }

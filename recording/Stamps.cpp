@@ -109,7 +109,7 @@ double TakeClock(string_view* text, bool* isTwoParts) {
     const bool hasSeconds = count == 3 || hasFraction;  // two parts are hours and minutes
     const bool isLetter =
         !text->empty() && text->back() != 'T' && (text->back() | 0x20) >= 'a' && (text->back() | 0x20) <= 'z';
-    if (text->ends_with(':') || isLetter || parts[0] > kMinute || (count == 3 && parts[1] >= kMinute)) {
+    if (isLetter || parts[0] > kMinute || (count == 3 && parts[1] >= kMinute)) {
         return kNoTime;  // "A0:254" is none
     }
     const double seconds =

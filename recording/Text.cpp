@@ -68,8 +68,8 @@ LineSource::LineSource(QIODevice& device, qint64 from, qint64 most)
     const QByteArray head = device_.peek(3);
     isUtf16_ = head.startsWith("\xFF\xFE") || head.startsWith("\xFE\xFF");
     if (isUtf16_) {
-        const bool littleEnd = head.startsWith("\xFF\xFE");
-        utf16_ = QStringDecoder(littleEnd ? QStringDecoder::Utf16LE : QStringDecoder::Utf16BE);
+        isLittleEnd_ = head.startsWith("\xFF\xFE");
+        utf16_ = QStringDecoder(isLittleEnd_ ? QStringDecoder::Utf16LE : QStringDecoder::Utf16BE);
         from = std::max<qint64>(from - from % 2, 2);
     } else if (head.startsWith("\xEF\xBB\xBF")) {
         from = std::max<qint64>(from, 3);
@@ -142,7 +142,10 @@ bool LineSource::Refill() {
     const QByteArrayView piece(piece_.constData(), std::max<qint64>(got, 0));
     bytesRead_ += piece.size();
     if (isUtf16_) {
-        buffer_ += QString(utf16_(piece)).toStdString();
+        undecoded_.append(piece);
+        const qsizetype whole = ended_ ? undecoded_.size() : WholeCharacters();
+        buffer_ += QString(utf16_(QByteArrayView(undecoded_).first(whole))).toStdString();
+        undecoded_.remove(0, whole);
     } else {
         buffer_.append(piece.data(), static_cast<std::size_t>(piece.size()));
     }
@@ -152,6 +155,14 @@ bool LineSource::Refill() {
                     std::any_of(buffer_.begin() + static_cast<std::ptrdiff_t>(std::min(old, buffer_.size())),
                                 buffer_.end(), IsHigh);
     return true;
+}
+
+// The bytes of UTF-16 that do not end within a character: cut off there, a wrong one would read in another way.
+qsizetype LineSource::WholeCharacters() const {
+    const qsizetype units = undecoded_.size() / 2;
+    const qsizetype high = 2 * units - (isLittleEnd_ ? 1 : 2);  // byte of the last unit
+    const bool isFirstOfTwo = units > 0 && (static_cast<unsigned char>(undecoded_[high]) & 0xFCU) == 0xD8U;
+    return 2 * (isFirstOfTwo ? units - 1 : units);
 }
 
 void LineSource::EndAtZeroByte(std::size_t newFrom) {

@@ -54,6 +54,8 @@ bool IsKeyOfCells(const QString& cell) {
 
 Cell Read(const QString& cell) { return ReadCell(cell.toStdString(), {}); }
 
+bool IsWord(const QString& cell) { return Read(cell).kind == CellKind::Word; }
+
 // The parts of a cell between semicolons, commas or wide gaps: a header may have another separator than its samples.
 QStringList PartsOf(const QString& cell) {
     static const QRegularExpression gap(QStringLiteral(R"(\s*\t+\s*| {2,})"));
@@ -118,6 +120,9 @@ class HeaderLine {
 
     // Titles for at least half of the columns. Channels may be numbered, if their units stand below.
     bool MayBeTitles(bool hasUnits) const {
+        if (Size() == 1 && std::ranges::none_of(cells_[0].split(u' '), IsWord)) {
+            return false;
+        }
         std::size_t words = 0;
         for (const BlockColumn& column : block_.columns) {
             const QString cell = At(column.column);

@@ -34,6 +34,7 @@ TEST(RecordingForms, TitlesAndUnits) {
          "1 (Volt): 1 2; 2 (Volt): 2 3 [x-axis (second)] every 1 ms"},
         {"Time,CH1\n[s],[V]\nSample,Sample\n0,1\n1,2\n", "CH1 (V): 1 2 [Time (s)] every 1 s"},
         {"Sample,ADC\n0,2048\n1,2050\n", "ADC: 2048 2050 [Sample]"},
+        {"Name;U1;U2\nEinheit;V;A\n0;1;2\n1;3;2\n", "U1 (V): 1 3; U2 (A): 2 2 [column 1]"},
         {"Channel name;;U1;U2\nUnit;s;V;A\n;0;1;2\n;1;2;3\n", "U1 (V): 1 2; U2 (A): 2 3 [column 2 (s)] every 1 s"},
         {"Time,5V,12V\n0,5.01,12.1\n1,5.02,12\n", "5V: 5.01 5.02; 12V: 12.1 12 [Time] every 1 s"},
         {"% time  ch1\n0 1\n1 2\n", "ch1: 1 2 [time] every 1 s"},
@@ -91,6 +92,7 @@ TEST(RecordingForms, WhichColumnsAreChannels) {
         {"t,CH1 Min,CH1 Max,CH2 Min,CH2 Max\n0,1,9,2,7\n1,2,8,1,6\n",
          "CH1 Min: 1 2; CH2 Min: 2 1 [t, CH1 Max, CH2 Max] every 1 s"},
         {"t,Min,Max\n0,1,9\n1,2,8\n", "Min: 1 2 [t, Max] every 1 s"},
+        {"Frequency (Hz),Time,A\n10,0,5\n20,1,6\n", "A: 5 6 [Frequency (Hz), Time] every 1 s"},
         {"Time,Frequency (Hz)\n0,1000\n1,1001\n", "Frequency (Hz): 1000 1001 [Time] every 1 s"},  // of a counter
         {"Time,Channel,B\n0,5,1\n1,6,2\n2,7,1\n", "Channel: 5 6 7; B: 1 2 1 [Time] every 1 s"},
     });
@@ -138,6 +140,9 @@ TEST(RecordingForms, HeadersWithNumbers) {
         {"3\n5\n15\n25\n", "column 1: 3 5 15 25"},
         {"0,1,2\n0,.5,1.5\n.1,.6,1.4\n.2,.5,1.5\n", "column 2: 0.5 0.6 0.5; column 3: 1.5 1.4 1.5 [column 1]"},
         {"1,2\n.6,1.5\n.5,1.4\n", "column 1: 0.6 0.5; column 2: 1.5 1.4"},
+        {"0,1\n.1,.9\n.0,.8\n", "column 1: 0 0.1 0; column 2: 1 0.9 0.8"},
+        {"0,1,2\n.1,.6,1.4\n.2,.5,1.5\n", "column 2: 1 0.6 0.5; column 3: 2 1.4 1.5 [column 1]"},
+        {"4 1e-6\n.5\n1.5\n", "column 1: 0.5 1.5"},
         {"1,3\n.5,1.5\n.6,1.4\n", "column 1: 1 0.5 0.6; column 2: 3 1.5 1.4"},
         // Units of the time are none of the channels; a key for each channel; remarks that are no titles
         {"TraceName,A,B\nVUnit,V,A\nHResolution,1e-6,1e-6\nHUnit,s,s\n,.1,.2\n,.3,.1\n",

@@ -45,6 +45,7 @@ TEST(RecordingFaults, EachSaysWhatIsWrong) {
          {},
          "Several channels stand in one column, one below the other, as column 2 \"Sensor\" tells (left, right)."},
         {"channel,value\nA,1.5\nA,1.7\nB,2.5\nB,2.7\n", {}, "Several channels stand in one column, one below the"},
+        {"09\n24\nFE\n1D\n3B\n", {}, "Line 3 is \"FE\", as in a list of hexadecimal numbers, which are not read."},
         {"A0:254,A1:3\nA0:25,A1:4\n", {}, "No cell of the file is a number; line 1 is \"A0:254,A1:3\"."},
         {{"1,2\n3\0,4\n", 9}, {}, "The file holds zero bytes, so it is no plain text."}};
     for (const auto& [text, choice, sentence] : cases) {
