@@ -68,8 +68,8 @@ LineSource::LineSource(QIODevice& device, qint64 from, qint64 most)
     const QByteArray head = device_.peek(3);
     isUtf16_ = head.startsWith("\xFF\xFE") || head.startsWith("\xFE\xFF");
     if (isUtf16_) {
-        isLittleEnd_ = head.startsWith("\xFF\xFE");
-        utf16_ = QStringDecoder(isLittleEnd_ ? QStringDecoder::Utf16LE : QStringDecoder::Utf16BE);
+        const bool littleEnd = head.startsWith("\xFF\xFE");
+        utf16_ = QStringDecoder(littleEnd ? QStringDecoder::Utf16LE : QStringDecoder::Utf16BE);
         from = std::max<qint64>(from - from % 2, 2);
     } else if (head.startsWith("\xEF\xBB\xBF")) {
         from = std::max<qint64>(from, 3);
@@ -142,10 +142,7 @@ bool LineSource::Refill() {
     const QByteArrayView piece(piece_.constData(), std::max<qint64>(got, 0));
     bytesRead_ += piece.size();
     if (isUtf16_) {
-        undecoded_.append(piece);
-        const qsizetype whole = ended_ ? undecoded_.size() : WholeCharacters();
-        buffer_ += QString(utf16_(QByteArrayView(undecoded_).first(whole))).toStdString();
-        undecoded_.remove(0, whole);
+        buffer_ += QString(utf16_(piece)).toStdString();
     } else {
         buffer_.append(piece.data(), static_cast<std::size_t>(piece.size()));
     }
@@ -157,14 +154,6 @@ bool LineSource::Refill() {
     return true;
 }
 
-// The bytes of UTF-16 that do not end within a character: cut off there, a wrong one would read in another way.
-qsizetype LineSource::WholeCharacters() const {
-    const qsizetype units = undecoded_.size() / 2;
-    const qsizetype high = 2 * units - (isLittleEnd_ ? 1 : 2);  // byte of the last unit
-    const bool isFirstOfTwo = units > 0 && (static_cast<unsigned char>(undecoded_[high]) & 0xFCU) == 0xD8U;
-    return 2 * (isFirstOfTwo ? units - 1 : units);
-}
-
 void LineSource::EndAtZeroByte(std::size_t newFrom) {
     const std::size_t zero = buffer_.find('\0', newFrom);
     if (zero == std::string::npos) {
@@ -173,7 +162,7 @@ void LineSource::EndAtZeroByte(std::size_t newFrom) {
     const auto isText = [](char byte) { return byte != '\0' && byte != '\x1A' && byte != '\r' && byte != '\n'; };
     isBinary_ = std::any_of(buffer_.begin() + static_cast<std::ptrdiff_t>(zero), buffer_.end(), isText);
     for (QByteArray rest; !isBinary_ && !(rest = device_.read(kReadBytes)).isEmpty();) {
-        isBinary_ = std::any_of(rest.begin(), rest.end(), isText);
+        isBinary_ = std::ranges::any_of(isUtf16_ ? QString(utf16_(rest)).toStdString() : rest.toStdString(), isText);
     }
     buffer_.resize(zero);
     ended_ = true;

@@ -33,15 +33,12 @@ class LineSource {
   private:
     std::size_t FindEnd();
     bool Refill();
-    qsizetype WholeCharacters() const;
     void EndAtZeroByte(std::size_t newFrom);
     std::string_view Normalised(std::string_view line);
 
     QIODevice& device_;
     QStringDecoder utf16_;
     bool isUtf16_ = false;
-    bool isLittleEnd_ = false;
-    QByteArray undecoded_;  // of UTF-16
     qint64 bytesRead_ = 0;
     qint64 bytesLeft_;
     QByteArray piece_;  // what was read last
