@@ -284,38 +284,6 @@ bool GoesOn(const Table& table, const TableBlock& block, const TableBlock& next)
            });
 }
 
-// The column in the rows from `from` to before `to`; it has no rows if it has no value there.
-BlockColumn PartOf(const Table& table, const TableBlock& block, const BlockColumn& column, std::size_t from,
-                   std::size_t to) {
-    BlockColumn part = column;
-    part.rows = part.values = part.holeLine = 0;
-    std::size_t begin = 0;  // row of the stretch
-    for (const std::size_t i : block.stretches) {
-        const Stretch& stretch = table.Stretches()[i];
-        const std::size_t end = begin + stretch.rows;
-        const Shape& shape = table.ShapeOf(stretch);
-        if (column.column < shape.codes.size() && HasValue(shape.codes[column.column])) {
-            part.firstValue += std::min(end, from) - std::min(begin, from);
-            const std::size_t first = std::max(begin, from);
-            const std::size_t last = std::min(end, to);
-            if (first < last) {
-                const bool isHole = part.rows > 0 && part.firstRow + part.rows < first - from;
-                if (part.rows == 0) {
-                    part.firstRow = first - from;
-                    part.firstLine = stretch.LineOf(first - begin);
-                } else if (isHole && part.holeLine == 0) {
-                    part.holeLine = LineOfRow(table, block, from + part.firstRow + part.rows);
-                }
-                part.rows = last - from - part.firstRow;
-                part.values += last - first;
-                part.lastLine = stretch.LineOf(last - 1 - begin);
-            }
-        }
-        begin = end;
-    }
-    return part;
-}
-
 void Join(TableBlock* block, const TableBlock& next) {
     for (std::size_t i = 0; i < block->columns.size(); ++i) {
         block->columns[i].rows += next.columns[i].rows;
@@ -363,20 +331,6 @@ bool IsSetting(const Table& table, const TableBlock& block, const BlockColumn& c
     };
     return 2 * column.values < most ||
            (column.values < most && column.column > 0 && std::ranges::all_of(block.stretches, hasKey));
-}
-
-TableBlock PieceOf(const Table& table, const TableBlock& block, std::size_t from, std::size_t to) {
-    TableBlock piece = block;
-    piece.columns.clear();
-    piece.rows = to - from;
-    piece.firstLine = LineOfRow(table, block, from);
-    piece.lastLine = LineOfRow(table, block, to - 1);
-    for (const BlockColumn& column : block.columns) {
-        if (const BlockColumn part = PartOf(table, block, column, from, to); part.rows > 0) {
-            piece.columns.push_back(part);
-        }
-    }
-    return piece;
 }
 
 }  // namespace recording

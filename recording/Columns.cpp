@@ -292,8 +292,9 @@ std::vector<Block> ReadColumns(Table& table, const TableBlock& block, const Head
         return {whole.Read()};
     }
     std::vector<Block> blocks;
-    for (const auto& [from, to] : pieces) {
-        const TableBlock piece = PieceOf(table, block, from, to);
+    Divider divider(table, block);
+    for (const Piece& rows : pieces) {
+        const TableBlock piece = divider.Next(rows);
         blocks.push_back(ColumnReader(table, piece, heading, facts).Read());
     }
     return blocks;

@@ -167,4 +167,60 @@ std::vector<Piece> FindPieces(const Table& table, const TableBlock& block, const
     return pieces;
 }
 
+Divider::Divider(const Table& table, const TableBlock& block)
+    : table_(table), block_(block), valuesAbove_(block.columns.size(), 0) {}
+
+const Stretch& Divider::At(std::size_t i) const { return table_.Stretches()[block_.stretches[i]]; }
+
+bool Divider::HasValueAt(std::size_t i, const BlockColumn& column) const {
+    const std::string& codes = table_.ShapeOf(At(i)).codes;
+    return column.column < codes.size() && HasValue(codes[column.column]);
+}
+
+TableBlock Divider::Next(const Piece& piece) {
+    for (; begin_ + At(index_).rows <= piece.from; begin_ += At(index_++).rows) {
+        for (std::size_t i = 0; i < valuesAbove_.size(); ++i) {
+            valuesAbove_[i] += HasValueAt(index_, block_.columns[i]) ? At(index_).rows : 0;
+        }
+    }
+    TableBlock part{.cells = block_.cells,
+                    .rows = piece.to - piece.from,
+                    .firstLine = At(index_).LineOf(piece.from - begin_),
+                    .headerLine = block_.headerLine,
+                    .headerEnd = block_.headerEnd};
+    for (std::size_t i = index_, begin = begin_; begin < piece.to; begin += At(i++).rows) {
+        part.stretches.push_back(block_.stretches[i]);
+        part.lastLine = At(i).LineOf(std::min(At(i).rows, piece.to - begin) - 1);
+    }
+    for (std::size_t i = 0; i < valuesAbove_.size(); ++i) {
+        if (const BlockColumn column = PartOf(block_.columns[i], valuesAbove_[i], piece); column.rows > 0) {
+            part.columns.push_back(column);
+        }
+    }
+    return part;
+}
+
+// The column in the rows of the piece; no rows if it has no value there.
+BlockColumn Divider::PartOf(const BlockColumn& column, std::size_t valuesAbove, const Piece& piece) const {
+    BlockColumn part = column;
+    part.firstValue += valuesAbove + (HasValueAt(index_, column) ? piece.from - begin_ : 0);
+    part.rows = part.values = part.holeLine = 0;
+    std::size_t lineBelow = 0;  // of the first row below those that have a value
+    for (std::size_t i = index_, begin = begin_; begin < piece.to; begin += At(i++).rows) {
+        const std::size_t first = std::max(begin, piece.from);
+        const std::size_t last = std::min(begin + At(i).rows, piece.to);
+        if (!HasValueAt(i, column)) {
+            lineBelow = lineBelow == 0 && part.rows > 0 ? At(i).LineOf(first - begin) : lineBelow;
+            continue;
+        }
+        part.holeLine = part.holeLine == 0 ? lineBelow : part.holeLine;
+        part.firstRow = part.rows == 0 ? first - piece.from : part.firstRow;
+        part.firstLine = part.rows == 0 ? At(i).LineOf(first - begin) : part.firstLine;
+        part.rows = last - piece.from - part.firstRow;
+        part.values += last - first;
+        part.lastLine = At(i).LineOf(last - 1 - begin);
+    }
+    return part;
+}
+
 }  // namespace recording

@@ -198,6 +198,11 @@ TEST(RecordingForms, BlocksBelowEachOther) {
         // Numbers of segments or channels, where no time tells
         {"Segment,A\n1,5\n1,6\n2,7\n2,6\n2,5\n", "A: 5 6 [Segment] || A: 7 6 5 [Segment]"},
         {"Channel,Voltage\n1,.5\n1,.6\n2,.7\n2,.6\n", "Voltage: 0.5 0.6 [Channel] || Voltage: 0.7 0.6 [Channel]"},
+        {"Segment,Time,A,B\n1,0,1,5\n1,1,2,\n1,2,1,6\n2,0,3,\n2,1,4,8\n2,2,3,7\n",
+         "A: 1 2 1; B: ! Line 3 has no number in column 4 \"B\", and others follow below. Take another column, or save "
+         "the "
+         "rows above or below that line alone. [Segment, Time] every 1 s || A: 3 4 3; B: 8 7 [Segment, Time] every 1 "
+         "s"},
         {"Segment,A\n1,5\n2,6\n3,5\n", "A: 5 6 5 [Segment]"},
         // The pages of a print are one recording.
         {"Index   time     v(out)\n-----------------------\n0\t0.0e+00\t1.0\n1\t1.0e-03\t2.0\n\f\nIndex   time     "
