@@ -77,7 +77,7 @@ class Assembly {
                        "the recording with one row for each sample.")
                 .arg(table.FirstLineWithValue());
         }
-        if (const QString fault = FaultOfHexadecimals(); !fault.isEmpty()) {
+        if (QString fault = FaultOfHexadecimals(); !fault.isEmpty()) {
             return fault;
         }
         return choice.byNumber ? QString() : FaultOfSideBySide(search);
@@ -151,12 +151,12 @@ class Assembly {
                 return {};
             }
             Heading own = FindHeading(table, block);
-            if (const QString fault = FaultOfCommas(table, block, own, guess); !fault.isEmpty()) {
+            if (QString fault = FaultOfCommas(table, block, own, guess); !fault.isEmpty()) {
                 return fault;
             }
             ResolveStamps(table, &block);
             heading = own.titleCells > 0 || heading.titles.empty() ? std::move(own) : heading;
-            if (const QString fault = FaultOfMixture(table, block, heading); !fault.isEmpty() && !choice.byNumber) {
+            if (QString fault = FaultOfMixture(table, block, heading); !fault.isEmpty() && !choice.byNumber) {
                 return fault;
             }
             Facts found = FindFacts(table, block, heading);
