@@ -9,8 +9,8 @@ namespace {
 using recording::Choice;
 
 struct Form {
-    const char* text;
-    const char* result;
+    const char* text = nullptr;
+    const char* result = nullptr;
     Choice choice = {};
 };
 
@@ -191,6 +191,8 @@ TEST(RecordingForms, BlocksBelowEachOther) {
         {"t,v\n0,1\n1,2\ntrigger here\n2,1\n3,2\n", "v: 1 2 1 2 [t] every 1 s"},
         {"t,v,w\n0,,5\n1,2,6\n2,3,5\n# x\n3,3,7\n4,4,7\n5,4,\n", "v: 2 3 3 4 4; w: 5 6 5 7 7 [t] every 1 s"},
         {"5\n4\n# mark\n6\n4\n", "column 1: 5 4 6 4"},
+        {"t,v\n0,1\n1,2\n# x\n2,1\n0,5\n1,6\n2,5\n", "v: 1 2 1 [t] every 1 s || v: 5 6 5 [t] every 1 s"},
+        {"Rate: 1 kHz\nA\n1\n2\nB\n5\n4\n", "A: 1 2 every 1 ms || B: 5 4 every 1 ms"},
         {"foo\n1\n3\nbar\n5\n4\n", "foo: 1 3 || bar: 5 4"},
         {"t,v\n0,1\n1,2\n# again\n0,1\n1,2\n", "v: 1 2 [t] every 1 s || v: 1 2 [t] every 1 s"},
         {"t,v\n0,1\n1,2\n2,1\nmuch later\n9,1\n10,2\n", "v: 1 2 1 [t] every 1 s || v: 1 2 [t] every 1 s"},
@@ -210,6 +212,10 @@ TEST(RecordingForms, BlocksBelowEachOther) {
          "-----------------------\n2\t2.0e-03\t3.0\n3\t3.0e-03\t2.0\n",
          "v(out): 1 2 3 2 [Index, time] every 1 ms"},
     });
+    const recording::Outcome apart = ReadBytes("0 1 7\n1 2 7\n2 1 7\n\n0 5\n1 6\n2 5 8\n");
+    const recording::Block& second = apart.recording->blocks.at(1);
+    EXPECT_TRUE(second.firstLine == 5 && second.lastLine == 7 && second.columns[1].firstLine == 5);
+    EXPECT_TRUE(second.columns[2].firstLine == 7 && second.columns[2].rowsLeftOut == 2);
     std::string run = "1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n";  // long enough for a recording
     EXPECT_EQ(ReadBytes(QByteArray::fromStdString(run + "\n" + run + "\n" + run)).recording->blocks.size(), 3U);
     EXPECT_EQ(ReadBytes(QByteArray::fromStdString(run + "\n" + run + "3\n")).recording->blocks.size(), 1U);
