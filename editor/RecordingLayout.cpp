@@ -37,9 +37,6 @@ QComboBox* MakeChoice(const QString& name, const QString& accessible,
 QLineEdit* MakeCopied(const char* name, const char* accessible, QWidget* parent) {
     auto* const field = Named(new QLineEdit(parent), QString::fromLatin1(name), QString::fromLatin1(accessible));
     field->setReadOnly(true);
-    // Room for the longest of them, whatever the scale of the desktop makes of its digits.
-    field->setMinimumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("0000.00000000")) +
-                           4 * field->fontMetrics().averageCharWidth());
     return field;
 }
 
@@ -101,7 +98,7 @@ void RecordingWindow::MakeResult() {
     level = MakeCopied("level", "Level that reproduces the recording, Vpp", this);
     offset = MakeCopied("offset", "Offset that reproduces the recording, V", this);
     for (QLineEdit* const field : {frequency, level, offset}) {
-        KeepRoomFor(field, QStringLiteral("000.00000"), kGap);
+        KeepRoomFor(field, QStringLiteral("000.0000000000"), kGap);  // the longest of them, in MHz
     }
     frequencyUnit = MakeLabel(QStringLiteral("frequencyUnit"), QString(), this);
     KeepRoomFor(frequencyUnit, QStringLiteral("MHz "));

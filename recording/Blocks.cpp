@@ -333,25 +333,4 @@ bool IsSetting(const Table& table, const TableBlock& block, const BlockColumn& c
            (column.values < most && column.column > 0 && std::ranges::all_of(block.stretches, hasKey));
 }
 
-TableBlock PieceOf(const Table& table, const TableBlock& block, std::size_t from, std::size_t to) {
-    TableBlock piece = block;
-    piece.columns.clear();
-    piece.rows = to - from;
-    piece.firstLine = LineOfRow(table, block, from);
-    piece.lastLine = LineOfRow(table, block, to - 1);
-    for (BlockColumn column : block.columns) {
-        const std::size_t begin = std::max(column.firstRow, from);
-        const std::size_t end = std::min(column.firstRow + column.rows, to);
-        if (begin < end && column.holeLine == 0) {
-            column.firstValue += begin - column.firstRow;
-            column.firstRow = begin - from;
-            column.rows = column.values = end - begin;
-            column.firstLine = LineOfRow(table, block, begin);
-            column.lastLine = LineOfRow(table, block, end - 1);
-            piece.columns.push_back(column);
-        }
-    }
-    return piece;
-}
-
 }  // namespace recording

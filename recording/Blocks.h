@@ -51,8 +51,4 @@ std::size_t LineOfRow(const Table& table, const TableBlock& block, std::size_t r
 // The column holds settings beside the samples: numbers in few of the rows, or with a key in front of each.
 bool IsSetting(const Table& table, const TableBlock& block, const BlockColumn& column);
 
-// The rows from `from` to before `to` as a block of their own, without columns that have holes. It has the header of
-// the whole.
-TableBlock PieceOf(const Table& table, const TableBlock& block, std::size_t from, std::size_t to);
-
 }  // namespace recording

@@ -3,17 +3,16 @@
 #include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
+#include "recording/Pieces.h"
 #include "recording/Roles.h"
 
 namespace recording {
 namespace {
 
 constexpr std::size_t kFewestValues = 2;
-constexpr std::size_t kMostHeaderRows = 4;  // of numbers alone
-constexpr qsizetype kShown = 40;            // of a text, in a sentence
-constexpr std::size_t kLinesToShow = 20;    // in which a text is sought that is no number
+constexpr qsizetype kShown = 40;          // of a text, in a sentence
+constexpr std::size_t kLinesToShow = 20;  // in which a text is sought that is no number
 
 class ColumnReader {
   public:
@@ -26,35 +25,7 @@ class ColumnReader {
         NameByFacts();
     }
 
-    // The rows that are samples, from the first to before the last: not those at the top that are numbers of a header,
-    // nor a few at either end in which no time stands though the others have one.
-    std::pair<std::size_t, std::size_t> RowsOfSamples() const {
-        std::size_t from = block_.rows;
-        std::size_t to = 0;
-        for (const Candidate& candidate : candidates_) {
-            const bool isSure = &candidate == &candidates_.front() || candidate.title.Means() == Meaning::Time;
-            if (candidate.IsAxis() && isSure && !candidate.values.empty()) {
-                from = std::min(from, candidate.place->firstRow);
-                to = std::max(to, candidate.place->firstRow + candidate.place->rows);
-            }
-        }
-        const bool isCut = from <= kMostHeaderRows && block_.rows - to <= kMostHeaderRows;
-        const std::pair rows(std::max(isCut ? from : 0, RowsOfHeader()), isCut ? to : block_.rows);
-        return rows.first + kFewestValues <= rows.second ? rows : std::pair(std::size_t{0}, block_.rows);
-    }
-
-    // Rows at which the time, or the index, begins again.
-    std::vector<std::size_t> Restarts() const {
-        for (const Candidate& candidate : candidates_) {
-            if (candidate.IsAxis() && !candidate.course.restarts.empty()) {
-                std::vector<std::size_t> rows;
-                std::ranges::transform(candidate.course.restarts, std::back_inserter(rows),
-                                       [&](std::size_t row) { return row + candidate.place->firstRow; });
-                return rows;
-            }
-        }
-        return {};
-    }
+    std::span<const Candidate> Candidates() const { return candidates_; }
 
     Block Read() const {
         Block block{.firstLine = block_.firstLine, .lastLine = block_.lastLine, .rows = block_.rows};
@@ -71,27 +42,6 @@ class ColumnReader {
     }
 
   private:
-    // Behind them the first column rises evenly, and no title says that it is anything but a time.
-    std::size_t RowsOfHeader() const {
-        constexpr std::size_t kFewestBehind = 8;
-        const Candidate& first = candidates_.front();
-        const bool mayBeTime = first.title.name.isEmpty() ? heading_.titleCells == 0 : MayBeAxis(first.title);
-        if (!mayBeTime || candidates_.size() < 2 || first.course.rises || first.place->hasStamps) {
-            return 0;
-        }
-        for (std::size_t rows = 1; rows <= kMostHeaderRows && rows + kFewestBehind <= first.values.size(); ++rows) {
-            if (CourseOf(first.values.subspan(rows)).isEven) {
-                return rows + first.place->firstRow;
-            }
-        }
-        return 0;
-    }
-
-    static bool MayBeAxis(const Title& title) {
-        const Meaning meaning = title.Means();
-        return meaning == Meaning::Time || meaning == Meaning::MaybeTime || meaning == Meaning::Index;
-    }
-
     Candidate Look(const BlockColumn& column, bool isSetting) {
         Candidate candidate{.place = &column, .title = heading_.titles[column.column], .isSetting = isSetting};
         if (column.values == column.rows) {
@@ -181,7 +131,7 @@ class ColumnReader {
 
     // A column of texts that begin as numbers do: with a unit that nobody knows, or the other decimal mark.
     std::optional<Column> UnreadColumn(std::size_t index) const {
-        static const QRegularExpression number(QStringLiteral(R"(^[+-]?\s*[.,]?\d)"));
+        static const QRegularExpression number(QStringLiteral(R"(^[$<>=~('"]*[+-]?\s*[.,]?\d)"));
         std::size_t words = 0;
         for (const std::size_t i : block_.stretches) {
             const Stretch& stretch = table_.Stretches()[i];
@@ -337,25 +287,17 @@ class ColumnReader {
 
 std::vector<Block> ReadColumns(Table& table, const TableBlock& block, const Heading& heading, const Facts& facts) {
     const ColumnReader whole(table, block, heading, facts);
-    std::vector<std::size_t> ends = whole.Restarts();
-    auto [from, to] = whole.RowsOfSamples();
-    if (ends.empty() && from == 0 && to == block.rows) {
+    const std::vector<Piece> pieces = FindPieces(table, block, heading, whole.Candidates());
+    if (pieces.empty()) {
         return {whole.Read()};
     }
-    ends.push_back(to);
-    std::vector<Block> pieces;
-    for (const std::size_t end : ends) {
-        if (end < from + kFewestValues) {
-            continue;
-        }
-        const TableBlock piece = PieceOf(table, block, from, end);
-        pieces.push_back(ColumnReader(table, piece, heading, facts).Read());
-        from = end;
+    std::vector<Block> blocks;
+    Divider divider(table, block);
+    for (const Piece& rows : pieces) {
+        const TableBlock piece = divider.Next(rows);
+        blocks.push_back(ColumnReader(table, piece, heading, facts).Read());
     }
-    if (pieces.empty()) {
-        pieces.push_back(whole.Read());
-    }
-    return pieces;
+    return blocks;
 }
 
 }  // namespace recording

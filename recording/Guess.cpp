@@ -92,7 +92,8 @@ CommaSigns ReadCommaSigns(const Lines& rows) {
     for (const string_view row : rows) {
         const std::vector<string_view> cells = SplitCells(row, ',');
         signs.onePair = signs.onePair && cells.size() <= 2;
-        signs.mayBeDecimal = signs.mayBeDecimal && (cells.size() == 1 || cells.size() % 2 == 0);
+        const bool hasGaps = row.find(", ") != string_view::npos || row.find(" ,") != string_view::npos;
+        signs.mayBeDecimal = signs.mayBeDecimal && !hasGaps && (cells.size() == 1 || cells.size() % 2 == 0);
         for (std::size_t i = 0; i < cells.size(); ++i) {
             const bool isFraction = i % 2 == 1;
             const string_view number = isFraction ? WithoutExponent(cells[i]) : cells[i];
@@ -152,7 +153,9 @@ void FindDecimalMark(const Lines& rows, Guess* guess) {
 }
 
 void DoubtComma(const Lines& rows, Guess* guess) {
-    if (const CommaSigns signs = ReadCommaSigns(rows); signs.mayBeDecimal && signs.isDecimal) {
+    const CommaSigns signs = ReadCommaSigns(rows);
+    guess->commaMayBeDecimal = signs.mayBeDecimal && signs.onePair;
+    if (signs.mayBeDecimal && signs.isDecimal) {
         guess->commasAreBoth = !signs.onePair;
         if (signs.onePair) {
             guess->form = {.separator = '\0', .numbers = {.decimalMark = ','}};

@@ -14,6 +14,7 @@ struct Guess {
     Form form;
     // Nothing but the comma separates cells, and nobody has said that it does: it may be the decimal mark after all.
     bool commaByGuess = false;
+    bool commaMayBeDecimal = false;  // it stands between two whole numbers in each line
     // Commas stand between the cells and are decimal marks too: no reading is right.
     bool commasAreBoth = false;
     // A number that shows no more than the others what its comma means; empty if the meaning is clear.

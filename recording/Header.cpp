@@ -139,7 +139,9 @@ void TakeHeaderLine(const QStringList& cells, FactReader* reader) {
             reader->Take(*entry);
         } else if (i == 0) {
             static const QRegularExpression marks(QStringLiteral("^[#%;\\s]+"));
-            reader->Take({QString(cells[0]).remove(marks), cells.mid(1), 1});
+            QStringList values = cells.mid(1);
+            values.removeAll(cells[0]);  // the same key for each channel
+            reader->Take({QString(cells[0]).remove(marks), values, 1});
         }
     }
 }

@@ -31,19 +31,20 @@ KeyText ReadKey(const QString& text) {
     static const std::pair<QRegularExpression, Key> keys[] = {
         {Whole("(?:sampl(?:e|ing)|time|t|x|x axis|h|horiz(?:ontal)?|horz|log(?:ging)?|scan|measure(?:ment)?|"
                "record(?:ing)?) ?(?:interval|increment|incr|inc|step|spacing|resolution)|"
-               "(?:sampl(?:e|ing)|scan|logging) ?period|interval|increment|dt|delta|delta t|deltat|sampl(?:e|ing) "
+               "(?:sampl(?:e|ing)|scan|logging) ?period|interval|increment|dt|delta|delta [tx]|deltat|sampl(?:e|ing) "
                "time|time per sample"),
          Key::Interval},
         {Whole("(?:sampl(?:e|ing)|scan|acquisition|log(?:ging)?) ?(?:rate|frequency|freq)|fs|rate|samples per second"),
          Key::Rate},
         {Whole("(?:h|horiz(?:ontal)?|horz|x|time|x axis) ?units?"), Key::TimeUnit},
-        {Whole("(?:(?:v|vert(?:ical)?|y|y axis|channel|signal) ?)?units?"), Key::Unit},
+        {Whole("(?:(?:v|vert(?:ical)?|y|y axis|channel|signal) ?)?units?(?: labels?)?|einheit(?:en)?"), Key::Unit},
         {Whole("(?:source|channel|trace|signal|waveform|label|name|title|ch)s?(?: ?(?:name|label)s?)?"), Key::Name}};
-    const Title title = ReadTitle(text);
-    const QString words = Words(title.name);
-    for (const auto& [pattern, key] : keys) {
-        if (pattern.match(words).hasMatch()) {
-            return {key, ReadUnit(title.unit.toStdString())};
+    for (const Title& title : {ReadTitle(text), Title{text, {}}}) {  // "samples per second" has no unit behind it
+        const QString words = Words(title.name);
+        for (const auto& [pattern, key] : keys) {
+            if (pattern.match(words).hasMatch()) {
+                return {key, ReadUnit(title.unit.toStdString())};
+            }
         }
     }
     return {};

@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "recording/Addressed.h"
@@ -9,6 +10,7 @@
 #include "recording/Guess.h"
 #include "recording/Instants.h"
 #include "recording/Keys.h"
+#include "recording/Mixture.h"
 #include "recording/Text.h"
 
 namespace recording {
@@ -32,7 +34,7 @@ class Assembly {
         BlockSearch search = FindBlocks(table, choice.byNumber);
         QString fault = FaultOfText(guess, choice, search);
         if (fault.isEmpty()) {
-            fault = ReadBlocks(search, guess, progress);
+            fault = ReadBlocks(search, guess, choice, progress);
         }
         if (isCancelled_) {
             return {};
@@ -75,7 +77,30 @@ class Assembly {
                        "the recording with one row for each sample.")
                 .arg(table.FirstLineWithValue());
         }
+        if (QString fault = FaultOfHexadecimals(); !fault.isEmpty()) {
+            return fault;
+        }
         return choice.byNumber ? QString() : FaultOfSideBySide(search);
+    }
+
+    // In a list of hexadecimal numbers those without a letter look like a recording.
+    QString FaultOfHexadecimals() const {
+        static const QRegularExpression number(QStringLiteral("^(?=.*[A-Fa-f])[0-9A-Fa-f]{2,8}$"));
+        constexpr std::size_t kOneOf = 4;  // lines with a cell
+        std::size_t count = 0;
+        Table::Line first;
+        for (const Table::Line& line : recording_.table_->Texts(1, static_cast<std::size_t>(-1))) {
+            if (QString::fromStdString(line.text).trimmed().contains(number)) {
+                first = count++ == 0 ? line : first;
+            }
+        }
+        return kOneOf * count < recording_.table_->LinesWithCells()
+                   ? QString()
+                   : QStringLiteral(
+                         "Line %1 is \"%2\", as in a list of hexadecimal numbers, which are not read. "
+                         "Save the recording with decimal numbers.")
+                         .arg(first.number)
+                         .arg(QString::fromStdString(first.text).trimmed());
     }
 
     // The samples of a recording may stand in one line, the times in another.
@@ -116,7 +141,7 @@ class Assembly {
             .arg(QString::fromStdString(line.text).left(kShown), remedy);
     }
 
-    QString ReadBlocks(BlockSearch& search, const Guess& guess, const Progress& progress) {
+    QString ReadBlocks(BlockSearch& search, const Guess& guess, const Choice& choice, const Progress& progress) {
         Table& table = *recording_.table_;
         Heading heading;
         Facts facts;
@@ -126,15 +151,14 @@ class Assembly {
                 return {};
             }
             Heading own = FindHeading(table, block);
-            if (IsDoubtful(table, block, own, guess)) {
-                return QStringLiteral(
-                           "Line %1 has more cells than titles stand above it, so that its commas may be "
-                           "decimal marks. Save the recording with semicolons between the cells or with "
-                           "decimal points, or choose the separator, the decimal mark or the columns.")
-                    .arg(block.firstLine);
+            if (QString fault = FaultOfCommas(table, block, own, guess); !fault.isEmpty()) {
+                return fault;
             }
             ResolveStamps(table, &block);
             heading = own.titleCells > 0 || heading.titles.empty() ? std::move(own) : heading;
+            if (QString fault = FaultOfMixture(table, block, heading); !fault.isEmpty() && !choice.byNumber) {
+                return fault;
+            }
             Facts found = FindFacts(table, block, heading);
             found.TakeFrom(facts);
             facts = std::move(found);
@@ -154,14 +178,56 @@ class Assembly {
         return {};
     }
 
-    // Whole numbers between commas that nobody calls separators, and more of them than titles.
-    bool IsDoubtful(const Table& table, const TableBlock& block, const Heading& heading, const Guess& guess) const {
+    // Whole numbers between commas that nobody calls separators: more of them than titles, or two without any.
+    QString FaultOfCommas(const Table& table, const TableBlock& block, const Heading& heading,
+                          const Guess& guess) const {
         const bool isFirst = recording_.blocks.empty();  // above the others may stand remarks
         const std::size_t titles = heading.titleCells > 0 || !isFirst ? heading.titleCells : WordsAbove(table, block);
-        return guess.commaByGuess && titles > 0 && titles < block.columns.back().column + 1 &&
-               std::ranges::none_of(block.columns, [&](const BlockColumn& column) {
-                   return table.HasMarks(column.column, block.firstLine, block.lastLine);
-               });
+        const bool hasMarks = std::ranges::any_of(block.columns, [&](const BlockColumn& column) {
+            return table.HasMarks(column.column, block.firstLine, block.lastLine);
+        });
+        if (!guess.commaByGuess || hasMarks) {
+            return {};
+        }
+        const QString remedy = QStringLiteral(
+            "Save the recording with semicolons between the cells or with decimal points, or choose the separator, "
+            "the decimal mark or the columns.");
+        if (titles > 0 && titles < block.columns.back().column + 1) {
+            return QStringLiteral(
+                       "Line %1 has more cells than titles stand above it, so that its commas may be "
+                       "decimal marks. %2")
+                .arg(block.firstLine)
+                .arg(remedy);
+        }
+        if (titles == 0 && isFirst && guess.commaMayBeDecimal && !ShowsTwoColumns(table, block)) {
+            return QStringLiteral("The commas from line %1 on may be decimal marks, or separate two columns. %2")
+                .arg(block.firstLine)
+                .arg(remedy);
+        }
+        return {};
+    }
+
+    // Two columns of whole numbers: the first one counts, or the header has commas between its cells.
+    static bool ShowsTwoColumns(const Table& table, const TableBlock& block) {
+        constexpr std::size_t kFewestSteps = 3;
+        const std::vector<Table::Line> lines = table.Texts(block.headerLine, block.headerEnd - 1);
+        const bool hasCells = std::ranges::any_of(lines, [](const Table::Line& line) {
+            return line.text.find(", ") == std::string::npos && SplitCells(line.text, ',').size() > 1;
+        });
+        if (hasCells || block.columns.size() != 2) {
+            return true;
+        }
+        const auto valuesOf = [&table](const BlockColumn& column) {
+            return std::span(table.Values(column.column)).subspan(column.firstValue, column.values);
+        };
+        const std::span<const double> first = valuesOf(block.columns[0]);
+        const std::span<const double> second = valuesOf(block.columns[1]);
+        const auto counts = [](std::span<const double> values) {
+            const auto isOther = [step = values[1] - values[0]](double a, double b) { return b - a != step; };
+            return values[1] > values[0] && std::ranges::adjacent_find(values, isOther) == values.end();
+        };
+        return first.size() > kFewestSteps && (counts(first) || counts(first.subspan(1))) &&
+               std::ranges::min(second) < std::ranges::max(second);
     }
 
     // 1 if the line above the block is one text that may be a title, and no key with its value.

@@ -62,6 +62,7 @@ class Roles {
         GuessRestarts();
         ChooseTimes();
         ChooseIndex();
+        FindMeasuredFrequency();
         LeaveOutLines();
         LeaveOutNumbersOfChannels();
         GuessTime();
@@ -115,6 +116,16 @@ class Roles {
                 const bool counts = &candidate == &candidates_.front() && candidate.course.countsUp;
                 candidate.meaning = !isKnown && counts ? Meaning::Index : Meaning::Channel;
             }
+        }
+    }
+
+    // Behind a time a frequency that rises is a channel, as a counter records it.
+    void FindMeasuredFrequency() {
+        bool isBehindTime = false;
+        for (Candidate& candidate : candidates_) {
+            isBehindTime = isBehindTime || (candidate.meaning == Meaning::Time && !candidate.isGuess);
+            const bool isMeasured = isBehindTime && candidate.meaning == Meaning::Axis;
+            candidate.meaning = isMeasured ? Meaning::Channel : candidate.meaning;
         }
     }
 

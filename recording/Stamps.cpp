@@ -62,6 +62,18 @@ double TakeFraction(string_view* text) {
     return DigitsAt(digits) / std::pow(10.0, static_cast<double>(digits.size()));
 }
 
+// Takes the last part of "12:30:05:250", as some loggers part the thousandths from the seconds; else 0.
+double TakeThousandths(string_view* text) {
+    constexpr std::size_t kDigits = 3;
+    const std::size_t colon = text->rfind(':');
+    if (std::ranges::count(*text, ':') != 3 || text->size() != colon + 1 + kDigits) {
+        return 0.0;
+    }
+    const double value = DigitsAt(text->substr(colon + 1));
+    *text = text->substr(0, colon);
+    return value / 1000.0;
+}
+
 // "Z" or "+01:00" behind the time.
 void DropZone(string_view* text) {
     constexpr std::size_t kZone = 6;
@@ -85,6 +97,7 @@ double TakeClock(string_view* text, bool* isTwoParts) {
     const std::size_t length = text->size();
     const double fraction = TakeFraction(text);
     const bool hasFraction = text->size() < length;
+    const double thousandths = hasFraction ? 0.0 : TakeThousandths(text);
     std::array<double, 3> parts{};
     std::size_t count = 0;
     for (bool more = true; more && count < parts.size(); ++count) {
@@ -93,8 +106,14 @@ double TakeClock(string_view* text, bool* isTwoParts) {
         text->remove_suffix(more ? 1 : 0);
     }
     *isTwoParts = count == 2 && !hasFraction && half < 0.0;
-    const double last = count == 3 || hasFraction ? 1.0 : kMinute;  // two parts are hours and minutes
-    const double seconds = fraction + last * (parts[0] + 60.0 * (parts[1] + 60.0 * parts[2]));
+    const bool hasSeconds = count == 3 || hasFraction;  // two parts are hours and minutes
+    const bool isLetter =
+        !text->empty() && text->back() != 'T' && (text->back() | 0x20) >= 'a' && (text->back() | 0x20) <= 'z';
+    if (isLetter || parts[0] > kMinute || (count == 3 && parts[1] >= kMinute)) {
+        return kNoTime;  // "A0:254" is none
+    }
+    const double seconds =
+        fraction + thousandths + (hasSeconds ? 1.0 : kMinute) * (parts[0] + kMinute * (parts[1] + kMinute * parts[2]));
     return half >= 0.0 ? std::fmod(seconds, kHalfDay) + half : seconds;
 }
 

@@ -162,7 +162,7 @@ void LineSource::EndAtZeroByte(std::size_t newFrom) {
     const auto isText = [](char byte) { return byte != '\0' && byte != '\x1A' && byte != '\r' && byte != '\n'; };
     isBinary_ = std::any_of(buffer_.begin() + static_cast<std::ptrdiff_t>(zero), buffer_.end(), isText);
     for (QByteArray rest; !isBinary_ && !(rest = device_.read(kReadBytes)).isEmpty();) {
-        isBinary_ = std::any_of(rest.begin(), rest.end(), isText);
+        isBinary_ = std::ranges::any_of(isUtf16_ ? QString(utf16_(rest)).toStdString() : rest.toStdString(), isText);
     }
     buffer_.resize(zero);
     ended_ = true;

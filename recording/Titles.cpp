@@ -54,6 +54,8 @@ bool IsKeyOfCells(const QString& cell) {
 
 Cell Read(const QString& cell) { return ReadCell(cell.toStdString(), {}); }
 
+bool IsWord(const QString& cell) { return Read(cell).kind == CellKind::Word; }
+
 // The parts of a cell between semicolons, commas or wide gaps: a header may have another separator than its samples.
 QStringList PartsOf(const QString& cell) {
     static const QRegularExpression gap(QStringLiteral(R"(\s*\t+\s*| {2,})"));
@@ -74,14 +76,18 @@ class HeaderLine {
   public:
     HeaderLine(const Table& table, const TableBlock& block, const std::string& text)
         : block_(block), cells_(WordCells(text, table.CellForm().separator, block.cells)) {
-        if (cells_.isEmpty() || !IsKeyOfCells(cells_[0])) {
+        const bool hasKey = !cells_.isEmpty() && IsKeyOfCells(cells_[0]);
+        isProse_ = table.CellForm().separator == ' ' && Size() > block.cells + (hasKey ? 1 : 0);
+        isOfTime_ = !cells_.isEmpty() && ReadKey(cells_[0]).key == Key::TimeUnit;
+        if (!hasKey) {
             return;
         }
-        firstIsTitle_ = Size() == block.cells && block.columns.front().column == 0 && NamesAnAxis();
+        const bool hasNumbers = block.columns.front().column == 0;  // below
+        firstIsTitle_ = Size() == block.cells && ((hasNumbers && NamesAnAxis()) || NamesAQuantity());
         if (Size() == block.cells + 1) {
             cells_.removeFirst();
         } else if (!firstIsTitle_) {
-            cells_[0].clear();
+            std::ranges::replace(cells_, QString(cells_[0]), QString());  // the same key may stand for each channel
         }
     }
 
@@ -95,6 +101,9 @@ class HeaderLine {
     // Whether the line holds units; with fillers alone it may be one of titles.
     Units HasUnits() const {
         Units units = Units::No;
+        if (isOfTime_) {
+            return units;
+        }
         for (const QString& cell : cells_) {
             const Cell read = Read(cell);
             const bool isUnit = Size() == 1 ? UnitNamed(UnitOfCell(cell)).has_value() : !UnitOfCell(cell).isEmpty();
@@ -111,6 +120,9 @@ class HeaderLine {
 
     // Titles for at least half of the columns. Channels may be numbered, if their units stand below.
     bool MayBeTitles(bool hasUnits) const {
+        if (Size() == 1 && std::ranges::none_of(cells_[0].split(u' '), IsWord)) {
+            return false;
+        }
         std::size_t words = 0;
         for (const BlockColumn& column : block_.columns) {
             const QString cell = At(column.column);
@@ -121,7 +133,8 @@ class HeaderLine {
             }
             words += cell.isEmpty() ? 0 : 1;
         }
-        return words > 0 && 2 * words >= block_.columns.size() && (Size() > 1 || block_.cells == 1) && !HasPair();
+        return words > 0 && 2 * words >= block_.columns.size() && (Size() > 1 || block_.cells == 1) && !HasPair() &&
+               !isOfTime_ && !isProse_;
     }
 
     // Units are among the words, and nothing that is known as a title.
@@ -157,6 +170,14 @@ class HeaderLine {
         });
     }
 
+    bool NamesAQuantity() const {
+        static const QRegularExpression quantity(
+            QStringLiteral(R"(^(voltage|current|value|reading|spannung|strom|wert)\b)"),
+            QRegularExpression::CaseInsensitiveOption);
+        return std::any_of(cells_.begin() + 1, cells_.end(),
+                           [](const QString& cell) { return Matches(cell, quantity); });
+    }
+
     // "key = value" or "key: value" in place of a title; in a line of one cell also "key;value", and "[section]".
     bool HasPair() const {
         static const QRegularExpression keyOrSection(QStringLiteral("^\\[|[:=]"));
@@ -174,6 +195,8 @@ class HeaderLine {
     const TableBlock& block_;
     QStringList cells_;
     bool firstIsTitle_ = false;
+    bool isProse_ = false;   // between blanks, more words than cells
+    bool isOfTime_ = false;  // a key says that its units are those of the time
 };
 
 }  // namespace
@@ -208,8 +231,8 @@ Meaning Title::Means() const {
         R"(^((sample|point|row|record|data|scan|step|line|sequence)s? ?(index|idx|no\.?|nr\.?|num|number|count|#)?|index|idx|no\.?|nr\.?|number|count|counter|address|n|#)$)"));
     static const QRegularExpression segment(QStringLiteral(
         R"(^(segment|seg|sweep|frame|run|cycle|acq|acquisition|waveform|event|page)s? ?(index|no\.?|nr\.?|number|count|id|#)?$)"));
-    static const QRegularExpression whichChannel(
-        QStringLiteral(R"(^(ch|chan|channel|kanal|voie|canal|trace)s? ?(index|no\.?|nr\.?|number|id|#)?$)"));
+    static const QRegularExpression whichChannel(QStringLiteral(
+        R"(^((ch|chan|channel|kanal|voie|canal|trace)s? ?(index|no\.?|nr\.?|number|id|#)?|sensor ?(no\.?|nr\.?|number|id|#))$)"));
     static const QRegularExpression axis(QStringLiteral(R"(^(frequency|freq|f)$)"));
     static const QRegularExpression channel(QStringLiteral(
         R"((?<![a-z])(ch|chan|channel|kanal|voie|canal|c|m|d|math|ref|ai|ain|in|out|input|output|probe|trace|signal|volts?|voltage|spannung|tension|amps?|ampere|current|strom|ampl|amplitude|power|level|value|wert|temperature|temp)(?![a-z])|^[abcdvuiyp]\d*$|^[viup]\()"));
@@ -262,12 +285,17 @@ QStringList WordCells(const std::string& line, char separator, std::size_t cells
     if (isOneCell || static_cast<std::size_t>(apart.size()) == cells) {
         return apart;
     }
+    // A unit in brackets belongs to the word in front of it, or ends the words of each title.
+    const auto isUnit = [](const QString& word) { return word.endsWith(u')') || word.endsWith(u']'); };
+    const bool endsAll =
+        static_cast<std::size_t>(std::ranges::count_if(words, isUnit)) == cells && isUnit(words.last());
     QStringList joined;
-    for (const QString& word : words) {  // a unit in brackets belongs to the word in front of it
-        if (!joined.isEmpty() && (word.startsWith(u'(') || word.startsWith(u'['))) {
-            joined.last() += u' ' + word;
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        const bool isBracket = words[i].startsWith(u'(') || words[i].startsWith(u'[');
+        if (!joined.isEmpty() && (endsAll ? !isUnit(words[i - 1]) : isBracket)) {
+            joined.last() += u' ' + words[i];
         } else {
-            joined += word;
+            joined += words[i];
         }
     }
     return joined;

@@ -208,6 +208,35 @@ TEST_F(RecordingForm, ATableThatLacksAddressesSaysWhatIsRemoved) {
     EXPECT_TRUE(Ready());
 }
 
+TEST_F(RecordingForm, ATableIsDrawnByItsAddresses) {
+    OpenText("address,value\n1,2047\n0,0\n4095,-2047\n");
+    const QImage picture = PictureHands{Get<RecordingPreview>("preview")}.Shown();
+    const auto highest = [&picture](double place) {  // of the curve, as a part of the height from above
+        const int column = static_cast<int>(place * picture.width());
+        int row = 0;
+        while (row < picture.height() - 1 && picture.pixel(column, row) == picture.pixel(picture.width() - 2, 2)) {
+            ++row;
+        }
+        return static_cast<double>(row) / picture.height();
+    };
+    EXPECT_LT(highest(0.005), 0.2);
+    EXPECT_NEAR(highest(0.5), 0.5, 0.1);  // on the straight line down; by rows the peak would stand here
+}
+
+TEST_F(RecordingForm, ShowsAllDigitsOfTheSettings) {
+    for (const auto& [rate, sets] :
+         {std::pair("444444.444", u"444.3359371 kHz"), {"24691357.8024", u"24.6853296389 MHz"}}) {
+        OpenText("Sample Rate: " + QByteArray(rate) + " Hz\nV\n1\n-1\n");
+        EXPECT_TRUE(Sets().startsWith(sets)) << Sets();
+        auto* const field = Get<QLineEdit>("frequency");
+        field->setFocus();
+        field->end(false);
+        field->grab();  // a text that is too long moves to the left
+        EXPECT_EQ(field->cursorPositionAt({6, field->height() / 2}), 0) << rate;
+        Key(Qt::Key_Escape);
+    }
+}
+
 TEST_F(RecordingForm, AFaultIsToldAndTheUserMayOverruleTheGuess) {
     for (const auto& [text, says] :
          {std::pair("Dear Sir\n", "The file holds no numbers"), {"a,b\n1,2,3,4\n5,6,7,8\n", "Commas"}}) {
@@ -221,6 +250,7 @@ TEST_F(RecordingForm, AFaultIsToldAndTheUserMayOverruleTheGuess) {
     EXPECT_TRUE(Says("found").startsWith(u"The file can't be opened") && !Ready());
     Key(Qt::Key_Escape);
     OpenText("1,5\n2,5\n4,5\n");
+    EXPECT_TRUE(Says("found").startsWith(u"The commas from line 1 on may be decimal marks") && !Ready());
     Get("separator")->setFocus();
     QTest::keyClicks(Get("separator"), QStringLiteral("c"));
     AwaitWindow();

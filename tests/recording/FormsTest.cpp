@@ -9,8 +9,8 @@ namespace {
 using recording::Choice;
 
 struct Form {
-    const char* text;
-    const char* result;
+    const char* text = nullptr;
+    const char* result = nullptr;
     Choice choice = {};
 };
 
@@ -34,6 +34,7 @@ TEST(RecordingForms, TitlesAndUnits) {
          "1 (Volt): 1 2; 2 (Volt): 2 3 [x-axis (second)] every 1 ms"},
         {"Time,CH1\n[s],[V]\nSample,Sample\n0,1\n1,2\n", "CH1 (V): 1 2 [Time (s)] every 1 s"},
         {"Sample,ADC\n0,2048\n1,2050\n", "ADC: 2048 2050 [Sample]"},
+        {"Name;U1;U2\nEinheit;V;A\n0;1;2\n1;3;2\n", "U1 (V): 1 3; U2 (A): 2 2 [column 1]"},
         {"Channel name;;U1;U2\nUnit;s;V;A\n;0;1;2\n;1;2;3\n", "U1 (V): 1 2; U2 (A): 2 3 [column 2 (s)] every 1 s"},
         {"Time,5V,12V\n0,5.01,12.1\n1,5.02,12\n", "5V: 5.01 5.02; 12V: 12.1 12 [Time] every 1 s"},
         {"% time  ch1\n0 1\n1 2\n", "ch1: 1 2 [time] every 1 s"},
@@ -56,7 +57,7 @@ TEST(RecordingForms, WhichColumnsAreChannels) {
         {"foo,goo,baz\n0,0.5,3\n1,0.6,4\n2,0.7,3\n", "baz: 3 4 3 [foo, goo]"},  // both rise in line
         {"Time,Ramp\n0,0\n1,1\n2,2\n", "Ramp: 0 1 2 [Time] every 1 s"},         // a channel must be left
         {"0,1,3\n1,8,4\n2,9,3\n", "column 2: 1 8 9; column 3: 3 4 3 [column 1]"},
-        {"4,1\n2,2\n4,1\n", "column 1: 4 2 4; column 2: 1 2 1"},
+        {"4, 1\n2, 2\n4, 1\n", "column 1: 4 2 4; column 2: 1 2 1"},
         {"1,x\n2,y\n3,z\n", "column 1: 1 2 3"},
         {"Segment,Count,Time,CH1\n1,1,0,5\n1,1,1,6\n", "CH1: 5 6 [Segment, Count, Time] every 1 s"},
         {"Time,Count,Sample\n0,5,1\n1,7,3\n2,6,2\n", "Count: 5 7 6; Sample: 1 3 2 [Time] every 1 s"},
@@ -91,6 +92,9 @@ TEST(RecordingForms, WhichColumnsAreChannels) {
         {"t,CH1 Min,CH1 Max,CH2 Min,CH2 Max\n0,1,9,2,7\n1,2,8,1,6\n",
          "CH1 Min: 1 2; CH2 Min: 2 1 [t, CH1 Max, CH2 Max] every 1 s"},
         {"t,Min,Max\n0,1,9\n1,2,8\n", "Min: 1 2 [t, Max] every 1 s"},
+        {"Frequency (Hz),Time,A\n10,0,5\n20,1,6\n", "A: 5 6 [Frequency (Hz), Time] every 1 s"},
+        {"Time,Frequency (Hz)\n0,1000\n1,1001\n", "Frequency (Hz): 1000 1001 [Time] every 1 s"},  // of a counter
+        {"Time,Channel,B\n0,5,1\n1,6,2\n2,7,1\n", "Channel: 5 6 7; B: 1 2 1 [Time] every 1 s"},
     });
 }
 
@@ -130,6 +134,26 @@ TEST(RecordingForms, HeadersWithNumbers) {
         {"\"HOffset\";50;70\n\n;,3;,2\n;,1;,1\n", "column 2: 0.3 0.1; column 3: 0.2 0.1"},
         {"Channel,CH1,CH2\n,1000,2000\n0,.1,.2\n1,.3,.1\n,9,9\n", "CH1: 0.1 0.3; CH2: 0.2 0.1 [column 1]"},
         {"Time,A\n0.001,12\n0,1\n1,2\n2,1\n3,2\n4,1\n5,2\n6,1\n7,2\n", "A: 1 2 1 2 1 2 1 2 [Time] every 1 s"},
+        // A count of the rows or columns, as digits without the marks of the samples
+        {"3\n.5\n1.5\n2.5\n", "column 1: 0.5 1.5 2.5"},
+        {"4\n.5\n1.5\n2.5\n", "column 1: 4 0.5 1.5 2.5"},
+        {"3\n5\n15\n25\n", "column 1: 3 5 15 25"},
+        {"0,1,2\n0,.5,1.5\n.1,.6,1.4\n.2,.5,1.5\n", "column 2: 0.5 0.6 0.5; column 3: 1.5 1.4 1.5 [column 1]"},
+        {"1,2\n.6,1.5\n.5,1.4\n", "column 1: 0.6 0.5; column 2: 1.5 1.4"},
+        {"0,1\n.1,.9\n.0,.8\n", "column 1: 0 0.1 0; column 2: 1 0.9 0.8"},
+        {"0,1,2\n.1,.6,1.4\n.2,.5,1.5\n", "column 2: 1 0.6 0.5; column 3: 2 1.4 1.5 [column 1]"},
+        {"4 1e-6\n.5\n1.5\n", "column 1: 0.5 1.5"},
+        {"1,3\n.5,1.5\n.6,1.4\n", "column 1: 1 0.5 0.6; column 2: 3 1.5 1.4"},
+        // Units of the time are none of the channels; a key for each channel; remarks that are no titles
+        {"TraceName,A,B\nVUnit,V,A\nHResolution,1e-6,1e-6\nHUnit,s,s\n,.1,.2\n,.3,.1\n",
+         "A (V): 0.1 0.3; B (A): 0.2 0.1 every 1 \302\265s"},
+        {"Source,CH1,,Source,CH2\nUnit,V,,Unit,mV\n0,4,,0,5\n1,3,,1,7\n2,4,,2,6\n",
+         "CH1 (V): 4 3 4; CH2 (mV): 5 7 6 [column 1, column 4]"},
+        {"# Sample rate: 250 kSa/s\n.2 .5\n.1 .6\n", "column 1: 0.2 0.1; column 2: 0.5 0.6 every 4 \302\265s"},
+        {"time [s] output voltage [V]\n0 .5\n.5 .6\n", "output voltage (V): 0.5 0.6 [time (s)] every 500 ms"},
+        {"Samples per second\t1000\n.3\t.5\n.1\t.6\n", "column 1: 0.3 0.1; column 2: 0.5 0.6 every 1 ms"},
+        {"Y_Unit_Label\tVolts\nDelta_X\t0,1\nX_Value\tU\n0,0\t1,5\n0,1\t1,4\n",
+         "U (Volts): 1.5 1.4 [X_Value] every 100 ms"},
         {"Points,6,0,4\nScale,2,1,3\nSource,CH1,2,2\nX,5,3,1\n,,4,2\n,,5,3\n", "CH1: 4 3 2 1 2 3 [column 2, column 3]"},
     });
 }
@@ -167,16 +191,34 @@ TEST(RecordingForms, BlocksBelowEachOther) {
         {"t,v\n0,1\n1,2\ntrigger here\n2,1\n3,2\n", "v: 1 2 1 2 [t] every 1 s"},
         {"t,v,w\n0,,5\n1,2,6\n2,3,5\n# x\n3,3,7\n4,4,7\n5,4,\n", "v: 2 3 3 4 4; w: 5 6 5 7 7 [t] every 1 s"},
         {"5\n4\n# mark\n6\n4\n", "column 1: 5 4 6 4"},
+        {"t,v\n0,1\n1,2\n# x\n2,1\n0,5\n1,6\n2,5\n", "v: 1 2 1 [t] every 1 s || v: 5 6 5 [t] every 1 s"},
+        {"Rate: 1 kHz\nA\n1\n2\nB\n5\n4\n", "A: 1 2 every 1 ms || B: 5 4 every 1 ms"},
         {"foo\n1\n3\nbar\n5\n4\n", "foo: 1 3 || bar: 5 4"},
         {"t,v\n0,1\n1,2\n# again\n0,1\n1,2\n", "v: 1 2 [t] every 1 s || v: 1 2 [t] every 1 s"},
         {"t,v\n0,1\n1,2\n2,1\nmuch later\n9,1\n10,2\n", "v: 1 2 1 [t] every 1 s || v: 1 2 [t] every 1 s"},
-        {"9,8\n4,7\n# remark\n0,1\n1,3\n2,1\n", "column 1: 9 4; column 2: 8 7 || column 2: 1 3 1 [column 1]"},
+        {"9;8\n4;7\n# remark\n0;1\n1;3\n2;1\n", "column 1: 9 4; column 2: 8 7 || column 2: 1 3 1 [column 1]"},
+        // Numbers of segments or channels, where no time tells
+        {"Segment,A\n1,5\n1,6\n2,7\n2,6\n2,5\n", "A: 5 6 [Segment] || A: 7 6 5 [Segment]"},
+        {"Channel,Voltage\n1,.5\n1,.6\n2,.7\n2,.6\n", "Voltage: 0.5 0.6 [Channel] || Voltage: 0.7 0.6 [Channel]"},
+        {"Segment,Time,A,B\n1,0,1,5\n1,1,2,\n1,2,1,6\n2,0,3,\n2,1,4,8\n2,2,3,7\n",
+         "A: 1 2 1; B: ! Line 3 has no number in column 4 \"B\", and others follow below. Take another column, or save "
+         "the "
+         "rows above or below that line alone. [Segment, Time] every 1 s || A: 3 4 3; B: 8 7 [Segment, Time] every 1 "
+         "s"},
+        {"Segment,A\n1,5\n2,6\n3,5\n", "A: 5 6 5 [Segment]"},
         // The pages of a print are one recording.
         {"Index   time     v(out)\n-----------------------\n0\t0.0e+00\t1.0\n1\t1.0e-03\t2.0\n\f\nIndex   time     "
          "v(out)\n"
          "-----------------------\n2\t2.0e-03\t3.0\n3\t3.0e-03\t2.0\n",
          "v(out): 1 2 3 2 [Index, time] every 1 ms"},
     });
+    const recording::Outcome apart = ReadBytes("0 1 7\n1 2 7\n2 1 7\n\n0 5\n1 6\n2 5 8\n");
+    const recording::Block& second = apart.recording->blocks.at(1);
+    EXPECT_TRUE(second.firstLine == 5 && second.lastLine == 7 && second.columns[1].firstLine == 5);
+    EXPECT_TRUE(second.columns[2].firstLine == 7 && second.columns[2].rowsLeftOut == 2);
+    std::string run = "1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n";  // long enough for a recording
+    EXPECT_EQ(ReadBytes(QByteArray::fromStdString(run + "\n" + run + "\n" + run)).recording->blocks.size(), 3U);
+    EXPECT_EQ(ReadBytes(QByteArray::fromStdString(run + "\n" + run + "3\n")).recording->blocks.size(), 1U);
     EXPECT_EQ(ReadBytes("t,v\n0,1\n1,2\n\nt,v\n0,1\n1,2\n2,3\n\nt,v\n0,1\n1,2\n2,3\n").recording->longest, 1U);
 }
 
@@ -193,7 +235,15 @@ TEST(RecordingForms, SeparatorsAndNumbers) {
         {"sep=;\nt;U\n0;1,5\n1;2,5\n", "U: 1.5 2.5 [t] every 1 s"},
         // One column of numbers with a decimal comma, as no whole number begins with a zero.
         {"0,125\n-0,25\n1,05\n", "column 1: 0.125 -0.25 1.05"},
-        {"1,5\n2,4\n1,3\n", "column 1: 1 2 1; column 2: 5 4 3"},
+        // Two columns of whole numbers: the first one counts, or nothing of it can be a decimal.
+        {"0,5\n1,25\n2,5\n3,7\n", "column 2: 5 25 5 7 [column 1]"},
+        {"1,5\n2,-4\n1,3\n", "column 1: 1 2 1; column 2: 5 -4 3"},
+        {"1,5\n2.5,4\n1,3\n", "column 1: 1 2.5 1; column 2: 5 4 3"},
+        {"1,5,2\n2,4,3\n1,3,2\n", "column 1: 1 2 1; column 2: 5 4 3; column 3: 2 3 2"},
+        {"Length,3\n1,5\n2,4\n1,3\n", "column 1: 1 2 1; column 2: 5 4 3"},
+        {"1,5\n2,4\n1,3\n", "column 1: 1.5 2.4 1.3", {.decimalMark = ','}},
+        {"1,5\n2,4\n1,3\n", "column 1: 1 2 1; column 2: 5 4 3", {.separator = ','}},
+        {"1,5\n2,4\n1,3\n", "column 1: 1 2 1; column 2: 5 4 3", {.byNumber = true}},
         {"Volt\n0,5\n1,5\n", "Volt: 0.5 1.5", {.decimalMark = ','}},
         {"Volt\n0,5\n1,5\n", "Volt: 0 1; column 2: 5 5", {.byNumber = true}},
         {"Volt\n0,5\n1,5\n", "Volt: 0 1; column 2: 5 5", {.separator = ','}},
@@ -234,6 +284,9 @@ TEST(RecordingForms, TimesAndSteps) {
         {"Time,v\n0:01,1\n0:02,2\n", "v: 1 2 [Time]"},                                 // minutes, or hours
         {"01/05/2024,1\n02/05/2024,2\n", "column 2: 1 2 [column 1]"},                  // January, or May
         {"Fri 5 Jan 12:00:00,1\nSat 6 Jan 12:00:00,2\n", "column 2: 1 2 [column 1]"},  // of no year
+        {"1/5/2024 12:00:00:000,1\n1/5/2024 12:00:00:250,2\n", "column 2: 1 2 [column 1] every 250 ms"},
+        {"Time,ms,v\n12:00:00,0,1\n12:00:00,250,2\n12:00:00,500,1\n12:00:01,0,2\n12:00:01,250,1\n12:00:01,500,2\n",
+         "v: 1 2 1 2 1 2 [Time, ms]"},  // one recording
         {"Sample,v\nRate,10\n0,1\n1,2\n2,1\n", "v: 1 2 1 [Sample] every 100 ms"},
     });
     // A title of a time with anything unread behind it is no time in seconds.
