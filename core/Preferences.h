@@ -30,4 +30,5 @@ enum class PreferencesOutcome {
     TooShort,   // the fields before the end are in force, the others keep their values
 };
 
+// Reads a record into the fields, as far as it goes.
 PreferencesOutcome DecodePreferences(const QByteArray& record, Preferences& preferences);

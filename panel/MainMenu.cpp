@@ -28,7 +28,6 @@ MainMenu::MainMenu(QMenuBar* bar) {
     mnuverify->setToolTip(QStringLiteral("Compare by itself behind each memory that was sent"));
     mnuverify->setCheckable(true);
     mnuab = AddMenu(bar, "mnuab", "?");
-    mnuab->setToolTipsVisible(true);
     mnuhilfe = AddItem(mnuab, "mnuhilfe", "Handbuch deutsch (PDF)");
     mnuhelp = AddItem(mnuab, "mnuhelp", "Manual english (PDF)");
     mnuabout = AddItem(mnuab, "mnuabout", "About");

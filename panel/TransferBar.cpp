@@ -6,6 +6,7 @@
 #include <chrono>
 
 #include "link/TransferTexts.h"
+#include "widgets/Contrast.h"
 #include "widgets/Controls.h"
 #include "widgets/FollowFont.h"
 
@@ -44,10 +45,8 @@ void TransferBar::TakeColours() {
     const QPalette theme = QApplication::palette(this);
     const QColor ground = theme.color(QPalette::Base);
     const QColor bar = theme.color(QPalette::Highlight);
-    const auto mix = [](int from, int to) { return static_cast<int>(from + (to - from) * kTint); };
     QPalette colours;  // all others go on to follow the theme
-    colours.setColor(QPalette::Highlight, QColor(mix(ground.red(), bar.red()), mix(ground.green(), bar.green()),
-                                                 mix(ground.blue(), bar.blue())));
+    colours.setColor(QPalette::Highlight, Mixed(ground, bar, kTint));
     colours.setColor(QPalette::HighlightedText, theme.color(QPalette::Text));
     setPalette(colours);
 }

@@ -37,5 +37,6 @@ Held HoldOffsetBesideLevel(double offset, double level, quint8 bmBereich, Truth 
 // An offset's magnitude at the resolution of its range.
 double RoundOffset(double magnitude, quint8 bmBereich);
 
+// Tool tips of the two fields: the range of a level in this unit, and the largest offset in this level range.
 QString LevelToolTip(Truth tmVPP, const UserNumbers& numbers);
 QString OffsetToolTip(quint8 bmBereich, Truth tmVPP, const UserNumbers& numbers);
