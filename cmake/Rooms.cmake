@@ -34,6 +34,7 @@ if(TRX_PRECOMPILE)
     add_library(${name} STATIC ${CMAKE_BINARY_DIR}/${name}.cpp)
     target_link_libraries(${name} PRIVATE ${PRE_LINKS} trx_options)
     target_precompile_headers(${name} PRIVATE ${PRE_HEADERS})
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
   endfunction()
   set(headers <algorithm> <array> <chrono> <cmath> <functional> <limits> <memory> <optional> <span> <string>
               <string_view> <utility> <vector> <QDir> <QFile> <QFileInfo> <QPointer> <QRegularExpression> <QString>
@@ -63,4 +64,13 @@ function(add_room name)
   target_include_directories(trx_${name} PUBLIC ${include_dir})
   target_link_libraries(trx_${name} PUBLIC ${ROOM_LINKS} PRIVATE trx_options)
   precompile(trx_${name} "${ROOM_LINKS}")
+  if(NOT "${ROOM_LINKS}" MATCHES "Qt6::Widgets|trx_widgets")
+    set_target_properties(trx_${name} PROPERTIES AUTOMOC OFF)  # only windows have classes of signals and slots
+  endif()
+endfunction()
+
+# read_options_in(FILE): the source that reads the options of a program. The parser is all in headers, and would take long
+# to optimise for a work of milliseconds.
+function(read_options_in file)
+  set_source_files_properties(${file} PROPERTIES COMPILE_OPTIONS -O1)
 endfunction()
