@@ -25,36 +25,8 @@ endif()
 target_compile_definitions(trx_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
                                                  QT_USE_QSTRINGBUILDER)
 
-# With TRX_PRECOMPILE the rooms find the headers that most of their sources include compiled once for all: a build from
-# scratch then takes half the time. Only builds without it, such as that of the tests, notice a missing include.
-if(TRX_PRECOMPILE)
-  function(add_precompiled name)
-    cmake_parse_arguments(PRE "" "" "LINKS;HEADERS" ${ARGN})
-    file(WRITE ${CMAKE_BINARY_DIR}/${name}.cpp "// Only its precompiled headers count.\n")
-    add_library(${name} STATIC ${CMAKE_BINARY_DIR}/${name}.cpp)
-    target_link_libraries(${name} PRIVATE ${PRE_LINKS} trx_options)
-    target_precompile_headers(${name} PRIVATE ${PRE_HEADERS})
-    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
-  endfunction()
-  set(headers <algorithm> <array> <chrono> <cmath> <functional> <limits> <memory> <optional> <span> <string>
-              <string_view> <utility> <vector> <QDir> <QFile> <QFileInfo> <QPointer> <QRegularExpression> <QString>
-              <QStringList> <QTimer>)
-  add_precompiled(trx_headers LINKS Qt6::Core HEADERS ${headers})
-  add_precompiled(trx_window_headers LINKS Qt6::Widgets HEADERS ${headers}
-    <QAction> <QApplication> <QBoxLayout> <QCheckBox> <QDialog> <QEvent> <QGridLayout> <QGroupBox> <QKeyEvent> <QLabel>
-    <QLineEdit> <QMainWindow> <QMenuBar> <QMessageBox> <QPainter> <QPushButton> <QScreen> <QTabWidget> <QWidget>)
-endif()
-function(precompile name links)
-  if(NOT TRX_PRECOMPILE)
-    return()
-  elseif(links MATCHES "Qt6::Widgets|trx_widgets")
-    target_precompile_headers(${name} REUSE_FROM trx_window_headers)
-  elseif(links MATCHES "Qt6::|trx_")
-    target_precompile_headers(${name} REUSE_FROM trx_headers)
-  endif()
-endfunction()
-
-# add_room(NAME SOURCES file... LINKS target...)
+# add_room(NAME SOURCES file... LINKS target...). With TRX_UNITY some sources of a room are compiled as one, which halves
+# the time of a build from scratch; names in their anonymous namespaces have to differ then.
 function(add_room name)
   cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
   add_library(trx_${name} STATIC ${ROOM_SOURCES})
@@ -63,7 +35,7 @@ function(add_room name)
   file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR} ${include_dir}/${name} SYMBOLIC)
   target_include_directories(trx_${name} PUBLIC ${include_dir})
   target_link_libraries(trx_${name} PUBLIC ${ROOM_LINKS} PRIVATE trx_options)
-  precompile(trx_${name} "${ROOM_LINKS}")
+  set_target_properties(trx_${name} PROPERTIES UNITY_BUILD ${TRX_UNITY} UNITY_BUILD_BATCH_SIZE 8)
   if(NOT "${ROOM_LINKS}" MATCHES "Qt6::Widgets|trx_widgets")
     set_target_properties(trx_${name} PROPERTIES AUTOMOC OFF)  # only windows have classes of signals and slots
   endif()

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "recording/Numbers.h"
 #include "recording/Recording.h"
 
 namespace recording {
@@ -14,8 +15,6 @@ using Lines = std::vector<string_view>;
 
 // A comma may be a decimal mark, and blanks may stand around any other separator.
 constexpr std::array<char, 5> kSeparators{'\t', ';', '|', ',', ' '};
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 bool BeginsWithLetter(string_view line) {
     const std::size_t first = line.find_first_not_of(" \t\"|");

@@ -16,7 +16,6 @@ using std::string_view;
 constexpr string_view kBlanks = " \t\f\v";
 constexpr std::size_t kGroup = 3;  // digits between two marks of thousands
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool IsGroupMark(char c) { return c == '\'' || c == ' '; }
 
 // "NaN", "Null", "--" and their like, with or without a sign.

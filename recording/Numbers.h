@@ -5,6 +5,9 @@
 
 namespace recording {
 
+// Of ASCII only.
+inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
 enum class CellKind : unsigned char {
     Missing,  // empty, "--", "NaN", "Null", or 9.9E37, by which instruments mark a sample that they do not have
     Word,

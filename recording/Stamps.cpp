@@ -7,6 +7,7 @@
 #include <string>
 
 #include "recording/Numbers.h"
+#include "recording/Units.h"
 
 namespace recording {
 namespace {
@@ -17,8 +18,6 @@ constexpr std::size_t kLongestDate = 20;  // in front of the time
 constexpr double kMinute = 60.0;
 constexpr double kHalfDay = 12.0 * 3600.0;
 constexpr double kNoTime = std::numeric_limits<double>::quiet_NaN();
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 double DigitsAt(string_view text) {
     double value = 0.0;
@@ -222,7 +221,6 @@ std::optional<Cell> ReadStamp(string_view text) {
     if (!date) {
         return std::nullopt;
     }
-    constexpr double kDay = 86'400.0;
     const bool isAlone = Trimmed(text).empty();
     cell.date = *date;
     cell.unit = !isAlone ? kDateAndClock : isTwoParts ? kTwoParts : kClock;
