@@ -25,8 +25,9 @@ endif()
 target_compile_definitions(trx_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS
                                                  QT_USE_QSTRINGBUILDER)
 
-# add_room(NAME SOURCES file... LINKS target...). With TRX_UNITY some sources of a room are compiled as one, which halves
-# the time of a build from scratch; names in their anonymous namespaces have to differ then.
+# add_room(NAME SOURCES file... LINKS target...). With TRX_UNITY, as for ./run and ./test, some sources of a room are
+# compiled as one, which halves the time of a build from scratch. Names in their anonymous namespaces have to differ then,
+# and only builds without it, as the preset dev, notice a missing include.
 function(add_room name)
   cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
   add_library(trx_${name} STATIC ${ROOM_SOURCES})
@@ -44,5 +45,5 @@ endfunction()
 # read_options_in(FILE): the source that reads the options of a program. The parser is all in headers, and would take long
 # to optimise for a work of milliseconds.
 function(read_options_in file)
-  set_source_files_properties(${file} PROPERTIES COMPILE_OPTIONS -O1)
+  set_source_files_properties(${file} PROPERTIES COMPILE_OPTIONS "-O1;-g0")
 endfunction()
