@@ -6,7 +6,7 @@
 #include "core/Numbers.h"
 
 // Numbers as they are written in a shell: "2.5MHz", "1,2Vpp", "-100m", "50%". The same in every country: "." and ","
-// are both the decimal mark, and nothing parts thousands. The unit may be left out, and a prefix may stand alone.
+// are both the decimal mark, and nothing separates thousands. The unit may be left out, and a prefix may stand alone.
 
 enum class Quantity { Frequency, Level, Voltage, Depth, Phase, Time };
 

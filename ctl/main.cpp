@@ -18,9 +18,18 @@ int Run(const Request& request) {
     return status == kDone && session.console.ResultsLost() ? static_cast<int>(kFailed) : status;
 }
 
+// The standard error has this program's sentences only. Qt would tell there of a locale without UTF-8, in cron for
+// example.
+void KeepQtQuiet(QtMsgType type, const QMessageLogContext& /*place*/, const QString& text) {
+    if (type == QtFatalMsg) {
+        Console().Error(text);
+    }
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
+    qInstallMessageHandler(KeepQtQuiet);
     int qtArguments = 1;  // its own options stay those of the command line
     const QCoreApplication application(qtArguments, argv);
     QCoreApplication::setApplicationName(QStringLiteral("TRX5276"));  // as the panel, for the folder of its files

@@ -14,11 +14,6 @@ class Import {
     Import(const EditorContext& context, EditMode& mode, StoreFaults& faults, DdeLink& ziel)
         : context_(context), mode_(mode), faults_(faults), ziel_(ziel) {}
 
-    // These read the trace into the copy buffer; a failure is told in one message box, and false. They wait as long as
-    // QD204 does.
-    bool ReadDdeChannelA() { return ReadDdeChannel(QStringLiteral("getbincha")); }
-    bool ReadDdeChannelB() { return ReadDdeChannel(QStringLiteral("getbinchb")); }
-
     // Ready for the Paste pen.
     void ReadAndPaste(Channel channel);
     // Over and over through the whole memory table.
@@ -30,6 +25,10 @@ class Import {
     void opFit_Click();
 
   private:
+    // These read the trace into the copy buffer; a failure is told in one message box, and false. They wait as long as
+    // QD204 does.
+    bool ReadDdeChannelA() { return ReadDdeChannel(QStringLiteral("getbincha")); }
+    bool ReadDdeChannelB() { return ReadDdeChannel(QStringLiteral("getbinchb")); }
     bool Read(Channel channel) { return channel == Channel::A ? ReadDdeChannelA() : ReadDdeChannelB(); }
     bool ReadDdeChannel(const QString& request);
     bool Converse(const QString& request, QString& reply);

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "core/FrequencyRange.h"
 #include "core/LevelRange.h"
 #include "recording/Resample.h"
 #include "recording/Units.h"
@@ -12,7 +13,6 @@
 
 namespace {
 
-constexpr double kLowestHz = 0.0001;
 constexpr double kHighestMemoryHz = 10e6;
 constexpr double kLevelSteps = 1e4;  // in a volt, as the panel shows it
 

@@ -148,6 +148,7 @@ TEST_F(CtlCommands, WrongUsageEndsWithOneSentenceAndSendsNothing) {
     WriteTable("short.csv", 4095);
     Write("not.set", "words");
     for (const auto& [words, sentence] : kWrong) {
+        locale = locale == u"C" ? QStringLiteral("de_DE.UTF-8") : QStringLiteral("C");
         const Ended ended =
             Run(QString::fromLatin1(words).replace(QStringLiteral("%1"), folder.path()), "fields\nget 'form\n");
         EXPECT_EQ(ended.status, 2) << words;

@@ -18,12 +18,14 @@ class CtlBench : public WholeBench {
 
     QString Path(const char* name) const { return folder.filePath(QString::fromLatin1(name)); }
 
+    QString locale = QStringLiteral("de_DE.UTF-8");
+
     static QString Program() { return QCoreApplication::applicationDirPath() + QStringLiteral("/kl5276ctl"); }
 
     // Patient with a busy machine, unless the words have a time-out of their own.
     void Start(QProcess& process, const QString& words) {
         auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("de_DE.UTF-8"));  // the same in every country
+        environment.insert(QStringLiteral("LC_ALL"), locale);  // the same in every country
         process.setProcessEnvironment(environment);
         const QString timeout = words.contains(u"--timeout") ? QString() : QStringLiteral("--timeout=60s ");
         process.start(Program(), QStringList{QStringLiteral("--port"), Path("com1")} +
