@@ -45,6 +45,8 @@ class Editor : public QMainWindow {
     void FollowSettingFile();
     // The files that nothing else may take the place of while the editor is open.
     QStringList HeldFiles() const { return mode_->HeldFiles(); }
+    // True while it must not make room for another one, though it may be closed.
+    bool Waiting() const { return import_->Waiting(); }
 
   protected:
     void closeEvent(QCloseEvent* event) override;

@@ -31,7 +31,9 @@ bool Import::Converse(const QString& request, QString& reply) {
 bool Import::ReadDdeChannel(const QString& request) {
     EditorState& editor = context_.program.editor;
     context_.desktop.BusyOn();
+    waiting_ = true;
     ShowTheWait();
+    waiting_ = false;
     if (!editor.EditorOpen) {
         context_.desktop.BusyOff();
         return false;  // its window was closed meanwhile

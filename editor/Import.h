@@ -14,6 +14,9 @@ class Import {
     Import(const EditorContext& context, EditMode& mode, StoreFaults& faults, DdeLink& ziel)
         : context_(context), mode_(mode), faults_(faults), ziel_(ziel) {}
 
+    // True while a menu closes before a read. The form may be closed then, but must live on: the read goes on in it.
+    bool Waiting() const { return waiting_; }
+
     // Ready for the Paste pen.
     void ReadAndPaste(Channel channel);
     // Over and over through the whole memory table.
@@ -38,4 +41,5 @@ class Import {
     EditMode& mode_;
     StoreFaults& faults_;
     DdeLink& ziel_;
+    bool waiting_ = false;
 };

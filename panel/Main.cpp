@@ -328,6 +328,10 @@ QStringList Main::HeldFiles() const { return EditorOpen() ? editor_->HeldFiles()
 
 // An editor that is open already only comes to the front.
 void Main::Main_mnueditor_Click() {
+    if (editor_ != nullptr && editor_->Waiting()) {
+        desktop_.Beep();
+        return;
+    }
     if (link_.gate.Refuses() || !settingFiles_.SaveForEditor(HeldFiles())) {
         return;
     }
