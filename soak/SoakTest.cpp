@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <cstdio>
 
+#include "HastyClock.h"
 #include "SoakHand.h"
 #include "storage/ConstructionFile.h"
 #include "storage/SettingFile.h"
@@ -15,26 +16,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kShortWalk = 400;    // steps
-constexpr int kLongWalk = 20'000;  // steps, enough to come everywhere
-
-// No wait takes time, and one for a silent far end goes by fast.
-class HastyClock : public EventClock {
-  public:
-    mutable int looks = 0;  // since the last step
-
-    qint64 NowMs() const override {
-        skippedMs_ += ++looks % 200 == 0 ? 3001 : 0;
-        return EventClock::NowMs() + skippedMs_;
-    }
-    void WaitMs(qint32& /*ms*/) override {
-        qint32 none = 0;
-        EventClock::WaitMs(none);
-    }
-
-  private:
-    mutable qint64 skippedMs_ = 0;
-};
+constexpr int kShortWalk = 400;     // steps
+constexpr int kLongWalk = 100'000;  // steps, enough to come everywhere
 
 class WholeSoak : public WholeBench {
   public:
@@ -206,6 +189,9 @@ class WholeSoak : public WholeBench {
         for (const QString& name : Files()) {
             QFile::remove(folder.filePath(name));
         }
+        EXPECT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("docs/guide")));
+        Lay(QStringLiteral("docs/guide/README.md"), "# Guide\n\n[Another page](set.md)\n");
+        Lay(QStringLiteral("docs/guide/set.md"), "# Set\n\n[Contents](README.md)\n");
         const QString setting = folder.filePath(QStringLiteral("good.set"));
         const QString points = folder.filePath(QStringLiteral("good.con"));
         EXPECT_TRUE(SaveSettingFile(CreateSettingFile(setting), PanelState{}, ArbMemories{}));
