@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QStringList>
-#include <QTextBrowser>
 
 // The form `guide`: the pages that tell how each task is done, with their pictures, as they are installed with the
 // program. Closes with Escape.
@@ -11,12 +10,6 @@ class GuideForm : public QDialog {
 
   public:
     GuideForm(const QString& contents, QWidget* parent);
-
-  protected:
-    void changeEvent(QEvent* event) override;
-
-  private:
-    QTextBrowser* pages_;
 };
 
 // The page of contents in the first of the folders that holds the guide; empty if none does.
