@@ -117,6 +117,7 @@ bool WriteAll(int file, const std::string& bytes) {
 // The point lines without pacing or line time, beside a raw write loop of the same lines into a line of the same kind.
 void UnpacedPoints(benchmark::State& state) {
     Bench bench({.rate = 115200});
+    bench.program.link.PaceDelayMs = 0;  // of the commands around the points
     bench.link.memory.SendArb(kMemory16k);
     const std::vector<std::string> lines = bench.instrument.ReceivedLines();
     Bench raw({.rate = 115200});

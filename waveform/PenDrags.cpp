@@ -1,7 +1,7 @@
 #include "waveform/PenDrags.h"
 
 #include <algorithm>
-#include <map>
+#include <ranges>
 
 #include "waveform/CopyBuffer.h"
 #include "waveform/Samples.h"
@@ -115,15 +115,17 @@ TableResult EndPaste(EditorState& editor, EditorTables& tables) {
     return tables.Change(tables.OnData1("paste", editor.Target), *editor.Size, [&editor, last](RecordTable& table) {
         std::vector<Record> records;
         table.Read(RecordOrder::Insertion, records);
-        std::map<int, Record> recordAt;
-        for (const Record& record : records) {
-            recordAt.emplace(record.Adr, record);  // the first of those that share an address
+        std::vector<const Record*> recordAt(static_cast<std::size_t>(last) + 1);
+        for (const Record& record : std::views::reverse(records)) {  // the first of those that share an address stays
+            if (record.Adr >= editor.PasteAt && record.Adr <= last) {
+                recordAt[static_cast<std::size_t>(record.Adr)] = &record;
+            }
         }
         for (int a = editor.PasteAt; a <= last; ++a) {
             const auto adr = static_cast<qint16>(a);
             const qint16 value = editor.CopyBuffer[static_cast<std::size_t>(a - editor.PasteAt)];
-            const auto found = recordAt.find(a);
-            found != recordAt.end() ? table.Change(found->second, value) : table.Add(adr, value);
+            const Record* const found = recordAt[static_cast<std::size_t>(a)];
+            found != nullptr ? table.Change(*found, value) : table.Add(adr, value);
         }
         return true;
     });

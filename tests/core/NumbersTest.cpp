@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "core/LevelRange.h"
 #include "core/Numbers.h"
 #include "support/PrintQt.h"
@@ -32,6 +34,17 @@ TEST(UserNumbers, ReadAndShowByTheUsersLocale) {
     EXPECT_DOUBLE_EQ(neither.ReadEntry(QStringLiteral("1.5")), 1.5);
     for (const char* const noNumber : {"", "1/2", "1.2.3", "1E999", "-"}) {
         EXPECT_EQ(point.ReadEntry(QString::fromLatin1(noNumber)), 0.0) << noNumber;
+    }
+}
+
+TEST(HeadNumber, IsNoneWithoutDigitsAndGoesBeyondTheRangeOfADouble) {
+    const std::pair<const char16_t*, double> cases[] = {{u"+1.5x", 1.5},      {u" -2", -2.0},         {u".5", 0.5},
+                                                        {u"1E999", HUGE_VAL}, {u"-1E999", -HUGE_VAL}, {u"1E-999", 0.0}};
+    for (const auto& [text, number] : cases) {
+        EXPECT_EQ(FindHeadNumber(text), number);
+    }
+    for (const char16_t* const text : {u"", u".", u"-", u"inf", u"x1"}) {
+        EXPECT_EQ(FindHeadNumber(text), std::nullopt);
     }
 }
 

@@ -44,6 +44,8 @@ TEST_F(LevelAndOffset, TheUnitConvertsTheLevelAndIsJudgedByTheState) {
     const std::tuple<const char*, const char*, const char16_t*, const char16_t*> cases[] = {
         {"vunit_1", "5", u"3.53553", u""},
         {"vunit_1", "3.53553", u"3.53553", u""},  // the unit in force
+        {"vunit_0", "3.5", u"4.94975", u""},
+        {"vunit_1", "5", u"3.53553", u""},
         {"vunit_0", "0.0071", u"0.02000", u"Min. Level: 0.0200"},
         {"vunit_1", "14", u"7.07000", u"Max. Level: 7.0700"}};
     for (const auto& [unit, before, after, hint] : cases) {

@@ -1,5 +1,6 @@
 #include <cmath>
 
+#include "rules/DigitStep.h"
 #include "rules/FrequencyRules.h"
 #include "rules/KeyFilter.h"
 #include "rules/LevelRules.h"
@@ -23,6 +24,15 @@ TEST(KeyFilter, PassesTheKeysOfEachClass) {
             taken += FilterKey(keys, key, separator);
         }
         EXPECT_EQ(taken.remove(QChar()), wanted);
+    }
+}
+
+// As it is typed, ahead of Enter.
+TEST(DigitStep, TakesANumberWithoutAWholePartAndLeavesOthers) {
+    const std::tuple<const char16_t*, int, const char16_t*> cases[] = {
+        {u".5", -1, u"0.6"}, {u"-,5", -1, u"-0,4"}, {u"7", -2, u"7.01"}, {u"1-2", 0, u"1-2"}, {u"+5", 0, u"+5"}};
+    for (const auto& [number, power, stepped] : cases) {
+        EXPECT_EQ(StepDigit(QString::fromUtf16(number), power, 1), stepped);
     }
 }
 
