@@ -5,15 +5,19 @@
 #include <QApplication>
 #include <QEvent>
 #include <QFile>
+#include <QFontDatabase>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
@@ -69,6 +73,7 @@ struct Program {
                 [](int, bool) { return QString(); },
                 [] { return true; }}) {
         form.Main_Form_Load();
+        form.resize(kWindow);  // the screen of this platform is smaller than the panel, which would scroll
         form.show();
     }
 
@@ -93,7 +98,8 @@ struct Program {
     Main form;
 };
 
-// A window with as many controls as the panel has, of the same kinds, on one plain grid.
+// A window with as many controls as the panel has, of the same kinds and fonts, on one plain grid. Its
+// picture has half the window's width and height, that of the panel a third, those of the editor nearly all of it.
 struct BareWindow : QMainWindow {
     BareWindow() {
         auto* const paper = new QWidget(this);
@@ -105,11 +111,29 @@ struct BareWindow : QMainWindow {
             }
         };
         add(44, [&] { return new QRadioButton(caption, paper); });
-        add(11, [&] { return new QLineEdit(caption, paper); });
+        add(8, [&] { return new QLineEdit(caption, paper); });
+        QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+        digits.setPointSizeF(2.0 * font().pointSizeF());
+        add(3, [&] {
+            auto* const reading = new QLineEdit(QStringLiteral("1.0000000"), paper);
+            reading->setFont(digits);
+            return reading;
+        });
         add(21, [&] { return new QLabel(caption, paper); });
         add(5, [&] { return new QPushButton(caption, paper); });
         add(10, [&] { return new QGroupBox(caption, paper); });
         add(1, [&] { return new QPlainTextEdit(caption, paper); });
+        add(1, [&] { return new QTabBar(paper); });
+        QPixmap picture(kWindow / 2);
+        picture.fill(Qt::white);
+        add(1, [&] {
+            auto* const shown = new QLabel(paper);
+            shown->setPixmap(picture);
+            return shown;
+        });
+        for (int i = 0; i < 4; ++i) {
+            menuBar()->addMenu(caption)->addAction(caption);
+        }
         setCentralWidget(paper);
         resize(kWindow);
         show();

@@ -3,7 +3,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <QCryptographicHash>
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QUuid>
@@ -20,6 +20,7 @@
 namespace {
 
 constexpr int kAttempts = 3;
+constexpr QLatin1String kPartSuffix(".part");
 
 // The file that is meant by a name: of a symbolic link, its target.
 QFileInfo TargetOf(const QString& fileName) {
@@ -35,8 +36,7 @@ QString PartPrefix(const QFileInfo& target) {
 
 // No two saves share one, not even two of one process.
 QString NewPartName(const QFileInfo& target) {
-    return target.absolutePath() + u'/' + PartPrefix(target) + QUuid::createUuid().toString(QUuid::Id128) +
-           QStringLiteral(".part");
+    return target.absolutePath() + u'/' + PartPrefix(target) + QUuid::createUuid().toString(QUuid::Id128) + kPartSuffix;
 }
 
 // A save that is under way holds a lock that keeps readers away; `hold` keeps away one that has just begun.
@@ -52,13 +52,13 @@ bool IsLeftBehind(const QString& part, std::unique_ptr<SQLite::Database>& hold) 
 
 // Removes the unfinished files of killed saves for this target.
 void ClearParts(const QFileInfo& target) {
-    const QDir folder(target.absolutePath());
-    const QStringList parts =
-        folder.entryList({PartPrefix(target) + QStringLiteral("*.part")}, QDir::Files | QDir::Hidden);
-    for (const QString& part : parts) {
-        const QString path = folder.filePath(part);
+    const QString prefix = PartPrefix(target);
+    QDirIterator files(target.absolutePath(), QDir::Files | QDir::Hidden);
+    while (files.hasNext()) {
+        const QString path = files.next();
         std::unique_ptr<SQLite::Database> hold;
-        if (IsLeftBehind(path, hold)) {
+        const bool isPart = files.fileName().startsWith(prefix) && path.endsWith(kPartSuffix);
+        if (isPart && IsLeftBehind(path, hold)) {
             QFile::remove(path);
         }
     }

@@ -20,9 +20,11 @@ class InUse {
     SQLite::Statement& statement_;
 };
 
+// The value is fetched once for its type and its number. No other thread uses the connection.
 bool ReadSample(sqlite3_stmt* row, int column, qint16& sample) {
-    const sqlite3_int64 value = sqlite3_column_int64(row, column);
-    if (sqlite3_column_type(row, column) != SQLITE_INTEGER || value < std::numeric_limits<qint16>::min() ||
+    sqlite3_value* const stored = sqlite3_column_value(row, column);
+    const sqlite3_int64 value = sqlite3_value_int64(stored);
+    if (sqlite3_value_type(stored) != SQLITE_INTEGER || value < std::numeric_limits<qint16>::min() ||
         value > std::numeric_limits<qint16>::max()) {
         return false;
     }
