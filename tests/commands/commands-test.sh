@@ -40,7 +40,10 @@ PATH=$TRX_BUILT/bin:$PATH
 sources=$PWD
 cd "$TMPDIR"
 ! ldd "$TRX_BUILT/bin/kl5276ctl" | grep -E 'Qt6(Gui|Widgets)|libX11' || fail "kl5276ctl needs display libraries"
-kl5276-sim --link "$TRX_BUILT/bin/com2" >/dev/null &
+status=0
+timeout 20 kl5276-sim --link /proc/none/com2 >"$log" 2>&1 || status=$?
+[ $status = 1 ] && grep -q /proc/none "$log" || fail "kl5276-sim does not say that it cannot make its link"
+kl5276-sim --log --link "$TRX_BUILT/bin/com2" >"$TMPDIR/line" &
 until_true test -L "$TRX_BUILT/bin/com2"
 guide=$sources/docs/guide/shell.md
 # But the comparison, which takes 5 ms for each point.
@@ -53,6 +56,7 @@ bash loops.sh >"$log" 2>&1 || fail "the loops of docs/guide/shell.md"
 grep -q '^10kHz ' response.txt && grep -q '^{"frequency":10000}$' "$log" || fail "the loops measure nothing"
 python3 example.py >"$log" 2>&1 || fail "the example of docs/guide/shell.md"
 grep -q '^100000 2 Vpp$' "$log" || fail "the example prints nothing"
+grep -q 'sta?' "$TMPDIR/line" || fail "kl5276-sim --log prints nothing"
 kill %%
 wait %% || fail "kl5276-sim ended with $?"
 

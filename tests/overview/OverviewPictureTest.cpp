@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <ranges>
 
 #include "core/Enumerations.h"
 #include "overview/OverviewPicture.h"
@@ -56,6 +57,21 @@ TEST_F(OverviewPicture, AMemoryIsTheMidLineAndFullScaleTouchesTheEdges) {
             EXPECT_EQ(Ink(Drawn(form), spike, y), y > 114.0 && y < 116.0) << int{form} << ' ' << y;
         }
     }
+}
+
+TEST_F(OverviewPicture, WordsAreLargeUnlessTheyWouldBeCut) {
+    const auto inkedRows = [](const QImage& image) {
+        int rows = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            const auto inked = [&](int x) { return image.pixelColor(x, y).lightness() < 128; };
+            const auto columns = std::views::iota(0, image.width());
+            rows += std::ranges::any_of(columns, inked) ? 1 : 0;
+        }
+        return rows / image.devicePixelRatio();
+    };
+    EXPECT_GT(inkedRows(Drawn(kSignalWhiteNoise)), 20.0);
+    Picture1.resize(210, 230);
+    EXPECT_LT(inkedRows(Drawn(kSignalWhiteNoise)), 30.0);
 }
 
 TEST_F(OverviewPicture, NoSizeIsTooSmall) {

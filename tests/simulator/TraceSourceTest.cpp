@@ -56,6 +56,19 @@ struct TraceSources : ::testing::Test {
     QElapsedTimer elapsed;
 };
 
+// One period from the middle up, at full scale; a burst starts there too.
+TEST(TraceShapes, AreWhatTheirNamesSay) {
+    const sim::Trace sine = *sim::TraceShape("sine");
+    const std::pair<std::size_t, int> points[] = {{0, 16384}, {512, 32767}, {1024, 16384}, {1536, 1}};
+    for (const auto& [at, level] : points) {
+        EXPECT_NEAR(sine[at], level, 1) << at;
+    }
+    EXPECT_EQ(sim::TraceShape("square")->front(), 32767);
+    EXPECT_EQ(sim::TraceShape("square")->back(), 1);
+    EXPECT_EQ(sim::TraceShape("triangle")->at(1024), 32767);
+    EXPECT_EQ(sim::TraceShape("ramp")->back(), 32767);
+}
+
 TEST_F(TraceSources, ServesBothChannelsAgainAndAgain) {
     sim::TraceSource source(Options());
     ASSERT_EQ(StartFault(source), "");

@@ -40,6 +40,15 @@ TEST_F(Operations, FillTheStretchAloneWithEveryRecordOfAnAddressAndMissingOnes) 
     EXPECT_EQ(Rows(set, "ARB16 where Adr > 16378"), u"16379=0 16380=5 16381=6 16382=7 16383=8");
 }
 
+TEST_F(Operations, DrawFromTheFirstAddressToTheLastAndNotBesideThem) {
+    Execute(set, "delete from ARB4 where Adr not in (0, 4095)");
+    for (const float x : {-0.1F, 4095.1F, 0.0F, 4095.0F}) {
+        Press(Pen::Draw, x);  // begins a line
+        Press(Pen::Draw, x);
+        EXPECT_EQ(Rows(set, "ARB4"), x == 4095.0F ? u"0=50 4095=50" : x == 0.0F ? u"0=50 4095=0" : u"0=0 4095=0");
+    }
+}
+
 TEST_F(Operations, KnowTheStretchesOfTheTable) {
     for (const auto& [size, start, end, copied] : {std::tuple(&kMemory4k, 0, 0, Stretch{0, -1}),
                                                    {&kMemory4k, 16000, 4090, Stretch{4090, 4095}},

@@ -4,6 +4,7 @@
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
 #include "widgets/InputHold.h"
+#include "widgets/QtDesktop.h"
 
 namespace {
 
@@ -23,6 +24,17 @@ TEST(InputHold, HoldsAWindowThatIsModalToAFormButNoneThatIsModalToTheProgram) {
         EXPECT_EQ(field.text(), taken);
     }
     EXPECT_EQ(desktop.beeps, 1);
+}
+
+TEST(QtDesktop, ShowsOneHourglassHoweverOftenItIsAskedFor) {
+    QtDesktop desktop;
+    desktop.BusyOn();
+    desktop.BusyOn();
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    desktop.BusyOff();
+    desktop.BusyOff();
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST(InputHold, BeepsOnceForAKeyOfAMenuAndRunsNothing) {
