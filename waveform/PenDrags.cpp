@@ -1,7 +1,6 @@
 #include "waveform/PenDrags.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "waveform/CopyBuffer.h"
 #include "waveform/Samples.h"
@@ -116,9 +115,10 @@ TableResult EndPaste(EditorState& editor, EditorTables& tables) {
         std::vector<Record> records;
         table.Read(RecordOrder::Insertion, records);
         std::vector<const Record*> recordAt(static_cast<std::size_t>(last) + 1);
-        for (const Record& record : std::views::reverse(records)) {  // the first of those that share an address stays
+        for (const Record& record : records) {
             if (record.Adr >= editor.PasteAt && record.Adr <= last) {
-                recordAt[static_cast<std::size_t>(record.Adr)] = &record;
+                const Record*& held = recordAt[static_cast<std::size_t>(record.Adr)];
+                held = held == nullptr ? &record : held;  // the first of those that share an address
             }
         }
         for (int a = editor.PasteAt; a <= last; ++a) {

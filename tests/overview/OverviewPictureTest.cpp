@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <ranges>
 
 #include "core/Enumerations.h"
 #include "overview/OverviewPicture.h"
@@ -63,9 +62,11 @@ TEST_F(OverviewPicture, WordsAreLargeUnlessTheyWouldBeCut) {
     const auto inkedRows = [](const QImage& image) {
         int rows = 0;
         for (int y = 0; y < image.height(); ++y) {
-            const auto inked = [&](int x) { return image.pixelColor(x, y).lightness() < 128; };
-            const auto columns = std::views::iota(0, image.width());
-            rows += std::ranges::any_of(columns, inked) ? 1 : 0;
+            bool inked = false;
+            for (int x = 0; x < image.width(); ++x) {
+                inked = inked || image.pixelColor(x, y).lightness() < 128;
+            }
+            rows += inked ? 1 : 0;
         }
         return rows / image.devicePixelRatio();
     };
