@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "recording/Numbers.h"
+#include "recording/Cells.h"
 #include "recording/Recording.h"
 
 namespace recording {
@@ -106,7 +106,7 @@ CommaSigns ReadCommaSigns(const Lines& rows) {
 }
 
 struct MarkCounts {
-    std::size_t points = 0;  // that cannot part thousands
+    std::size_t points = 0;  // that cannot separate thousands
     std::size_t commas = 0;
     string_view unclearComma;
     string_view unclear;  // in a column in which others have no mark, as 998 beside 1,000

@@ -39,9 +39,10 @@ Title ReadTitle(const QString& cell);
 
 // What stands above a block.
 struct Heading {
-    std::vector<Title> titles;     // by column of the table; those beyond have none
-    std::size_t titleCells = 0;    // cells of the line that they stand in; 0 if there is none
-    std::size_t firstIsTitle = 0;  // the line that they stand in, if its first word is no key though it may be one
+    std::vector<Title> titles;   // by column of the table; those beyond have none
+    std::size_t titleCells = 0;  // cells of the line that they stand in; 0 if there is none
+    // The line that they stand in, if its first word is a title although it may be a key ("Source"); else 0.
+    std::size_t lineWithoutKey = 0;
 };
 
 Heading FindHeading(const Table& table, const TableBlock& block);

@@ -33,10 +33,10 @@ TEST(RecordingFaults, EachSaysWhatIsWrong) {
         {"Rate: 5 Hz\n1,5\n2,7\n3,1\n9,9\n", {}, "The commas from line 2 on may be decimal marks, or separate two"},
         {"0,5\n1,5\n2,5\n3,5\n", {}, "The commas from line 1 on may be decimal marks, or separate two columns."},
         {"0,000E+00,1,2345E-01\n1,000E+00,2,2345E-01\n", {}, "Commas separate the cells and seem to be"},
-        {"t;ADC\n0;998\n1;1,000\n", {}, "The comma in \"1,000\" may be a decimal mark, or part thousands."},
-        {"t\tADC\n0\t998\n1\t1.000\n", {}, "The point in \"1.000\" may be a decimal mark, or part thousands."},
+        {"t;ADC\n0;998\n1;1,000\n", {}, "The comma in \"1,000\" may be a decimal mark, or separate thousands."},
+        {"t\tADC\n0\t998\n1\t1.000\n", {}, "The point in \"1.000\" may be a decimal mark, or separate thousands."},
         {"0,01,1,05\n0,02,1,10\n", {}, "Commas separate the cells and seem to be decimal marks as well."},
-        {"t\tU\n0\t1,234\n1\t2,345\n", {}, "The comma in \"2,345\" may be a decimal mark, or part thousands."},
+        {"t\tU\n0\t1,234\n1\t2,345\n", {}, "The comma in \"2,345\" may be a decimal mark, or separate thousands."},
         {"Channel,Time,U\n1,0,.1\n2,0,.5\n1,1,.2\n2,1,.6\n",
          {},
          "Several channels stand in one column, one below the other, as column 1 \"Channel\" tells (1, 2). Save each "
