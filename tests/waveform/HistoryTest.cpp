@@ -141,7 +141,7 @@ TEST_F(History, EachStepHasItsName) {
               u"formula, import, generate memory data, delete memory, entry, paste, delete, line");
 }
 
-// With the change of another program undone over, the file would be one that never was.
+// To undo past the change of another program would make a file that never was.
 TEST_F(History, EndsWhereAnotherProgramHasChangedTheFile) {
     auto draw = [this, value = 0](EditTarget target) mutable {
         WorkOn(target, editor, tables);
