@@ -13,7 +13,7 @@ namespace {
 using std::string_view;
 using Lines = std::vector<string_view>;
 
-// A comma may be a decimal mark, and blanks may stand around any other separator.
+// The first ones win where several fit: a comma may be a decimal mark, and blanks may stand around any other separator.
 constexpr std::array<char, 5> kSeparators{'\t', ';', '|', ',', ' '};
 
 bool BeginsWithLetter(string_view line) {

@@ -45,8 +45,8 @@ class FactReader {
     Facts facts;
 
   private:
-    // "4e-9", "4 ns", "4;ns", or the reciprocal of a rate. Where the numbers behind a key differ, as "1,000" does
-    // between commas, or the keys of a header do, nobody knows it.
+    // "4e-9", "4 ns", "4;ns", or the reciprocal of a rate. Unknown where the numbers behind a key differ, as those
+    // of "1,000" between commas do, or where two keys of a header do.
     void TakeInterval(const KeyedCells& entry, const KeyText& key) {
         std::optional<double> found;
         for (qsizetype i = 0; i < entry.values.size(); ++i) {

@@ -16,7 +16,7 @@ namespace recording {
 
 class Table;
 
-// What the user has chosen. It stands; what is left open is decided by the whole file.
+// What the user has chosen. It is not questioned; what is left open is found from the whole file.
 struct Choice {
     std::optional<char> separator = {};    // between cells: '\t', ';', ',', '|' or ' ' for any number of blanks
     std::optional<char> decimalMark = {};  // '.' or ','

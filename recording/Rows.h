@@ -23,8 +23,8 @@ struct Row {
     std::string codes;  // CellCode
     std::string marks;  // decimal marks, 0 where there is none
     std::vector<double> values;
-    // Of all rows so far, each where it becomes another. A stamp with a date has a day in its value for each of the
-    // dates before its own.
+    // Of all rows so far, one for each change. The value of a stamp with a date is its time of day and as many days as
+    // dates stand here before its own, until ResolveStamps makes real days of them.
     std::vector<Date> dates;
 };
 

@@ -28,7 +28,8 @@ struct Title {
     QString unit;
 
     Meaning Means() const;
-    // "ch1" of "CH1 Peak Detect" or "CH1_MAX", a line of several of one channel; nothing for any other title.
+    // The channel, in small letters, of which this is one of several lines: "ch1" for "CH1 Peak Detect" and "CH1_MAX".
+    // Nothing for any other title.
     std::optional<QString> LineOfChannel() const;
     // It says a time and nothing else, so that its unit is the second: "Time", "t", but not "Time (ticks)".
     bool IsPlainTime() const;
