@@ -8,7 +8,6 @@
 #include <iterator>
 
 #include "widgets/Controls.h"
-#include "widgets/FollowFont.h"
 #include "widgets/Grid.h"
 
 namespace {

@@ -1,5 +1,6 @@
 #include <QFileInfo>
 #include <QPlainTextEdit>
+#include <QTimer>
 
 #include "PanelBench.h"
 

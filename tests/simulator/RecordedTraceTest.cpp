@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryFile>
+#include <array>
 #include <numeric>
 
 #include "simulator/TraceCommandLine.h"
