@@ -314,7 +314,7 @@ QStringList WordCells(const std::string& line, char separator, std::size_t cells
     for (const std::string_view cell : SplitCells(line, separator)) {
         words += TextOf(Content(cell)).replace(QStringLiteral("\"\""), QStringLiteral("\""));
     }
-    const bool isOneCell = separator == '\t' && words.size() == 1 && cells > 1;  // its columns lie below each other
+    const bool isOneCell = separator == '\t' && words.size() == 1;  // its columns lie below each other
     if (static_cast<std::size_t>(words.size()) == cells || (separator != ' ' && !isOneCell)) {
         return words;
     }

@@ -279,6 +279,8 @@ TEST(RecordingForms, TimesAndSteps) {
         {"No.,Time,ms,CH1\n1,12:00:00,0,+0.5\n2,12:00:00,500,+0.6\n3,12:00:01,0,+0.5\n",
          "CH1: 0.5 0.6 0.5 [No., Time, ms]"},
         {"time\tV(out)\n0.0e+000\t1\n1.0e-009\t1.5\n3.0e-009\t1\n1.0e-008\t0.5\n", "V(out): 1 1.5 1 0.5 [time] uneven"},
+        {"Stamp,Clock,v\n2024-01-05 12:00:00,12:00:00,1\n2024-01-05 12:00:01,12:00:01,2\n",
+         "v: 1 2 [Stamp, Clock] every 1 s"},
         {"Date,CH1\n2024-02-28,1\n2024-02-29,2\n2024-03-01,1\n", "CH1: 1 2 1 [Date] every 86.4 ks"},
         {"2024-01-01 00:00,1\n2024-01-02 06:00,2\n2024-01-03 12:00,1\n", "column 2: 1 2 1 [column 1] every 108 ks"},
         {"05 Nov 2024 12:00:00,1\n06-Nov-2024 12:00:00,2\n", "column 2: 1 2 [column 1] every 86.4 ks"},
