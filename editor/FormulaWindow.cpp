@@ -19,14 +19,6 @@ constexpr char kHelp[] =
     "x goes from 0 to 1 over the stretch, 1 is full scale. Also i, n, pi, e; sin, exp and so on; sinc(x), square(x), "
     "pulse(x;duty), tri(x), saw(x), gauss(x;mid;width), step(x), noise(seed).";
 
-// A label that takes the width it gets, with room for two lines from the start.
-void LetWrap(QLabel* label) {
-    label->setWordWrap(true);
-    label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
-    KeepRoomForLines(label, 2);
-}
-
 }  // namespace
 
 FormulaWindow::FormulaWindow(const EditorContext& context, StoreFaults& faults, QWidget* editor)

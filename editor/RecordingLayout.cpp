@@ -14,16 +14,6 @@ namespace {
 
 constexpr QSize kOpeningSize(860, 480);
 
-// A label that takes the width it gets, with room for so many lines from the start.
-void LetWrap(QLabel* label, int lines) {
-    label->setWordWrap(true);
-    label->setTextFormat(Qt::PlainText);
-    label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
-    KeepRoomForLines(label, lines);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-}
-
 QComboBox* MakeChoice(const QString& name, const QString& accessible,
                       std::initializer_list<std::pair<const char*, char>> values, QWidget* parent) {
     auto* const choice = Named(new QComboBox(parent), name, accessible);
@@ -103,11 +93,13 @@ void RecordingWindow::MakeResult() {
     frequencyUnit = MakeLabel(QStringLiteral("frequencyUnit"), QString(), this);
     KeepRoomFor(frequencyUnit, QStringLiteral("MHz "));
     remark = MakeLabel(QStringLiteral("remark"), QString(), this);
-    LetWrap(remark, 2);
 }
 
 void RecordingWindow::Arrange() {
-    LetWrap(found, 2);
+    for (QLabel* const text : {found, remark}) {
+        LetWrap(text);
+        text->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
     auto* const buttons = new QDialogButtonBox(this);
     buttons->addButton(cbok, QDialogButtonBox::AcceptRole);
     buttons->addButton(cbcancel, QDialogButtonBox::RejectRole);

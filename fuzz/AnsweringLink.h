@@ -2,8 +2,16 @@
 
 #include "Fuzz.h"
 #include "link/Link.h"
+#include "link/SilentFront.h"
 #include "support/FakeDesktop.h"
 #include "support/ScriptedLine.h"
+
+// Notes the end of a transfer.
+struct NotingFront : SilentFront {
+    bool hidden = false;
+
+    void HideTransfer() override { hidden = true; }
+};
 
 // A link whose far end answers each query with the next line of a text, and falls silent behind the last. Time passes
 // on a clock of its own.
@@ -17,7 +25,7 @@ struct AnsweringLink {
     ScriptedClock clock;
     ScriptedLine line{clock};
     FakeDesktop desktop;
-    FakeFront front;
+    NotingFront front;
     Link link{program, line, clock, desktop, front};
 
     // The answers that are whole lines, without their CR, in order.

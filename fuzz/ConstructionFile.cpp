@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "DatabaseText.h"
+#include "DescribedFile.h"
 #include "Fuzz.h"
 #include "core/MemorySize.h"
 #include "storage/TableWork.h"

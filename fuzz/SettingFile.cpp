@@ -6,7 +6,7 @@
 #include <cmath>
 #include <span>
 
-#include "DatabaseText.h"
+#include "DescribedFile.h"
 #include "Fuzz.h"
 
 namespace {

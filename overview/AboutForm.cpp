@@ -100,16 +100,10 @@ void AboutForm::changeEvent(QEvent* event) {
     }
 }
 
-// Not every dark theme brings a link colour that reads on it.
+// A link keeps the colour that it was set with.
 void AboutForm::RefreshLabel14() {
-    constexpr int kHalfBright = 128;
-    const QColor paper = palette().color(QPalette::Window);
-    QColor link = palette().color(QPalette::Link);
-    if (qGray(paper.rgb()) < kHalfBright && qGray(link.rgb()) < kHalfBright) {
-        link = QColor(127, 180, 255);
-    }
     Label14->setText(QStringLiteral("<a href=\"%1\" style=\"color: %2\">Web site: %1</a>")
-                         .arg(QLatin1String(kWebSite), link.name()));
+                         .arg(QLatin1String(kWebSite), palette().color(QPalette::Link).name()));
 }
 
 void ShowAbout(QWidget& owner, Desktop& desktop) {

@@ -8,7 +8,6 @@
 #include <iterator>
 
 #include "widgets/Controls.h"
-#include "widgets/FollowFont.h"
 #include "widgets/Grid.h"
 
 namespace {
@@ -60,13 +59,7 @@ void Comset::Arrange() {
     auto* const options = new QHBoxLayout;
     options->addWidget(MakeColumn(QStringLiteral("Port"), *port, this));
     options->addWidget(MakeColumn(QStringLiteral("Baud"), *baud, this));
-    // As wide as the options need, and of the same height for most devices.
-    portDevice->setWordWrap(true);
-    QSizePolicy policy = portDevice->sizePolicy();
-    policy.setHorizontalPolicy(QSizePolicy::Ignored);
-    portDevice->setSizePolicy(policy);
-    KeepRoomForLines(portDevice, 2);
-    portDevice->setAlignment(Qt::AlignTop);
+    LetWrap(portDevice);  // as wide as the options need, and of the same height for most devices
     auto* const buttons = new QHBoxLayout;
     buttons->addWidget(Command1);
     buttons->addStretch();

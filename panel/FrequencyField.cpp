@@ -1,5 +1,6 @@
 #include "panel/FrequencyField.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/FrequencyDisplay.h"
@@ -70,8 +71,8 @@ ShownField FrequencyField::Shown() const {
 }
 
 int FrequencyField::UnitPower() const {
-    return static_cast<int>(
-        std::lround(std::log10(kFrequencyUnits[static_cast<std::size_t>(units_->Selected())].hertz)));
+    const auto unit = static_cast<std::size_t>(std::max(units_->Selected(), 0));  // Hz until the first Show
+    return static_cast<int>(std::lround(std::log10(kFrequencyUnits.at(unit).hertz)));
 }
 
 void FrequencyField::Commit() {

@@ -18,12 +18,11 @@ class HintLine : public QLabel {
     // A text that stands until it is taken away, in place of a message; empty to take it away. Painted at once.
     void ShowText(const QString& text);
 
-    QTimer Timer3{this};
-
   private:
     void Timer3_Timer();
     void ShowGround(QRgb colour);
 
     Desktop& desktop_;
+    QTimer Timer3{this};
     quint8 FlashCount = 0;
 };

@@ -14,15 +14,19 @@ constexpr std::size_t kMostKeys = 256;         // more rows than any header has
 constexpr std::size_t kMostGapStretches = 64;  // without a value of the block, one after the other
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 
-// What a stretch is to a block whose values stand in certain columns.
-enum class Fit { Belongs, Gap, Ends };
+// How a stretch of rows fits a block with values in certain columns.
+enum class Fit {
+    Belongs,  // has values there
+    Gap,      // has neither values nor words there
+    Ends      // a word stands there, or a key in front
+};
 
 CellKind KindAt(const Shape& shape, std::size_t column) {
     return column < shape.codes.size() ? KindOf(shape.codes[column]) : CellKind::Missing;
 }
 
-// A word in front of the samples, where the block has none, is a key whose value stands in their place. With a value of
-// its own between, the key and the samples are beside each other.
+// In "Mean;5" below the rows ";0.1" and ";0.3", the 5 is no sample but the value of the key in front of it. Keys that
+// have values of their own in front, as in "Mean;V;0.1" below ";;0.3", are beside the samples: two cells for each.
 bool HasKeyInFront(const Shape& shape, const Shape& block) {
     std::size_t column = block.columns.front();
     const bool isWord = column > 0 && KindAt(shape, column - 1) == CellKind::Word;
@@ -133,6 +137,7 @@ class Finder {
         return width <= shape.columns.back();
     }
 
+    // A few rows, most of which begin with another word than the row above: keys with their values. Notes their line.
     bool HoldsKeys(std::size_t seed, std::size_t rows) {
         if (wordsMayLead_ || rows > kMostKeys || !BeginsWithWord(ShapeAt(seed))) {
             return false;

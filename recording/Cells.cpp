@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstring>
+#include <cmath>
+#include <string>
 
 #include "recording/Units.h"
 
@@ -12,158 +13,191 @@ namespace {
 
 using std::string_view;
 
-bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\f' || c == '\v'; }
+constexpr string_view kBlanks = " \t\f\v";
+constexpr std::size_t kGroup = 3;  // digits between two marks of thousands
 
-// Walks through the cells of one line.
-class Cursor {
-  public:
-    Cursor(string_view line, char separator)
-        : at_(line.data()), end_(line.data() + line.size()), separator_(separator) {
-        SkipBlanks();
-        if (separator_ == ' ' || separator_ == '|') {
-            while (at_ != end_ && IsBlank(end_[-1])) {
-                --end_;
-            }
-        }
-        if (separator_ == '|' && at_ != end_) {
-            at_ += *at_ == '|' ? 1 : 0;
-            end_ -= at_ != end_ && end_[-1] == '|' ? 1 : 0;
-        }
-        more_ = at_ != end_;
-    }
+bool IsGroupMark(char c) { return c == '\'' || c == ' '; }
 
-    bool HasMore() const { return more_; }
-
-    // Takes a cell that is a plain number and no more; false, and nothing is taken, if it is anything else.
-    bool TakeNumber(const NumberStyle& style, double* value, char* mark) {
-        SkipBlanks();
-        const char* const begin = at_ != end_ && *at_ == '+' ? at_ + 1 : at_;
-        const char* const digit = begin == at_ && at_ != end_ && *at_ == '-' ? at_ + 1 : begin;
-        if (digit == end_ || *digit > '9' || *digit == '-') {
-            return false;  // a word, or one that from_chars would take for a number, as "-inf"
-        }
-        const char* const after =
-            style.decimalMark == ',' ? CommaNumberEnd(begin, value, mark) : PointNumberEnd(begin, value, mark);
-        const char* next = after;
-        if (separator_ != ' ') {
-            next = std::find_if_not(next, end_, [this](char c) { return IsBlank(c) && c != separator_; });
-        }
-        if (after == begin || (next != end_ && !IsSeparator(*next)) || IsHoleValue(*value)) {
-            return false;
-        }
-        Pass(next);
+// "NaN", "Null", "--" and their like, with or without a sign.
+bool IsHoleWord(string_view text) {
+    constexpr std::size_t kLongest = 9;
+    if (text.find_first_not_of('-') == string_view::npos || text.find_first_not_of('*') == string_view::npos ||
+        text.find_first_not_of('?') == string_view::npos) {
         return true;
     }
-
-    string_view TakeText() {
-        SkipBlanks();
-        const char* from = at_;
-        if (at_ != end_ && *at_ == '"') {
-            from = std::find(at_ + 1, end_, '"');
-        }
-        const char* const next = std::find_if(from, end_, [this](char c) { return IsSeparator(c); });
-        const string_view cell(at_, static_cast<std::size_t>(next - at_));
-        Pass(next);
-        return cell;
+    text.remove_prefix(text.front() == '-' || text.front() == '+' ? 1 : 0);
+    if (text.size() > kLongest) {
+        return false;
     }
-
-  private:
-    bool IsSeparator(char c) const { return separator_ == ' ' ? IsBlank(c) : c == separator_ && separator_ != '\0'; }
-
-    // Where the number ends that begins here; nowhere else than there if there is none.
-    const char* PointNumberEnd(const char* begin, double* value, char* mark) const {
-        const auto [after, error] = std::from_chars(begin, end_, *value);
-        const bool hasPoint = std::memchr(begin, '.', static_cast<std::size_t>(after - begin)) != nullptr;
-        *mark = hasPoint ? '.' : '\0';
-        return error == std::errc() ? after : begin;
-    }
-
-    // The same with a decimal comma; a point may part thousands, which is left to others.
-    const char* CommaNumberEnd(const char* begin, double* value, char* mark) const {
-        std::array<char, 32> plain{};
-        std::size_t size = 0;
-        *mark = '\0';
-        for (const char* at = begin; at != end_ && !IsSeparator(*at) && !IsBlank(*at); ++at) {
-            if (*at == '.' || size == plain.size()) {
-                return begin;
-            }
-            *mark = *at == ',' ? ',' : *mark;
-            plain[size++] = *at == ',' ? '.' : *at;
-        }
-        const auto [after, error] = std::from_chars(plain.data(), plain.data() + size, *value);
-        const bool isWhole = error == std::errc() && after == plain.data() + size && plain[size - 1] != '.';
-        return isWhole ? begin + size : begin;
-    }
-
-    void SkipBlanks() {
-        while (at_ != end_ && IsBlank(*at_) && *at_ != (separator_ == ' ' ? '\0' : separator_)) {
-            ++at_;
-        }
-    }
-
-    // Goes on behind the separator at `next`; behind one at the end of the line stands an empty cell.
-    void Pass(const char* next) {
-        more_ = next != end_;
-        at_ = more_ ? next + 1 : end_;
-    }
-
-    const char* at_;
-    const char* end_;
-    char separator_;
-    bool more_ = false;
-};
-
-// The unit of the number in the cell to the left: meters that change their range write it so. Another
-// letter may mean anything.
-void GiveUnit(string_view text, Row* row) {
-    const std::optional<Unit> unit = ReadUnit(text);
-    if (unit && (text.size() > 1 || text == "V" || text == "A" || text == "s")) {
-        row->codes.back() = CellCode(CellKind::Number, unit->base);
-        row->values.back() *= unit->scale;
-    }
+    constexpr auto kWords = std::to_array<string_view>(
+        {"nan",     "null",      "n/a",      "#n/a",     "inf",      "infinity", "1.#inf",
+         "1.#qnan", "1.#ind",    "nan(ind)", "overflow", "overload", "over",     "ovl",
+         "ol",      "underflow", "clipped",  "invalid",  "error",    "void",     "\342\210\236"});
+    return std::ranges::any_of(kWords, [text](string_view word) {
+        return std::ranges::equal(word, text, {}, {}, [](char c) { return c >= 'A' && c <= 'Z' ? char(c + 32) : c; });
+    });
 }
 
-// The value of a stamp, by the place of its date among the dates.
-double PlaceDate(const Cell& cell, Row* row) {
-    if (row->dates.empty() || row->dates.back() != cell.date) {
-        row->dates.push_back(cell.date);
+// The digits of a number with their marks, without sign and exponent.
+struct Body {
+    string_view text;
+    std::size_t decimal = string_view::npos;  // place of the decimal mark
+    bool isUnclear = false;
+};
+
+std::size_t BodyLength(string_view text) {
+    std::size_t at = 0;
+    while (at < text.size() && (IsDigit(text[at]) || text[at] == '.' || text[at] == ',' ||
+                                (at > 0 && at + 1 < text.size() && IsGroupMark(text[at]) && IsDigit(text[at - 1]) &&
+                                 IsDigit(text[at + 1])))) {
+        ++at;
     }
-    return cell.value + kDay * static_cast<double>(row->dates.size() - 1);
+    return at;
+}
+
+// One to three digits, then groups of three behind one kind of mark.
+bool IsGrouped(string_view whole) {
+    const std::size_t first = std::min(whole.find_first_not_of("0123456789"), whole.size());
+    if (first == whole.size()) {
+        return true;
+    }
+    if (first == 0 || first > kGroup || (whole.size() - first) % (kGroup + 1) != 0) {
+        return false;
+    }
+    for (std::size_t i = first; i < whole.size(); ++i) {
+        if ((i - first) % (kGroup + 1) == 0 ? whole[i] != whole[first] : !IsDigit(whole[i])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// Where one mark stands once, it may be either: thousands only with one to three digits in front, no leading zero, and
+// three behind.
+bool MaySeparateThousands(string_view body, std::size_t mark) {
+    return mark >= 1 && mark <= kGroup && body.front() != '0' && body.size() == mark + 1 + kGroup &&
+           std::ranges::all_of(body.substr(0, mark), IsDigit);
+}
+
+bool FindDecimal(Body& body, bool hasExponent, const NumberStyle& style) {
+    const string_view text = body.text;
+    const auto points = std::ranges::count(text, '.');
+    const auto commas = std::ranges::count(text, ',');
+    const std::size_t last = text.find_last_of(".,");
+    if (points > 0 && commas > 0) {
+        body.decimal = last;
+        return (text[last] == '.' ? points : commas) == 1;
+    }
+    if (points + commas == 1) {
+        body.isUnclear = !hasExponent && MaySeparateThousands(text, last);
+        body.decimal = body.isUnclear && text[last] != style.decimalMark ? string_view::npos : last;
+    }
+    return true;
+}
+
+// The digits as from_chars wants them; false if the marks do not stand as in a number.
+bool PlainDigits(const Body& body, const NumberStyle& style, std::string* plain) {
+    const bool hasDecimal = body.decimal != string_view::npos;
+    const string_view whole = body.text.substr(0, body.decimal);
+    const string_view fraction = hasDecimal ? body.text.substr(body.decimal + 1) : string_view();
+    const char mark = hasDecimal ? body.text[body.decimal] : '\0';
+    if (!IsGrouped(whole) || !std::ranges::all_of(fraction, IsDigit) || whole.size() + fraction.size() == 0 ||
+        (mark == ',' && fraction.empty()) || (hasDecimal && style.byUser && mark != style.decimalMark)) {
+        return false;
+    }
+    std::ranges::copy_if(whole, std::back_inserter(*plain), IsDigit);
+    if (hasDecimal) {
+        plain->append(".").append(fraction);
+    }
+    return true;
+}
+
+// The decimal mark, or the one that the marks between thousands leave.
+char MarkOf(const Body& body) {
+    if (body.decimal != string_view::npos) {
+        return body.text[body.decimal];
+    }
+    const std::size_t group = body.text.find_first_of(".,");
+    return group == string_view::npos ? '\0' : body.text[group] == ',' ? '.' : ',';
+}
+
+// The length of "E+003"; 0 if there is none.
+std::size_t ExponentLength(string_view text) {
+    if (text.empty() || (text.front() != 'e' && text.front() != 'E')) {
+        return 0;
+    }
+    const std::size_t digits = text.size() > 1 && (text[1] == '-' || text[1] == '+') ? 2 : 1;
+    const std::size_t end = std::min(text.find_first_not_of("0123456789", digits), text.size());
+    return end > digits ? end : 0;
+}
+
+Cell NumberOf(const std::string& plain, const Cell& cell, double scale) {
+    double value = 0.0;
+    const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    // Out of range are the smallest numbers as well as the greatest.
+    const bool isTiny = result.ec == std::errc::result_out_of_range &&
+                        (plain.find("e-") != std::string::npos || plain.find_first_of("123456789.") == plain.find('.'));
+    if ((result.ec != std::errc() && !isTiny) || IsHoleValue(value) || IsHoleValue(value * scale) ||
+        !std::isfinite(value * scale)) {
+        return {};
+    }
+    Cell number = cell;
+    number.kind = CellKind::Number;
+    number.value = isTiny ? 0.0 : value * scale;
+    return number;
+}
+
+std::optional<Cell> ReadNumber(string_view text, const NumberStyle& style) {
+    if (text.find_first_of("0123456789") == string_view::npos) {
+        return std::nullopt;
+    }
+    std::string plain(text.starts_with('-') ? "-" : "");
+    text.remove_prefix(text.starts_with('-') || text.starts_with('+') ? 1 : 0);
+    Body body{.text = text.substr(0, BodyLength(text))};
+    text.remove_prefix(body.text.size());
+    const std::size_t exponent = ExponentLength(text);
+    if (body.text.empty() || !FindDecimal(body, exponent > 0, style) || !PlainDigits(body, style, &plain)) {
+        return std::nullopt;
+    }
+    if (exponent > 0) {
+        plain.append("e").append(text.substr(text[1] == '+' ? 2 : 1, exponent - (text[1] == '+' ? 2 : 1)));
+    }
+    const string_view unitText = Trimmed(text.substr(exponent));
+    const std::optional<Unit> unit = unitText.empty() ? Unit{} : ReadCellUnit(unitText);
+    if (!unit) {
+        return std::nullopt;
+    }
+    return NumberOf(plain, {.unit = unit->base, .mark = MarkOf(body), .isUnclear = body.isUnclear}, unit->scale);
 }
 
 }  // namespace
 
-std::vector<string_view> SplitCells(string_view line, char separator) {
-    std::vector<string_view> cells;
-    for (Cursor cursor(line, separator); cursor.HasMore();) {
-        cells.push_back(Trimmed(cursor.TakeText()));
-    }
-    return cells;
+string_view Trimmed(string_view text) {
+    const std::size_t first = std::min(text.find_first_not_of(kBlanks), text.size());
+    return text.substr(first, text.find_last_not_of(kBlanks) + 1 - first);
 }
 
-void ReadRow(string_view line, const Form& form, Row* row) {
-    row->codes.clear();
-    row->marks.clear();
-    row->values.clear();
-    constexpr char kPlainNumber = static_cast<char>(CellKind::Number);
-    for (Cursor cursor(line, form.separator); cursor.HasMore();) {
-        double value = 0.0;
-        char mark = '\0';
-        char code = kPlainNumber;
-        if (!cursor.TakeNumber(form.numbers, &value, &mark)) {
-            const string_view text = cursor.TakeText();
-            const Cell cell = ReadCell(text, form.numbers);
-            code = CellCode(cell.kind, cell.unit);
-            value = cell.date.first > 0 ? PlaceDate(cell, row) : cell.value;
-            mark = cell.mark;
-            if (cell.kind == CellKind::Word && !row->codes.empty() && row->codes.back() == kPlainNumber) {
-                GiveUnit(Content(text), row);
-            }
-        }
-        row->codes.push_back(code);
-        row->marks.push_back(mark);
-        row->values.push_back(value);
+string_view Content(string_view cell) {
+    cell = Trimmed(cell);
+    return cell.size() > 1 && cell.starts_with('"') && cell.ends_with('"') ? Trimmed(cell.substr(1, cell.size() - 2))
+                                                                           : cell;
+}
+
+bool IsHoleValue(double value) {
+    constexpr double kLowest = 9.89e37;
+    constexpr double kHighest = 9.92e37;
+    return std::fabs(value) > kLowest && std::fabs(value) < kHighest;
+}
+
+Cell ReadCell(string_view text, const NumberStyle& style) {
+    text = Content(text);
+    if (text.empty() || IsHoleWord(text)) {
+        return {};
     }
+    if (const std::optional<Cell> number = ReadNumber(text, style)) {
+        return *number;
+    }
+    return ReadStamp(text).value_or(Cell{.kind = CellKind::Word});
 }
 
 }  // namespace recording

@@ -1,39 +1,66 @@
 #pragma once
 
-#include <string>
+#include <optional>
 #include <string_view>
-#include <vector>
-
-#include "recording/Numbers.h"
 
 namespace recording {
 
-// How the cells of a text are told apart and read.
-struct Form {
-    char separator = '\0';  // tab, semicolon, comma, "|" or blank; none if each line is one cell
-    NumberStyle numbers = {};
+// Of ASCII only.
+inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+enum class CellKind : unsigned char {
+    Missing,  // empty, "--", "NaN", "Null", or 9.9E37, by which instruments mark a sample that they do not have
+    Word,
+    Stamp,  // a date or a time of day; its value is in seconds since midnight, NaN without a whole date
+    Number
 };
 
-// The cells of a line as it writes them. A separator in quotes belongs to its cell. Any number of blanks counts as one;
-// "|" at either end of a line is a frame. Nothing stands for an empty line.
-std::vector<std::string_view> SplitCells(std::string_view line, char separator);
-
-// What the cells of a line mean, one element each.
-struct Row {
-    std::string codes;  // CellCode
-    std::string marks;  // decimal marks, 0 where there is none
-    std::vector<double> values;
-    // Of all rows so far, each where it becomes another. A stamp with a date has a day in its value for each of the
-    // dates before its own.
-    std::vector<Date> dates;
+// How a number is read that may be meant in two ways, as "1,234".
+struct NumberStyle {
+    char decimalMark = '.';
+    bool byUser = false;  // numbers with the other mark are then none
 };
 
-// The kind of a cell and the base of its unit in one character.
-inline char CellCode(CellKind kind, int unit) { return static_cast<char>(static_cast<int>(kind) | unit << 2); }
-inline CellKind KindOf(char code) { return static_cast<CellKind>(code & 3); }
-inline int UnitOf(char code) { return static_cast<unsigned char>(code) >> 2; }
-inline bool HasValue(char code) { return KindOf(code) >= CellKind::Stamp; }
+// What a stamp holds, in the place of the unit of a number.
+enum StampForm : unsigned char {
+    kDate = 1,
+    kClock = 2,
+    kDateAndClock = 3,
+    kTwoParts = 4  // "12:30", hours and minutes or minutes and seconds
+};
 
-void ReadRow(std::string_view line, const Form& form, Row* row);
+// The three parts of a date as they are written; which is the year, the month and the day the other dates may tell.
+struct Date {
+    int first = 0;  // 0 if there is no whole date
+    int second = 0;
+    int third = 0;
+    bool hasPoints = false;  // between the parts: the day is the first
+
+    bool operator==(const Date&) const = default;
+};
+
+struct Cell {
+    CellKind kind = CellKind::Missing;
+    int unit = 0;            // base of the unit behind a number (Units.h), in which its value is; or a StampForm
+    char mark = 0;           // the decimal mark, also one that follows from marks between thousands; 0 without any
+    bool isUnclear = false;  // the mark could as well separate thousands
+    double value = 0.0;
+    Date date = {};  // of a stamp
+};
+
+// What the text of a cell means, without blanks at either end; quotes around it count for nothing. Numbers may have a
+// decimal point or comma, marks between thousands, an exponent, and a unit behind them.
+Cell ReadCell(std::string_view text, const NumberStyle& style);
+
+std::string_view Trimmed(std::string_view text);
+
+// Without blanks, and without the quotes around it.
+std::string_view Content(std::string_view cell);
+
+// True for 9.9E37 and its neighbours for both overflows.
+bool IsHoleValue(double value);
+
+// The time of day, or the date, that a cell holds (Stamps.cpp).
+std::optional<Cell> ReadStamp(std::string_view text);
 
 }  // namespace recording

@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "recording/Numbers.h"
+#include "recording/Cells.h"
 #include "recording/Recording.h"
 
 namespace recording {
@@ -13,7 +13,7 @@ namespace {
 using std::string_view;
 using Lines = std::vector<string_view>;
 
-// A comma may be a decimal mark, and blanks may stand around any other separator.
+// The first ones win where several fit: a comma may be a decimal mark, and blanks may stand around any other separator.
 constexpr std::array<char, 5> kSeparators{'\t', ';', '|', ',', ' '};
 
 bool BeginsWithLetter(string_view line) {
@@ -106,7 +106,7 @@ CommaSigns ReadCommaSigns(const Lines& rows) {
 }
 
 struct MarkCounts {
-    std::size_t points = 0;  // that cannot part thousands
+    std::size_t points = 0;  // that cannot separate thousands
     std::size_t commas = 0;
     string_view unclearComma;
     string_view unclear;  // in a column in which others have no mark, as 998 beside 1,000

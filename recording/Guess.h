@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "recording/Cells.h"
+#include "recording/Rows.h"
 
 namespace recording {
 

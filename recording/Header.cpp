@@ -10,7 +10,7 @@ namespace recording {
 namespace {
 
 // A key with the cells behind it.
-struct Entry {
+struct KeyedCells {
     QString key;
     QStringList values;
     std::size_t column = 0;  // of the first value
@@ -21,7 +21,7 @@ class FactReader {
   public:
     explicit FactReader(const NumberStyle& style) : style_(style) {}
 
-    void Take(const Entry& entry) {
+    void Take(const KeyedCells& entry) {
         const KeyText key = ReadKey(entry.key);
         switch (key.key) {
             case Key::Interval:
@@ -45,9 +45,9 @@ class FactReader {
     Facts facts;
 
   private:
-    // "4e-9", "4 ns", "4;ns", or the reciprocal of a rate. Where the numbers behind a key differ, as "1,000" does
-    // between commas, or the keys of a header do, nobody knows it.
-    void TakeInterval(const Entry& entry, const KeyText& key) {
+    // "4e-9", "4 ns", "4;ns", or the reciprocal of a rate. Unknown where the numbers behind a key differ, as those
+    // of "1,000" between commas do, or where two keys of a header do.
+    void TakeInterval(const KeyedCells& entry, const KeyText& key) {
         std::optional<double> found;
         for (qsizetype i = 0; i < entry.values.size(); ++i) {
             const Cell cell = ReadCell(entry.values[i].toStdString(), style_);
@@ -63,7 +63,7 @@ class FactReader {
         facts.interval = isUnclear_ ? std::nullopt : facts.interval ? facts.interval : found;
     }
 
-    // Its mark is not that of the samples, or may part thousands.
+    // Its mark is not that of the samples, or may separate thousands.
     bool IsUnclear(const QString& text, const Cell& cell) const {
         const char mark = style_.decimalMark;
         return cell.isUnclear ? !text.contains(QLatin1Char(mark)) : cell.mark != 0 && cell.mark != mark;
@@ -100,7 +100,7 @@ class FactReader {
     }
 
     // The first such key counts, and those of the same words below it.
-    void TakeTexts(const Entry& entry, std::vector<Facts::Entry>* texts, QString* first) {
+    void TakeTexts(const KeyedCells& entry, std::vector<Facts::Entry>* texts, QString* first) {
         if (!texts->empty() && !entry.isBeside && entry.key != *first) {
             return;
         }
@@ -119,7 +119,7 @@ class FactReader {
 };
 
 // "key = value" in one cell; the value may stand in the next one, and go on in those behind it.
-std::optional<Entry> EntryInCell(const QStringList& cells, qsizetype at, std::size_t column) {
+std::optional<KeyedCells> KeyInCell(const QStringList& cells, qsizetype at, std::size_t column) {
     const auto pair = SplitPair(cells[at]);
     if (!pair) {
         return std::nullopt;
@@ -130,12 +130,12 @@ std::optional<Entry> EntryInCell(const QStringList& cells, qsizetype at, std::si
     for (qsizetype i = at + 1; goesOn && i < cells.size() && !SplitPair(cells[i]); ++i) {
         values += cells[i];
     }
-    return Entry{pair->first, values, column + 1};
+    return KeyedCells{pair->first, values, column + 1};
 }
 
 void TakeHeaderLine(const QStringList& cells, FactReader* reader) {
     for (qsizetype i = 0; i < cells.size(); ++i) {
-        if (const std::optional<Entry> entry = EntryInCell(cells, i, static_cast<std::size_t>(i))) {
+        if (const std::optional<KeyedCells> entry = KeyInCell(cells, i, static_cast<std::size_t>(i))) {
             reader->Take(*entry);
         } else if (i == 0) {
             static const QRegularExpression marks(QStringLiteral("^[#%;\\s]+"));
@@ -201,7 +201,7 @@ Facts FindFacts(const Table& table, const TableBlock& block, const Heading& head
     QStringList above;
     for (const Table::Line& line : table.Texts(block.headerLine, block.headerEnd - 1)) {
         const QStringList cells = KeyCells(line.text, separator);
-        if (line.number != heading.firstIsTitle) {
+        if (line.number != heading.lineWithoutKey) {
             TakeHeaderLine(cells, &reader);
         }
         TakeColumns(above, cells, &reader);

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "recording/Interval.h"
+#include "recording/Course.h"
 #include "recording/Units.h"
 
 namespace recording {

@@ -74,7 +74,7 @@ class Cutter {
         return areLong ? rows : std::vector<std::size_t>();
     }
 
-    // Empty lines that part a single column into runs of one length begin another recording, if the runs are long.
+    // Empty lines that divide a single column into runs of one length begin another recording, if the runs are long.
     std::vector<std::size_t> StartsBehindGaps() const {
         constexpr std::size_t kFewestRows = 16;
         const std::vector<Stretch>& stretches = table_.Stretches();

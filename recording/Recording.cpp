@@ -22,8 +22,6 @@ class Assembly {
 
     Outcome Build(const Guess& guess, const Choice& choice, const Progress& progress) {
         Table& table = *recording_.table_;
-        recording_.decimalMark = guess.form.numbers.decimalMark;
-        recording_.separator = guess.form.separator == '\0' ? std::nullopt : std::optional(guess.form.separator);
         const std::vector<Table::Line> texts =
             table.Texts(0, table.Stretches().empty() ? 0 : table.Stretches()[0].firstLine);
         const bool isAddressed =
@@ -61,7 +59,8 @@ class Assembly {
         }
         if (!guess.unclear.empty()) {
             const bool isComma = guess.unclear.find(',') != std::string::npos;
-            return QStringLiteral("The %1 in \"%2\" may be a decimal mark, or part thousands. Choose the decimal mark.")
+            return QStringLiteral(
+                       "The %1 in \"%2\" may be a decimal mark, or separate thousands. Choose the decimal mark.")
                 .arg(isComma ? QStringLiteral("comma") : QStringLiteral("point"),
                      QString::fromStdString(guess.unclear));
         }

@@ -10,13 +10,13 @@
 
 class QIODevice;
 
-// Recordings of oscilloscopes, loggers and programs: delimited text with numbers. This header is the door of the
-// module; recording/Resample.h brings what it gives to the addresses of a memory.
+// Recordings of oscilloscopes, loggers and programs: delimited text with numbers. This is the public header of
+// the module; recording/Resample.h brings the values to the addresses of a memory.
 namespace recording {
 
 class Table;
 
-// What the user has chosen. It stands; what is left open is decided by the whole file.
+// What the user has chosen. It is not questioned; what is left open is found from the whole file.
 struct Choice {
     std::optional<char> separator = {};    // between cells: '\t', ';', ',', '|' or ' ' for any number of blanks
     std::optional<char> decimalMark = {};  // '.' or ','
@@ -31,7 +31,7 @@ enum class Role {
     Other  // may be a channel if the user says so: the second line of a peak detection, a count, a setting
 };
 
-// How the rows of a column follow each other in time.
+// How the values of a column follow each other in time.
 struct Timing {
     std::optional<double> interval;  // s, from row to row; none if unknown or not even
     std::optional<double> duration;  // s; of even rows, one interval for each
@@ -53,10 +53,9 @@ struct Column {
     std::size_t lastLine = 0;
     double lowest = 0.0;
     double highest = 0.0;
-    std::span<const double> values =
-        {};  // two at least, finite; none if there is a fault. They belong to the Recording.
+    // Two at least, finite; none if there is a fault. They belong to the Recording.
+    std::span<const double> values = {};
     Timing timing = {};
-
     std::size_t block = 0;  // in Recording::blocks
 
     QString Title() const;  // CH1 (mV), or "column 2"
@@ -94,9 +93,6 @@ class Recording {
     std::vector<AddressedSample> addressed;
     // It has that title line, but this is wrong with it; a sentence for the user.
     QString addressedFault;
-
-    std::optional<char> separator;  // that was found, or chosen; none if each line is one cell
-    char decimalMark = '.';
 
     Recording();
     ~Recording();

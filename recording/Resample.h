@@ -19,8 +19,8 @@ std::vector<double> Resample(std::span<const double> values, std::span<const dou
 // follow each other evenly. Two values at least.
 double Lasting(std::size_t values, bool even, std::size_t addresses);
 
-// Spreads values so that the lowest becomes `low` and the highest `high`, exactly. Nothing for values that are all one,
-// up to what their arithmetic leaves over.
+// Spreads values so that the lowest becomes `low` and the highest `high`, exactly. Empty if all values
+// are equal, apart from rounding.
 std::vector<double> Spread(std::span<const double> values, double low, double high);
 
 }  // namespace recording

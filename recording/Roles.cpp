@@ -73,8 +73,8 @@ class Roles {
     }
 
   private:
-    // An untitled first column restarts only where lines without a cell stand between the rows; restarts elsewhere are
-    // removed by the reader.
+    // An untitled first column that begins again is a time. ColumnReader leaves it those restarts alone in front of
+    // which lines without a cell stand.
     void GuessRestarts() {
         Candidate& first = candidates_.front();
         if (first.meaning == Meaning::Unknown && first.title.name.isEmpty() && !first.course.restarts.empty()) {

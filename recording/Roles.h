@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "recording/Interval.h"
+#include "recording/Course.h"
 #include "recording/Titles.h"
 #include "recording/Units.h"
 

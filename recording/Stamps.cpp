@@ -6,7 +6,7 @@
 #include <limits>
 #include <string>
 
-#include "recording/Numbers.h"
+#include "recording/Cells.h"
 #include "recording/Units.h"
 
 namespace recording {
@@ -61,7 +61,7 @@ double TakeFraction(string_view* text) {
     return DigitsAt(digits) / std::pow(10.0, static_cast<double>(digits.size()));
 }
 
-// Takes the last part of "12:30:05:250", as some loggers part the thousandths from the seconds; else 0.
+// Takes the last part of "12:30:05:250", as some loggers write the thousandths; else 0.
 double TakeThousandths(string_view* text) {
     constexpr std::size_t kDigits = 3;
     const std::size_t colon = text->rfind(':');

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "recording/Cells.h"
+#include "recording/Rows.h"
 
 namespace recording {
 

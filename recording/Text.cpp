@@ -18,7 +18,7 @@ bool IsHigh(char byte) { return (static_cast<unsigned char>(byte) & 0x80U) != 0;
 bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
 // Three digits, and no fourth, follow; a digit stands in front.
-bool PartsThousands(const QString& text, qsizetype at) {
+bool SeparatesThousands(const QString& text, qsizetype at) {
     if (at == 0 || !IsDigit(text[at - 1]) || text.size() < at + 4) {
         return false;
     }
@@ -41,9 +41,9 @@ char16_t PlainOf(const QString& text, qsizetype at) {
         case 0x2007:
         case 0x2009:
         case 0x202F:
-            return PartsThousands(text, at) ? u'\'' : u' ';
+            return SeparatesThousands(text, at) ? u'\'' : u' ';
         case 0x2019:  // the apostrophe of print
-            return PartsThousands(text, at) ? u'\'' : c;
+            return SeparatesThousands(text, at) ? u'\'' : c;
         case 0x03BC:  // the Greek letter for micro, the sign for ohm
             return 0x00B5;
         case 0x2126:

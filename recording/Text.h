@@ -12,7 +12,7 @@ namespace recording {
 
 // The lines of a text, one after the other, as UTF-8, whatever its encoding: ASCII, UTF-8, UTF-16 with a byte order
 // mark, and Latin-1 in lines that are no UTF-8. A typographic minus becomes "-", a no-break space a blank, or "'" where
-// it parts the thousands of a number. Holds no more of the text than the line in work and what was read ahead.
+// it separates the thousands of a number. Holds no more of the text than the line in work and what was read ahead.
 class LineSource {
   public:
     // From the first line that begins behind byte `from`; with 0, from the first line of all. Reads `most` bytes, so

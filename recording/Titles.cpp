@@ -36,7 +36,7 @@ QString UnitOfCell(const QString& cell) {
     return UnitNamed(cell) ? cell : QString();
 }
 
-// What such a line has where there is no unit, or how the samples were taken.
+// What a unit line has where there is no unit, or how the samples were taken.
 bool IsFiller(const QString& cell) {
     static const QRegularExpression words(
         QStringLiteral(
@@ -199,6 +199,43 @@ class HeaderLine {
     bool isOfTime_ = false;  // a key says that its units are those of the time
 };
 
+// Titles that stand over a line of units of which some are unknown.
+bool HasKnownTitles(const Table& table, const TableBlock& block, const Table::Line& line) {
+    const HeaderLine titles(table, block, line.text);
+    return titles.MayBeTitles(false) && titles.AreKnownTitles();
+}
+
+// Places of the lines above a block that hold its titles and its units; kNone without one.
+struct TitleLines {
+    std::size_t titles = kNone;
+    std::size_t units = kNone;
+};
+
+TitleLines FindTitleLines(const Table& table, const TableBlock& block, const std::vector<Table::Line>& lines) {
+    std::size_t units = kNone;
+    std::size_t titles = kNone;
+    std::size_t fillers = kNone;
+    bool isNext = true;  // nothing but units between the line and the block
+    for (std::size_t i = lines.size(); i-- > 0 && titles == kNone && i + kLinesAbove >= lines.size();) {
+        const HeaderLine line(table, block, lines[i].text);
+        const bool inList =
+            i > 0 && line.IsKeyAndValue() && HeaderLine(table, block, lines[i - 1].text).IsKeyAndValue();
+        const HeaderLine::Units kind = line.HasUnits();
+        if (kind == HeaderLine::Units::Yes) {
+            units = units == kNone ? i : units;
+        } else if (kind == HeaderLine::Units::Fillers) {
+            fillers = i;
+        } else if (units == kNone && i > 0 && line.HasSomeUnit() && HasKnownTitles(table, block, lines[i - 1])) {
+            units = i;
+        } else if (line.MayBeTitles(units == i + 1) && (line.AreKnownTitles() || (isNext && !inList))) {
+            titles = i;
+        } else {
+            isNext = false;
+        }
+    }
+    return {titles == kNone ? std::min(units, fillers) : titles, units};  // "Sample,Volt" may be all that there is
+}
+
 }  // namespace
 
 Title ReadTitle(const QString& cell) {
@@ -277,7 +314,7 @@ QStringList WordCells(const std::string& line, char separator, std::size_t cells
     for (const std::string_view cell : SplitCells(line, separator)) {
         words += TextOf(Content(cell)).replace(QStringLiteral("\"\""), QStringLiteral("\""));
     }
-    const bool isOneCell = separator == '\t' && words.size() == 1 && cells > 1;  // its columns lie below each other
+    const bool isOneCell = separator == '\t' && words.size() == 1;  // its columns lie below each other
     if (static_cast<std::size_t>(words.size()) == cells || (separator != ' ' && !isOneCell)) {
         return words;
     }
@@ -306,47 +343,16 @@ QStringList KeyCells(const std::string& line, char separator) {
     return separator == ' ' || cells.size() == 1 ? PartsOf(TextOf(Content(line))) : cells;
 }
 
-namespace {
-
-// With the units in the line below, of which some are unknown.
-bool IsTitled(const Table& table, const TableBlock& block, const Table::Line& line) {
-    const HeaderLine titles(table, block, line.text);
-    return titles.MayBeTitles(false) && titles.AreKnownTitles();
-}
-
-}  // namespace
-
 Heading FindHeading(const Table& table, const TableBlock& block) {
     Heading heading;
     heading.titles.resize(table.Columns());
     const std::vector<Table::Line> lines = table.Texts(block.headerLine, block.headerEnd - 1);
-    std::size_t units = kNone;
-    std::size_t titles = kNone;
-    std::size_t fillers = kNone;
-    bool isNext = true;  // nothing but units between the line and the block
-    for (std::size_t i = lines.size(); i-- > 0 && titles == kNone && i + kLinesAbove >= lines.size();) {
-        const HeaderLine line(table, block, lines[i].text);
-        const bool inList =
-            i > 0 && line.IsKeyAndValue() && HeaderLine(table, block, lines[i - 1].text).IsKeyAndValue();
-        const HeaderLine::Units kind = line.HasUnits();
-        if (kind == HeaderLine::Units::Yes) {
-            units = units == kNone ? i : units;
-        } else if (kind == HeaderLine::Units::Fillers) {
-            fillers = i;
-        } else if (units == kNone && i > 0 && line.HasSomeUnit() && IsTitled(table, block, lines[i - 1])) {
-            units = i;
-        } else if (line.MayBeTitles(units == i + 1) && (line.AreKnownTitles() || (isNext && !inList))) {
-            titles = i;
-        } else {
-            isNext = false;
-        }
-    }
-    titles = titles == kNone ? std::min(units, fillers) : titles;  // "Sample,Volt" may be all that there is
-    if (titles == kNone) {
+    const TitleLines found = FindTitleLines(table, block, lines);
+    if (found.titles == kNone) {
         return heading;
     }
-    const HeaderLine unitLine(table, block, units == kNone ? std::string() : lines[units].text);
-    const HeaderLine titleLine(table, block, lines[titles].text);
+    const HeaderLine unitLine(table, block, found.units == kNone ? std::string() : lines[found.units].text);
+    const HeaderLine titleLine(table, block, lines[found.titles].text);
     heading.titleCells = titleLine.Size();
     for (std::size_t i = 0; i < heading.titles.size(); ++i) {
         heading.titles[i] = ReadTitle(titleLine.At(i));
@@ -356,7 +362,7 @@ Heading FindHeading(const Table& table, const TableBlock& block) {
             heading.titles[i].unit = known.isEmpty() && Read(unit).kind == CellKind::Word ? unit : known;
         }
     }
-    heading.firstIsTitle = titleLine.FirstIsTitle() ? lines[titles].number : 0;
+    heading.lineWithoutKey = titleLine.FirstIsTitle() ? lines[found.titles].number : 0;
     return heading;
 }
 

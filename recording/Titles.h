@@ -28,7 +28,8 @@ struct Title {
     QString unit;
 
     Meaning Means() const;
-    // "ch1" of "CH1 Peak Detect" or "CH1_MAX", a line of several of one channel; nothing for any other title.
+    // The channel, in small letters, of which this is one of several lines: "ch1" for "CH1 Peak Detect" and "CH1_MAX".
+    // Nothing for any other title.
     std::optional<QString> LineOfChannel() const;
     // It says a time and nothing else, so that its unit is the second: "Time", "t", but not "Time (ticks)".
     bool IsPlainTime() const;
@@ -39,9 +40,10 @@ Title ReadTitle(const QString& cell);
 
 // What stands above a block.
 struct Heading {
-    std::vector<Title> titles;     // by column of the table; those beyond have none
-    std::size_t titleCells = 0;    // cells of the line that they stand in; 0 if there is none
-    std::size_t firstIsTitle = 0;  // the line that they stand in, if its first word is no key though it may be one
+    std::vector<Title> titles;   // by column of the table; those beyond have none
+    std::size_t titleCells = 0;  // cells of the line that they stand in; 0 if there is none
+    // The line that they stand in, if its first word is a title although it may be a key ("Source"); else 0.
+    std::size_t lineWithoutKey = 0;
 };
 
 Heading FindHeading(const Table& table, const TableBlock& block);

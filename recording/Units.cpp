@@ -52,6 +52,7 @@ constexpr auto kUnits = std::to_array<BaseUnit>({
     {"day", " days ", Prefixes::None, 86400.0},
     {"h", " hour hours ", Prefixes::None, 3600.0},
 });
+// Places in that table.
 constexpr int kSeconds = 2;
 constexpr int kHertz = 5;
 constexpr int kSamplesPerSecond = 6;

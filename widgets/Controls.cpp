@@ -1,5 +1,7 @@
 #include "widgets/Controls.h"
 
+#include "widgets/FollowFont.h"
+
 QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent) {
     return Named(new QGroupBox(title, parent), name);
 }
@@ -9,6 +11,13 @@ QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWi
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(buddy);
     return label;
+}
+
+void LetWrap(QLabel* label) {
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    KeepRoomForLines(label, 2);
 }
 
 QMenu* AddMenu(QMenuBar* bar, const char* name, const char* caption) {

@@ -21,5 +21,8 @@ QGroupBox* MakeFrame(const QString& name, const QString& title, QWidget* parent)
 // A label; the key in its text leads to the buddy.
 QLabel* MakeLabel(const QString& name, const QString& text, QWidget* parent, QWidget* buddy = nullptr);
 
+// Lets a label take the width it gets and wrap its text, with room for two lines from the start.
+void LetWrap(QLabel* label);
+
 QMenu* AddMenu(QMenuBar* bar, const char* name, const char* caption);
 QAction* AddItem(QMenu* menu, const char* name, const char* caption);

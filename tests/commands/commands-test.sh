@@ -31,8 +31,8 @@ bench/run --benchmark_filter=Spline >"$log" 2>&1 || fail "bench/run"
 grep -q '^Spline .* ms ' "$log" || fail "bench/run prints no figure"
 
 scripts/pictures "$TMPDIR" >"$log" 2>&1 || fail "scripts/pictures"
-for picture in panel guide/connect guide/connect-port guide/set guide/set-limit guide/sweep guide/modulate guide/send guide/save; do
-    [ -s "$TMPDIR/$picture.png" ] || fail "scripts/pictures takes no picture $picture"
+for picture in docs/*.png docs/guide/*.png; do
+    [ -s "$TMPDIR/${picture#docs/}" ] || fail "scripts/pictures takes no picture ${picture#docs/}"
 done
 
 # kl5276ctl as the guide uses it, without a display library, on the instrument at Com2.

@@ -179,7 +179,6 @@ TEST_F(CtlEnds, ATerminalSeesTheProgressAndNothingElseDoes) {
         ::fcntl(terminal, F_SETFL, O_NONBLOCK);
         QByteArray seen(65536, '\0');
         seen.truncate(std::max<ssize_t>(::read(terminal, seen.data(), 65536), 0));
-        EXPECT_EQ(seen.contains(" % "), false);
         EXPECT_EQ(seen.contains(" %"), shows);
         ::close(held);
     }

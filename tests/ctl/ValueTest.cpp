@@ -34,7 +34,9 @@ TEST(CtlValues, AreEngineeringNotationWithPointOrCommaAndNothingElse) {
         if (value && !std::isnan(number)) {
             EXPECT_EQ(value->number, number) << text;
             const auto again = ReadValue(ValueText(number, quantity, value->vpp.value_or(true)), quantity, fault);
-            EXPECT_TRUE(again && again->number == number && (quantity != Level || again->vpp == value->vpp)) << text;
+            ASSERT_TRUE(again) << text;
+            EXPECT_EQ(again->number, number) << text;
+            EXPECT_EQ(again->vpp, value->vpp) << text;
         }
     }
 }

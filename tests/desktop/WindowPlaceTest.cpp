@@ -124,7 +124,8 @@ TEST_F(WindowPlaces, OffTheScreenComeInWithTheirFrames) {
         Start(state);
         MakeNormal(*form);
         MakeNormal(*editor);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return isIn(*form) && isIn(*editor); }, kLimitMs));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isIn(*form); }, kLimitMs));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isIn(*editor); }, kLimitMs));
         form->close();
     }
 }

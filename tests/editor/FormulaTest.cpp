@@ -24,7 +24,8 @@ TEST_F(FormulaForm, WritesWhatWasTypedAndShowsIt) {
     TypeFormula("x - 1.25");
     EXPECT_EQ(Says("cut"), u"4096 samples from -2047 to -512, 1023 of them cut at full scale.");
     Key(Qt::Key_Return);
-    EXPECT_FALSE(Standing() || desktop.busy);
+    EXPECT_FALSE(Standing());
+    EXPECT_FALSE(desktop.busy);
     ExpectMemory("0=-2047 1024=-2047 1025=-2047 2048=-1535 4095=-512");
     EXPECT_EQ(Detail().At(1500, -1809), QColor(255, 0, 0));
     Choose("mnu16ksig");
@@ -67,18 +68,23 @@ TEST_F(FormulaForm, TellsAFaultWhileItIsTypedAndWritesNothing) {
           {"max(x;x) + ", u"At the end: The formula is not finished.", 10, u" "},
           {"1/x", u"At x = 0 the result is not a finite number.", -1, u""}}) {
         TypeFormula(formula);
-        EXPECT_TRUE(Says("fault") == says && field->accessibleDescription() == says) << formula;
+        EXPECT_EQ(Says("fault"), says) << formula;
+        EXPECT_EQ(field->accessibleDescription(), says) << formula;
         const QList<QTextEdit::ExtraSelection> marks = field->extraSelections();
         EXPECT_EQ(marks.isEmpty() ? QString() : marks[0].cursor.selectedText(), marked);
         EXPECT_EQ(marks.isEmpty() ? -1 : marks[0].cursor.selectionStart(), at);
-        EXPECT_TRUE(Says("cut").isEmpty() && !Get("cbok")->isEnabled());
+        EXPECT_EQ(Says("cut"), u"");
+        EXPECT_FALSE(Get("cbok")->isEnabled());
         Key(Qt::Key_Return);
         EXPECT_TRUE(Standing());
     }
     TypeFormula("1");
-    EXPECT_TRUE(Get("cbok")->isEnabled() && field->extraSelections().isEmpty() && Says("fault").startsWith(u"x goes"));
+    EXPECT_TRUE(Get("cbok")->isEnabled());
+    EXPECT_TRUE(field->extraSelections().isEmpty());
+    EXPECT_TRUE(Says("fault").startsWith(u"x goes"));
     Key(Qt::Key_Escape);
-    EXPECT_TRUE(!Standing() && Table() == before);
+    EXPECT_FALSE(Standing());
+    EXPECT_EQ(Table(), before);
 }
 
 TEST_F(FormulaForm, AReadyShapeGoesIntoTheFieldAsTheUserWritesItAndComesOutAgain) {
@@ -86,7 +92,8 @@ TEST_F(FormulaForm, AReadyShapeGoesIntoTheFieldAsTheUserWritesItAndComesOutAgain
     OpenFormula();
     auto* const shapes = Get<QListWidget>("shapes");
     Key(Qt::Key_Tab);
-    EXPECT_TRUE(shapes->hasFocus() && Formula() == u"sin(2*pi*x)");  // to pass through changes nothing
+    EXPECT_TRUE(shapes->hasFocus());
+    EXPECT_EQ(Formula(), u"sin(2*pi*x)");  // to pass through changes nothing
     Key(Qt::Key_G);
     EXPECT_EQ(Formula(), u"gauss(x; 0,5; 0,1)");
     EXPECT_EQ(Says("cut"), u"4096 samples from 0 to 2047, none cut at full scale.");
@@ -95,7 +102,8 @@ TEST_F(FormulaForm, AReadyShapeGoesIntoTheFieldAsTheUserWritesItAndComesOutAgain
     EXPECT_EQ(Formula(), u"sin(2*pi*x)");
     EXPECT_TRUE(shapes->selectedItems().isEmpty());
     Click("cbcancel");
-    EXPECT_TRUE(!Standing() && Table() == before);
+    EXPECT_FALSE(Standing());
+    EXPECT_EQ(Table(), before);
 }
 
 TEST_F(FormulaForm, ClosesUnwrittenWhenTheEditorGoesOverToSomethingElse) {
@@ -117,7 +125,8 @@ TEST_F(FormulaForm, ClosesUnwrittenWhenTheEditorGoesOverToSomethingElse) {
         EXPECT_EQ(Get<QAction>("mnuformula")->isEnabled(), state.Target == EditTarget::Memory) << what;
         window->close();
     }
-    EXPECT_TRUE(Table() == before && Rows(other, "ARB4") + Rows(other, "ARB16") == before);
+    EXPECT_EQ(Table(), before);
+    EXPECT_EQ(Rows(other, "ARB4") + Rows(other, "ARB16"), before);
 }
 
 TEST_F(FormulaForm, AFailureIsToldAndTheWindowStays) {
@@ -125,7 +134,9 @@ TEST_F(FormulaForm, AFailureIsToldAndTheWindowStays) {
     OpenFormula();
     Click("cbok");
     EXPECT_EQ(desktop.boxes, QStringList(u"Arbitrary Editor|The file can't be read or changed:\n" + set));
-    EXPECT_TRUE(Standing() && !desktop.busy && Table() == before);
+    EXPECT_TRUE(Standing());
+    EXPECT_FALSE(desktop.busy);
+    EXPECT_EQ(Table(), before);
     Execute(set, "drop trigger on_update");
     Click("cbok");
     EXPECT_FALSE(Standing());
@@ -145,7 +156,8 @@ TEST_F(FormulaForm, ThePreviewIsDrawnInTheColoursOfTheDesktop) {
         EXPECT_EQ(preview.At(k, level), color) << k << ' ' << level;
     }
     for (const double level : {-1.0, 0.0, 1.249}) {  // two lines, and what is cut off
-        EXPECT_TRUE(preview.At(1000, level) != ground && preview.At(1000, level) != ink) << level;
+        EXPECT_NE(preview.At(1000, level), ground) << level;
+        EXPECT_NE(preview.At(1000, level), ink) << level;
     }
     TypeFormula("2*");
     EXPECT_EQ(preview.At(0.25, 1.0), preview.At(0.25, 0.0));

@@ -32,6 +32,10 @@ struct RecordingForm : EditorBench {
     }
     bool Ready() { return Get("cbok")->isEnabled(); }
     bool Standing() { return Stands("recording"); }
+    void ExpectRefused(const char16_t* says) {
+        EXPECT_TRUE(Says("found").startsWith(says)) << Says("found");
+        EXPECT_FALSE(Ready());
+    }
     QStringList Listed() {
         QStringList lines;
         for (QTreeWidgetItemIterator item(Get<QTreeWidget>("channels")); *item != nullptr; ++item) {
@@ -74,9 +78,11 @@ TEST_F(RecordingForm, WritesAChannelOverTheMemoryInOneStep) {
     EXPECT_EQ(Listed(), QStringList({QStringLiteral("CH1|V|0|8.191"), QStringLiteral("CH2 (can't be taken)|mV||"),
                                      QStringLiteral("Time (time)|s|0|0.08191")}));
     EXPECT_EQ(Sets(), u"12.2070 Hz 8.1900 4.0955");
-    EXPECT_TRUE(Checked("use_1") && Checked("scale_0") && Ready());
+    ExpectChecked({"use_1", "scale_0"});
+    EXPECT_TRUE(Ready());
     Key(Qt::Key_Return);
-    EXPECT_FALSE(Standing() || desktop.busy);
+    EXPECT_FALSE(Standing());
+    EXPECT_FALSE(desktop.busy);
     ExpectMemory("0=-2047 1=-2046 2048=0 4095=2047");
     EXPECT_EQ(Get<QAction>("mnuundo")->text(), u"&Undo open recording");
     Choose("mnuundo");
@@ -121,7 +127,8 @@ TEST_F(RecordingForm, IsReadyToPasteWithoutAnOldSampleInFront) {
     TypeOver("addresses", "100");
     EXPECT_EQ(Sets(), u"unknown  2.0000 0.0000");
     Key(Qt::Key_Return);
-    EXPECT_TRUE(!Standing() && Checked("opPenmode_3"));
+    EXPECT_FALSE(Standing());
+    EXPECT_TRUE(Checked("opPenmode_3"));
     EXPECT_EQ(std::tuple(state.CopyStart, state.CopyEnd), std::tuple(0, 99));
     EXPECT_EQ(std::tuple(state.CopyBuffer[0], state.CopyBuffer[99], state.CopyBuffer[100]),
               std::tuple(2047, -2047, 99));
@@ -166,7 +173,8 @@ TEST_F(RecordingForm, WhatSaveAsCsvWroteComesBackExactly) {
             Execute(file, std::string("delete from ") + Size().table + " where Adr < 4000; update " + Size().table +
                               " set Value = 1");
             OpenFile(saved);
-            EXPECT_TRUE(Ready() && !Get("channels")->isEnabled());
+            EXPECT_TRUE(Ready());
+            EXPECT_FALSE(Get("channels")->isEnabled());
             Click(state.Target == EditTarget::Memory ? "use_1" : "use_2");
             Key(Qt::Key_Return);
             EXPECT_EQ(Table(file), before) << mode << size;
@@ -178,16 +186,17 @@ TEST_F(RecordingForm, WhatSaveAsCsvWroteComesBackExactly) {
 TEST_F(RecordingForm, ATableMayBeRefusedOrTakenAsARecording) {
     const QString before = Table(set);
     OpenText("address,value\n0,10\n4096,30\n");
-    EXPECT_TRUE(Says("found").startsWith(u"Line 3 has the address 4096,") && !Ready());
+    ExpectRefused(u"Line 3 has the address 4096,");
     Key(Qt::Key_Return);
-    EXPECT_TRUE(Standing() && Table(set) == before);
+    EXPECT_TRUE(Standing());
+    EXPECT_EQ(Table(set), before);
     Click("asrecording");
     EXPECT_TRUE(Ready());
     EXPECT_EQ(Listed().first(), u"value||10|30");
     Click("cbok");
     ExpectMemory("0=-2047 4095=2047");
     OpenText("address,value\n0,10\n1,1.5\n");
-    EXPECT_TRUE(Says("found").startsWith(u"Line 3 is no address and value") && !Ready());
+    ExpectRefused(u"Line 3 is no address and value");
 }
 
 TEST_F(RecordingForm, ATableThatLacksAddressesSaysWhatIsRemoved) {
@@ -203,7 +212,7 @@ TEST_F(RecordingForm, ATableThatLacksAddressesSaysWhatIsRemoved) {
     EXPECT_EQ(Table(set), before);
     OpenText("address,value\n0,1\n3,7\n0,2\n");
     Click("use_1");
-    EXPECT_TRUE(Says("found").startsWith(u"Line 4 has the address 0 again, which stands in line 2.") && !Ready());
+    ExpectRefused(u"Line 4 has the address 0 again, which stands in line 2.");
     Click("use_2");
     EXPECT_TRUE(Ready());
 }
@@ -247,10 +256,10 @@ TEST_F(RecordingForm, AFaultIsToldAndTheUserMayOverruleTheGuess) {
         EXPECT_FALSE(Standing());
     }
     OpenFile(folder.path());
-    EXPECT_TRUE(Says("found").startsWith(u"The file can't be opened") && !Ready());
+    ExpectRefused(u"The file can't be opened");
     Key(Qt::Key_Escape);
     OpenText("1,5\n2,5\n4,5\n");
-    EXPECT_TRUE(Says("found").startsWith(u"The commas from line 1 on may be decimal marks") && !Ready());
+    ExpectRefused(u"The commas from line 1 on may be decimal marks");
     Get("separator")->setFocus();
     QTest::keyClicks(Get("separator"), QStringLiteral("c"));
     AwaitWindow();
@@ -277,7 +286,8 @@ TEST_F(RecordingForm, OffersEachBlockAndNumbersAsTheUserWritesThem) {
 TEST_F(RecordingForm, OpensTheOneLocalFileThatIsDropped) {
     const QUrl file = QUrl::fromLocalFile(Write(ramp));
     EXPECT_FALSE(Drop({QUrl(QStringLiteral("https://trx5276.example/a.csv"))}));
-    EXPECT_FALSE(Drop({file, file}) || Standing());
+    EXPECT_FALSE(Drop({file, file}));
+    EXPECT_FALSE(Standing());
     host.running = true;
     Drop({file});
     EXPECT_FALSE(Standing());
@@ -301,7 +311,7 @@ TEST_F(RecordingForm, ClosesUnwrittenWithItsEditorAlsoWhileItReads) {
                                                                  [this] { form->close(); }, [this] { form.reset(); }}) {
         desktop.chosen = file;
         Get<QAction>("mnuopenrec")->trigger();
-        EXPECT_TRUE(Says("found").startsWith(u"Reading") && !Ready());
+        ExpectRefused(u"Reading");
         change();
         EXPECT_TRUE(form == nullptr || !Standing());
         if (form == nullptr || !form->isVisible()) {
@@ -316,7 +326,8 @@ TEST_F(RecordingForm, AFailureIsToldAndTheWindowStays) {
     OpenText("V\n1\n-1\n");
     Click("cbok");
     EXPECT_EQ(desktop.boxes, QStringList(u"Arbitrary Editor|The file can't be read or changed:\n" + set));
-    EXPECT_TRUE(Standing() && !desktop.busy);
+    EXPECT_TRUE(Standing());
+    EXPECT_FALSE(desktop.busy);
 }
 
 }  // namespace

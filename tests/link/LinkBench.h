@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/Link.h"
+#include "link/SilentFront.h"
 #include "support/FakeDesktop.h"
 #include "support/PrintQt.h"
 #include "support/ScriptedLine.h"
@@ -11,7 +12,7 @@ struct LinkBench : ::testing::Test {
     ScriptedClock clock;
     ScriptedLine line{clock};
     FakeDesktop desktop;
-    FakeFront front;
+    SilentFront front;
     Link link{program, line, clock, desktop, front};
 
     LinkState& state = program.link;

@@ -34,25 +34,35 @@ struct Windows : PanelBench {
             ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() != form.get(); }));
             check(QApplication::activeWindow());
         }
-        QWidget* const editor = QApplication::activeWindow();
+        CheckEditor(check, *QApplication::activeWindow());
+        form.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // while its state stands
+        CheckBoxes(check);
+    }
+
+    bool withPages = false;  // also the guide and a recording, whose keys have tests of their own
+
+  private:
+    // The windows over the editor, and at last this in its other mode.
+    void CheckEditor(const std::function<void(QWidget*)>& check, QWidget& editor) {
         desktop.chosen = Write("scope.csv", "Time (s),CH1 (V)\n0,1\n1e-3,2\n2e-3,3\n");
         for (const char* const item : {"mnuformula", "mnuopenrec"}) {
             if (!withPages && qstrcmp(item, "mnuopenrec") == 0) {
                 continue;
             }
-            editor->findChild<QAction*>(QString::fromLatin1(item))->trigger();
-            ASSERT_TRUE(QTest::qWaitFor([editor] { return QApplication::activeWindow() != editor; }));
+            editor.findChild<QAction*>(QString::fromLatin1(item))->trigger();
+            ASSERT_TRUE(QTest::qWaitFor([&editor] { return QApplication::activeWindow() != &editor; }));
             const auto* const found = QApplication::activeWindow()->findChild<QLabel*>(QStringLiteral("found"));
             ASSERT_TRUE(QTest::qWaitFor([found] { return !found || !found->text().startsWith(u"Reading"); }));
             check(QApplication::activeWindow());
             QTest::keyClick(QApplication::activeWindow(), Qt::Key_Escape);
-            ASSERT_TRUE(Activate(editor));
+            ASSERT_TRUE(Activate(&editor));
         }
         desktop.chosen = folder.filePath(QStringLiteral("a.con"));
-        editor->findChild<QAbstractButton*>(QStringLiteral("opEditmode_1"))->click();
-        check(editor);
-        form.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // while its state stands
+        editor.findChild<QAbstractButton*>(QStringLiteral("opEditmode_1"))->click();
+        check(&editor);
+    }
+    static void CheckBoxes(const std::function<void(QWidget*)>& check) {
         QTimer whenShown;
         whenShown.callOnTimeout([&check] {
             if (QWidget* const box = QApplication::activeModalWidget()) {
@@ -64,10 +74,6 @@ struct Windows : PanelBench {
         QtDesktop().MessageBox(QStringLiteral("a"), QStringLiteral("b"));
         EXPECT_FALSE(QtDesktop().Question(QStringLiteral("a"), QStringLiteral("b"), Desktop::Default::Yes));
     }
-
-    bool withPages = false;  // also the guide and a recording, whose keys have tests of their own
-
-  private:
     QString Write(const char* name, const char* text) {
         QFile file(folder.filePath(QString::fromLatin1(name)));
         EXPECT_TRUE(QFileInfo(file).dir().mkpath(QStringLiteral(".")) && file.open(QIODevice::WriteOnly) &&

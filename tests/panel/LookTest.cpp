@@ -272,30 +272,30 @@ TEST_F(Look, AChangeOfTheFontWhileRunningLeavesNothingBehind) {
     ExpectFollowed(scaled(1.0), scaled(1.5));
 }
 
+// From the pixels: rows of the field that hold ink of the digits.
+double DigitHeight(EntryField& field) {
+    field.deselect();
+    const QImage image = field.grab(field.rect().adjusted(4, 4, -4, -4)).toImage();
+    int rows = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        int ink = 0;
+        for (int x = image.width() / 2; x < image.width() - 4; ++x) {
+            ink += Contrast(image.pixel(x, y), image.pixel(1, 1)) > 2.0 ? 1 : 0;
+        }
+        rows += ink > 0 ? 1 : 0;
+    }
+    return rows / image.devicePixelRatio();
+}
+
 TEST_F(Look, TheReadingsAreTheLargestOnTheForm) {
     program.numbers = UserNumbers(QLocale(QLocale::German));
     Open();
-    // From the pixels: rows of the field that hold ink of the digits.
-    const auto digitHeight = [this](const char* name) {
-        auto* const field = Get<EntryField>(name);
-        field->deselect();
-        const QImage image = field->grab(field->rect().adjusted(4, 4, -4, -4)).toImage();
-        int rows = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            int ink = 0;
-            for (int x = image.width() / 2; x < image.width() - 4; ++x) {
-                ink += Contrast(image.pixel(x, y), image.pixel(1, 1)) > 2.0 ? 1 : 0;
-            }
-            rows += ink > 0 ? 1 : 0;
-        }
-        return rows / image.devicePixelRatio();
-    };
     const double least = 5.5 / 25.4 * form->logicalDpiY();
     for (const auto& [width, height, factor] : {std::tuple(0, 0, 1.0), {1600, 1000, 1.8}}) {
         form->resize(std::max(width, form->width()), std::max(height, form->height()));
         QCoreApplication::processEvents();
         for (const char* const name : {"Text1", "Text2", "Text4"}) {
-            EXPECT_GE(digitHeight(name), factor * least) << name;
+            EXPECT_GE(DigitHeight(*Get<EntryField>(name)), factor * least) << name;
             const QFontMetrics metrics = Get(name)->fontMetrics();
             EXPECT_EQ(metrics.horizontalAdvance(u'1'), metrics.horizontalAdvance(u'.')) << name;
             EXPECT_EQ(Get(name)->font(), Get("Text1")->font());

@@ -1,8 +1,8 @@
 #include <QFileInfo>
 #include <QPlainTextEdit>
+#include <QTimer>
 
 #include "PanelBench.h"
-#include "panel/HintLine.h"
 
 namespace {
 
@@ -41,11 +41,11 @@ TEST_F(MainForm, ASelectionFromCodeTakesTheTabStopAlong) {
 }
 
 TEST_F(MainForm, HintBlinksForItsTicksAndStartsAnewWithTheNext) {
-    auto* const hint = Get<HintLine>("Label8");
+    auto* const hint = Get<QLabel>("Label8");
+    auto* const timer = Get<QTimer>("Timer3");
     QList<QColor> grounds;
-    QObject::connect(&hint->Timer3, &QTimer::timeout, hint,
-                     [&] { grounds += hint->palette().color(QPalette::Window); });
-    hint->Timer3.setInterval(1);  // the ticks count, not their length
+    QObject::connect(timer, &QTimer::timeout, hint, [&] { grounds += hint->palette().color(QPalette::Window); });
+    timer->setInterval(1);  // the ticks count, not their length
     form->FlashMessage(QStringLiteral("  first "));
     EXPECT_EQ(hint->text(), u"first");
     ASSERT_TRUE(QTest::qWaitFor([&] { return grounds.size() >= 10; }));
@@ -56,7 +56,7 @@ TEST_F(MainForm, HintBlinksForItsTicksAndStartsAnewWithTheNext) {
     EXPECT_EQ(grounds.size(), 41);
     EXPECT_EQ(grounds.at(1), QColor(0, 255, 0));
     EXPECT_EQ(grounds.at(40), QColor(255, 255, 0));
-    EXPECT_FALSE(hint->Timer3.isActive());
+    EXPECT_FALSE(timer->isActive());
 }
 
 TEST_F(MainForm, TheOverviewFollowsTheSignalTheSizeAndTheReturnToItsTab) {

@@ -121,7 +121,8 @@ TEST_F(TransferPanel, UntilTheLineHasCarriedTheLastPointTheBarStandsAndEscapeDoe
     whileRunning = [&] {
         if (line.wire.endsWith("are\r")) {
             Key(Qt::Key_Escape);
-            EXPECT_TRUE(Get("status")->isVisible() && desktop.busy);
+            EXPECT_TRUE(Get("status")->isVisible());
+            EXPECT_TRUE(desktop.busy);
             shownUntilMs = clock.nowMs;
         }
     };

@@ -64,7 +64,8 @@ TEST_F(Typing, ASecondClickPlacesTheCursorAndADragSelects) {
     QApplication::sendEvent(Get("Text4"), &move);
     QTest::mouseRelease(Get("Text4"), Qt::LeftButton, {}, right);
     const QString dragged = Get<EntryField>("Text4")->selectedText();
-    EXPECT_TRUE(!dragged.isEmpty() && dragged != Text("Text4")) << dragged.toStdString();
+    EXPECT_NE(dragged, QString());
+    EXPECT_NE(dragged, Text("Text4"));
 }
 
 TEST_F(Typing, AWindowOrPopupThatGivesTheFocusBackSpoilsNoEntry) {

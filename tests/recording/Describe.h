@@ -7,6 +7,8 @@
 #include "recording/Units.h"
 #include "support/PrintQt.h"
 
+using Numbers = std::vector<std::size_t>;  // of rows, lines or columns
+
 // What was read, in one line: the blocks with "||" between them, of each the channels with their values, the other
 // columns in brackets, and the interval. Whoever cannot be taken has "!" and the sentence.
 inline std::string DescribeBlock(const recording::Block& block) {

@@ -168,10 +168,13 @@ TEST(RecordingForms, EdgesWithoutNumbersAreLeftOut) {
     });
     const recording::Outcome outcome = ReadBytes("Title\n\nt,CH1,CH2\n0,,1\n1,2,1\n2,3,\n3,1,\n4,2,\nEnd of file\n");
     const recording::Block& block = outcome.recording->blocks[0];
-    EXPECT_TRUE(block.rows == 5 && block.firstLine == 4 && block.lastLine == 8);
-    EXPECT_TRUE(block.columns[1].rowsLeftOut == 1 && block.columns[1].firstLine == 5 && block.columns[1].firstRow == 1);
-    EXPECT_TRUE(block.columns[2].rowsLeftOut == 3 && block.columns[2].lastLine == 5);
-    EXPECT_TRUE(block.columns[1].lowest == 1.0 && block.columns[1].highest == 3.0);
+    const recording::Column& one = block.columns[1];
+    const recording::Column& two = block.columns[2];
+    EXPECT_EQ((Numbers{block.rows, block.firstLine, block.lastLine}), (Numbers{5, 4, 8}));
+    EXPECT_EQ((Numbers{one.rowsLeftOut, one.firstLine, one.firstRow}), (Numbers{1, 5, 1}));
+    EXPECT_EQ((Numbers{two.rowsLeftOut, two.lastLine}), (Numbers{3, 5}));
+    EXPECT_EQ(one.lowest, 1.0);
+    EXPECT_EQ(one.highest, 3.0);
     EXPECT_EQ(outcome.recording->linesLeftOut, 3U);
 }
 
@@ -214,8 +217,8 @@ TEST(RecordingForms, BlocksBelowEachOther) {
     });
     const recording::Outcome apart = ReadBytes("0 1 7\n1 2 7\n2 1 7\n\n0 5\n1 6\n2 5 8\n");
     const recording::Block& second = apart.recording->blocks.at(1);
-    EXPECT_TRUE(second.firstLine == 5 && second.lastLine == 7 && second.columns[1].firstLine == 5);
-    EXPECT_TRUE(second.columns[2].firstLine == 7 && second.columns[2].rowsLeftOut == 2);
+    EXPECT_EQ((Numbers{second.firstLine, second.lastLine, second.columns[1].firstLine}), (Numbers{5, 7, 5}));
+    EXPECT_EQ((Numbers{second.columns[2].firstLine, second.columns[2].rowsLeftOut}), (Numbers{7, 2}));
     std::string run = "1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n1\n2\n";  // long enough for a recording
     EXPECT_EQ(ReadBytes(QByteArray::fromStdString(run + "\n" + run + "\n" + run)).recording->blocks.size(), 3U);
     EXPECT_EQ(ReadBytes(QByteArray::fromStdString(run + "\n" + run + "3\n")).recording->blocks.size(), 1U);
@@ -276,6 +279,8 @@ TEST(RecordingForms, TimesAndSteps) {
         {"No.,Time,ms,CH1\n1,12:00:00,0,+0.5\n2,12:00:00,500,+0.6\n3,12:00:01,0,+0.5\n",
          "CH1: 0.5 0.6 0.5 [No., Time, ms]"},
         {"time\tV(out)\n0.0e+000\t1\n1.0e-009\t1.5\n3.0e-009\t1\n1.0e-008\t0.5\n", "V(out): 1 1.5 1 0.5 [time] uneven"},
+        {"Stamp,Clock,v\n2024-01-05 12:00:00,12:00:00,1\n2024-01-05 12:00:01,12:00:01,2\n",
+         "v: 1 2 [Stamp, Clock] every 1 s"},
         {"Date,CH1\n2024-02-28,1\n2024-02-29,2\n2024-03-01,1\n", "CH1: 1 2 1 [Date] every 86.4 ks"},
         {"2024-01-01 00:00,1\n2024-01-02 06:00,2\n2024-01-03 12:00,1\n", "column 2: 1 2 1 [column 1] every 108 ks"},
         {"05 Nov 2024 12:00:00,1\n06-Nov-2024 12:00:00,2\n", "column 2: 1 2 [column 1] every 86.4 ks"},
@@ -289,7 +294,16 @@ TEST(RecordingForms, TimesAndSteps) {
          "v: 1 2 1 2 1 2 [Time, ms]"},  // one recording
         {"Sample,v\nRate,10\n0,1\n1,2\n2,1\n", "v: 1 2 1 [Sample] every 100 ms"},
     });
-    // A title of a time with anything unread behind it is no time in seconds.
+    const recording::Outcome uneven = ReadBytes("t,v\n0,1\n1,2\n10,1\n");
+    const recording::Timing& timing = uneven.recording->blocks[0].columns[1].timing;
+    EXPECT_EQ(timing.times.size(), 3U);
+    EXPECT_EQ(timing.duration, 10.0);
+    EXPECT_EQ(timing.interval, std::nullopt);
+    EXPECT_EQ(ReadBytes("t (ms),v\n0,1\n2,2\n").recording->blocks[0].columns[1].timing.duration, 4e-3);
+}
+
+// A title with anything unread behind the time is no time in seconds.
+TEST(RecordingForms, TitlesOfTimes) {
     for (const auto& [title, interval] : {std::pair("Time", " every 1 s"),
                                           {"Elapsed time", " every 1 s"},
                                           {"Time (milliseconds)", " every 1 ms"},
@@ -307,6 +321,10 @@ TEST(RecordingForms, TimesAndSteps) {
                                           {"Time [ticks]", ""}}) {
         EXPECT_TRUE(Describe(std::string(title) + ",CH1\n0,5\n1,6\n").ends_with(std::string("]") + interval)) << title;
     }
+}
+
+// A key gives the interval if it leaves no doubt.
+TEST(RecordingForms, KeysOfIntervals) {
     for (const auto& [header, interval] : {std::pair("Sample Interval (milliseconds),5", " every 5 ms"),
                                            {"\"Sampling rate: 1,000,000 Sa/s\"", " every 1 \302\265s"},
                                            {"ADC clock: 64 MHz\nSample Rate: 1 MHz", " every 1 \302\265s"},
@@ -325,10 +343,6 @@ TEST(RecordingForms, TimesAndSteps) {
     }
     EXPECT_EQ(Describe("Sample rate: 1 kHz\nTime,A\n0,5\n1,7\n"), "A: 5 7 [Time]");  // not both are true
     EXPECT_EQ(Describe("Rate: 1,5 kHz\nA;B\n0,5;1,5\n0,7;1,2\n"), "A: 0.5 0.7; B: 1.5 1.2 every 666.667 \302\265s");
-    const recording::Outcome uneven = ReadBytes("t,v\n0,1\n1,2\n10,1\n");
-    const recording::Column& column = uneven.recording->blocks[0].columns[1];
-    EXPECT_TRUE(column.timing.times.size() == 3 && column.timing.duration == 10.0 && !column.timing.interval);
-    EXPECT_EQ(ReadBytes("t (ms),v\n0,1\n2,2\n").recording->blocks[0].columns[1].timing.duration, 4e-3);
 }
 
 // Times on a straight line up to their digits, and with rows missing.

@@ -33,10 +33,10 @@ TEST(RecordingFaults, EachSaysWhatIsWrong) {
         {"Rate: 5 Hz\n1,5\n2,7\n3,1\n9,9\n", {}, "The commas from line 2 on may be decimal marks, or separate two"},
         {"0,5\n1,5\n2,5\n3,5\n", {}, "The commas from line 1 on may be decimal marks, or separate two columns."},
         {"0,000E+00,1,2345E-01\n1,000E+00,2,2345E-01\n", {}, "Commas separate the cells and seem to be"},
-        {"t;ADC\n0;998\n1;1,000\n", {}, "The comma in \"1,000\" may be a decimal mark, or part thousands."},
-        {"t\tADC\n0\t998\n1\t1.000\n", {}, "The point in \"1.000\" may be a decimal mark, or part thousands."},
+        {"t;ADC\n0;998\n1;1,000\n", {}, "The comma in \"1,000\" may be a decimal mark, or separate thousands."},
+        {"t\tADC\n0\t998\n1\t1.000\n", {}, "The point in \"1.000\" may be a decimal mark, or separate thousands."},
         {"0,01,1,05\n0,02,1,10\n", {}, "Commas separate the cells and seem to be decimal marks as well."},
-        {"t\tU\n0\t1,234\n1\t2,345\n", {}, "The comma in \"2,345\" may be a decimal mark, or part thousands."},
+        {"t\tU\n0\t1,234\n1\t2,345\n", {}, "The comma in \"2,345\" may be a decimal mark, or separate thousands."},
         {"Channel,Time,U\n1,0,.1\n2,0,.5\n1,1,.2\n2,1,.6\n",
          {},
          "Several channels stand in one column, one below the other, as column 1 \"Channel\" tells (1, 2). Save each "
@@ -51,7 +51,7 @@ TEST(RecordingFaults, EachSaysWhatIsWrong) {
     for (const auto& [text, choice, sentence] : cases) {
         EXPECT_TRUE(Describe(text, choice).starts_with(std::string("! ") + sentence)) << Describe(text, choice);
     }
-    EXPECT_NE(Describe("Model,X\nLength,2500\nRate,5\n", {.byNumber = true}), "");
+    EXPECT_EQ(Describe("Model,X\nLength,2500\nRate,5\n", {.byNumber = true}), "X: 2500 5");
 }
 
 TEST(RecordingFaults, SamplesSideBySideAreNoChannels) {
@@ -98,7 +98,7 @@ TEST(RecordingColumns, AreFoundByNumberAndTitle) {
     const recording::Outcome outcome =
         ReadBytes("Time;CH1 (mV);a, b;v;v\n0;1;2;3;4\n1;2;3;4;\n2;3;;5;6\n\nTime;Late;w\n0;5;6\n1;6;7\n");
     const recording::Recording& recording = *outcome.recording;
-    const std::tuple<const char16_t*, std::vector<std::size_t>, const char*> cases[] = {
+    const std::tuple<const char16_t*, Numbers, const char*> cases[] = {
         {u"2", {2}, ""},
         {u"ch1", {2}, ""},
         {u"CH1 (mV),4", {2, 4}, ""},
@@ -116,7 +116,7 @@ TEST(RecordingColumns, AreFoundByNumberAndTitle) {
          "rows above or below that line alone."}};
     for (const auto& [text, numbers, sentence] : cases) {
         QString fault;
-        std::vector<std::size_t> found;
+        Numbers found;
         for (const recording::Column* const column : FindColumns(recording, 0, QString::fromUtf16(text), &fault)) {
             found.push_back(column->number);
         }
@@ -127,10 +127,11 @@ TEST(RecordingColumns, AreFoundByNumberAndTitle) {
 
 TEST(RecordingAddressed, TheEditorsOwnFormIsTakenToTheLetter) {
     const recording::Outcome outcome = ReadBytes("address,value\r\n3,-2047\r\n0,05\r\n1,7\r\n");
-    const auto& samples = outcome.recording->addressed;
-    ASSERT_EQ(samples.size(), 3U);
-    EXPECT_TRUE(samples[0].address == 3 && samples[0].value == -2047 && samples[0].line == 2);
-    EXPECT_TRUE(samples[1].address == 0 && samples[1].value == 5 && samples[2].address == 1 && samples[2].line == 4);
+    QString samples;
+    for (const auto& [address, value, line] : outcome.recording->addressed) {
+        samples += QStringLiteral("%1=%2 in line %3; ").arg(address).arg(value).arg(line);
+    }
+    EXPECT_EQ(samples, u"3=-2047 in line 2; 0=5 in line 3; 1=7 in line 4; ");
     EXPECT_EQ(outcome.recording->blocks.size(), 1U);
     EXPECT_EQ(ReadBytes("Address;Value\n0;1\n").recording->addressed.size(), 1U);
 
@@ -155,7 +156,7 @@ class Dribble : public QBuffer {
     qint64 readData(char* data, qint64 most) override { return QBuffer::readData(data, std::min<qint64>(most, 5)); }
 };
 
-TEST(RecordingReading, IsTheSameInPiecesAndFromTheMiddleOn) {
+TEST(RecordingReading, IsTheSameInPieces) {
     QByteArray text("t;CH1\r\n");
     for (int i = 0; i < 500; ++i) {
         text += QByteArray::number(i) + ";" + QByteArray::number(i * 7 % 13 - 5) + ",5\r\n";
@@ -180,18 +181,24 @@ TEST(RecordingReading, TheWholeFileDecidesAndMayBeCancelled) {
     double last = 0.0;
     int calls = 0;
     const recording::Outcome outcome = recording::Read(file, {}, [&](double part) {
-        EXPECT_TRUE(part >= last && part <= 1.0);
+        EXPECT_GE(part, last);
+        EXPECT_LE(part, 1.0);
         last = part;
         return ++calls > 0;
     });
-    const recording::Column& column = outcome.recording->blocks.at(0).columns.at(1);
-    EXPECT_TRUE(outcome.recording->blocks[0].rows == rows && outcome.recording->linesLeftOut == 20'000U);
-    EXPECT_TRUE(column.values.size() == rows && column.values[1571] == 1.0 && column.lastLine == 220'000U);
-    EXPECT_TRUE(calls > 10 && last > 0.9);
+    const recording::Block& block = outcome.recording->blocks.at(0);
+    const recording::Column& column = block.columns.at(1);
+    EXPECT_EQ((Numbers{outcome.recording->linesLeftOut, block.rows, column.values.size(), column.lastLine}),
+              (Numbers{20'000, rows, rows, 220'000}));
+    EXPECT_EQ(column.values[1571], 1.0);
+    EXPECT_GT(calls, 10);
+    EXPECT_GT(last, 0.9);
 
     calls = 0;
     const recording::Outcome cancelled = recording::Read(file, {}, [&calls](double) { return ++calls < 3; });
-    EXPECT_TRUE(!cancelled.recording && cancelled.fault.isEmpty() && calls == 3);
+    EXPECT_FALSE(cancelled.recording);
+    EXPECT_EQ(cancelled.fault, u"");
+    EXPECT_EQ(calls, 3);
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The first of the arguments, parted by blanks, is the one that the program names.
+// The first of the arguments, separated by blanks, is the one that the program names.
 template <typename Options>
 void ExpectNamed(std::initializer_list<std::string> table) {
     for (const std::string& arguments : table) {

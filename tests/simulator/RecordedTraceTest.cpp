@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryFile>
+#include <array>
 #include <numeric>
 
 #include "simulator/TraceCommandLine.h"
@@ -42,7 +43,8 @@ TEST(RecordedTrace, ServesTwoColumnsAndTellsWhatTheyAre) {
     }
     std::string error;
     const auto traces = Load(scope, {}, &error);
-    EXPECT_TRUE(traces->channels[0].front() == 1 && traces->channels[0][1024] == 32767);
+    EXPECT_EQ(traces->channels[0].front(), 1);
+    EXPECT_EQ(traces->channels[0][1024], 32767);
     EXPECT_NEAR(traces->channels[1].front(), 16384, 16);
     EXPECT_EQ(traces->channels[1].back(), 1);
 }
@@ -67,7 +69,7 @@ TEST(RecordedTrace, SaysWhatIsWrongWithAFile) {
 
 TEST(Trace, HasTheFullScaleAndEndsOnItsLastSample) {
     const sim::Trace rise = sim::MakeTrace(Values{-2.0, 0.0});
-    EXPECT_TRUE(rise.front() == 1 && rise[1024] == 16392 && rise.back() == 32767);
+    EXPECT_EQ((std::array<int, 3>{rise.front(), rise[1024], rise.back()}), (std::array{1, 16392, 32767}));
     EXPECT_EQ(sim::MakeTrace(Values{1.0, 0.0}).back(), 1);
 
     Values ripple(2048);  // of 12 bits, beside a pulse that fills the scale

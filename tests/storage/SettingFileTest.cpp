@@ -77,14 +77,16 @@ TEST_F(SettingFiles, ASaveReplacesAFileBehindALinkAndNothingElse) {
     ASSERT_TRUE(QFile::remove(pipe));
     const QString link = folder_.filePath(QStringLiteral("link.set"));
     QFile::setPermissions(name_, QFile::ReadOwner | QFile::WriteOwner);
-    ASSERT_TRUE(QFile::link(name_, link) && kStored.Save(link));
+    ASSERT_TRUE(QFile::link(name_, link));
+    EXPECT_TRUE(kStored.Save(link));
     ExpectLoad(LoadOutcome::Loaded, kStored.Over(kBefore));
     EXPECT_FALSE(QFile::permissions(name_) & QFile::ReadOther);
     EXPECT_EQ(Files(), 2);
 }
 
 TEST_F(ConstructionFiles, HaveTwoEndPointsInEachTable) {
-    ASSERT_TRUE(kStored.Save(name_) && SaveConstructionFile(CreateConstructionFile(name_)));
+    ASSERT_TRUE(kStored.Save(name_));
+    EXPECT_TRUE(SaveConstructionFile(CreateConstructionFile(name_)));
     EXPECT_EQ(CheckConstructionFile(name_), ConstructionOutcome::Usable);
     EXPECT_EQ(Ask("SELECT group_concat(name) FROM sqlite_master"), u"ARB4,ARB16");
     EXPECT_EQ(Ask("SELECT group_concat(Adr || ' ' || Value) FROM ARB4"), u"0 0,4095 0");

@@ -3,7 +3,6 @@
 #include <QStringList>
 #include <functional>
 
-#include "link/LinkFront.h"
 #include "platform/Desktop.h"
 
 // A desktop that answers its boxes by itself and remembers them.
@@ -44,15 +43,4 @@ class FakeDesktop : public Desktop {
         dialogs += QStringList{kind, request.title, request.filter, request.fileName, request.extension}.join(u'|');
         return chosen;
     }
-};
-
-struct FakeFront : LinkFront {
-    bool hidden = false;
-
-    void CheckRemote(bool) override {}
-    void ShowCaption(const QString&) override {}
-    void ShowTransfer(const QString&, int) override {}
-    void ShowProgress(int) override {}
-    void HideTransfer() override { hidden = true; }
-    void HoldInput(bool) override {}
 };

@@ -32,7 +32,8 @@ TEST(Formula, KnowsItsPlaceItsNamesAndItsFunctions) {
     const std::vector<double> noise = Values("noise(1234567)", 4096);
     EXPECT_NEAR(noise[0], 6457827717110365317.0 / 9223372036854775808.0 - 1.0, 1e-15);
     EXPECT_NEAR(noise[1], 3203168211198807973.0 / 9223372036854775808.0 - 1.0, 1e-15);
-    EXPECT_TRUE(Values("noise(1234567)", 4096) == noise && Values("noise(1234568)", 4096) != noise);
+    EXPECT_EQ(Values("noise(1234567)", 4096), noise);
+    EXPECT_NE(Values("noise(1234568)", 4096), noise);
 }
 
 // Of a desktop whose decimals have a comma, also where no such locale is installed.
@@ -85,9 +86,10 @@ TEST(Formula, TellsAFaultAtItsPlace) {
             at < 0 ? 0 : (formula.contains(u']') ? formula.indexOf(u']') : formula.size()) - at - 1;
         formula.remove(u'[').remove(u']');
         const FormulaValues result = EvaluateFormula(formula, 4, kComma);
-        ASSERT_TRUE(result.fault && result.values.empty()) << marked;
+        ASSERT_TRUE(result.fault) << marked;
+        EXPECT_TRUE(result.values.empty()) << marked;
         EXPECT_EQ(result.fault->text, QString::fromUtf8(text)) << marked;
-        EXPECT_TRUE(result.fault->at == at && result.fault->length == length) << marked;
+        EXPECT_EQ(std::pair(result.fault->at, result.fault->length), std::pair(at, length)) << marked;
     }
     const QString longest(kLongestFormula - 1, u' ');
     EXPECT_FALSE(EvaluateFormula(longest + u'1', 4, kPoint).fault);
@@ -108,7 +110,8 @@ TEST(Formula, EveryReadyShapeIsOneInBothFormsOfNumbers) {
         ASSERT_FALSE(values.fault) << shape.name << ": " << values.fault->text.toStdString();
         EXPECT_EQ(EvaluateFormula(FormulaOf(shape, kComma), 4096, kComma).values, values.values) << shape.name;
         const auto [low, high] = std::ranges::minmax(SamplesOf(values.values));
-        EXPECT_TRUE(CountCut(values.values) == 0 && high - low > 1500) << shape.name;
+        EXPECT_EQ(CountCut(values.values), 0) << shape.name;
+        EXPECT_GT(high - low, 1500) << shape.name;
     }
 }
 

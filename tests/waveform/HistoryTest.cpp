@@ -136,12 +136,13 @@ TEST_F(History, EachStepHasItsName) {
     WorkOn(EditTarget::Signal, editor, tables);
     Press(Pen::Draw, 1500);
     ClearTable(editor, tables);
-    EXPECT_EQ(All(Replay::Undo),
-              u"delete signal, point, fit, open recording, open recording, import, open recording, open recording, fill by "
-              u"formula, import, generate memory data, delete memory, entry, paste, delete, line");
+    EXPECT_EQ(
+        All(Replay::Undo),
+        u"delete signal, point, fit, open recording, open recording, import, open recording, open recording, fill by "
+        u"formula, import, generate memory data, delete memory, entry, paste, delete, line");
 }
 
-// With the change of another program undone over, the file would be one that never was.
+// To undo past the change of another program would make a file that never was.
 TEST_F(History, EndsWhereAnotherProgramHasChangedTheFile) {
     auto draw = [this, value = 0](EditTarget target) mutable {
         WorkOn(target, editor, tables);

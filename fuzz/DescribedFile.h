@@ -7,11 +7,11 @@
 //
 //   table NAME COLUMN...     a column is NAME or NAME:TYPE; "keyed" at the end makes the first one the table's key
 //   view NAME TABLE          all of that table
-//   CELL...                  a row of the last table; rows are padded with nothing and cut as it needs
+//   CELL...                  a row of the last table; a short row is filled up with NULL, a long one is cut
 //   rise N, copies N         the last row N times more; with rise, each time a whole number in front is one higher
 //   SQLite...                a text that begins so is the file itself, byte for byte
 //
-// A cell is a whole number, a number, "-" for nothing, xABCD for bytes, or else a text, also behind a "'".
+// A cell is a whole number, a number, "-" for NULL, xABCD for bytes, or else a text, also behind a "'".
 class DescribedFile {
   public:
     explicit DescribedFile(const char* name) : name_(folder_.filePath(QString::fromLatin1(name))) {}

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <span>
 #include <vector>
 
@@ -11,7 +10,6 @@ namespace recording {
 struct Course {
     double lowest = 0.0;
     double highest = 0.0;
-    bool isFinite = true;
     bool rises = false;  // never falls, and ends above its start; a time of few digits stands still now and then
     bool isEven = false;
     bool countsUp = false;              // by one from row to row
@@ -19,6 +17,7 @@ struct Course {
     std::vector<std::size_t> restarts;  // the rows at which it begins again where it began, if it else rises
 };
 
+// All zero and false if there are no values, or one is not finite.
 Course CourseOf(std::span<const double> values);
 
 // True if `values` are on one straight line over `times`, within a hundredth of their rise.

@@ -1,4 +1,4 @@
-#include "recording/Interval.h"
+#include "recording/Course.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,11 +11,11 @@ namespace {
 constexpr double kHundredth = 0.01;
 constexpr std::size_t kShortestPiece = 3;
 
-// How far the values are off the straight line from the first to the last, and their steps.
+// The steps from value to value of a rising column.
 struct Steps {
     double mean = 0.0;
-    double smallest = 0.0;  // that is none of zero
-    double greatestOff = 0.0;
+    double smallest = 0.0;        // above zero
+    double greatestOff = 0.0;     // distance of a value from the straight line between the first and the last
     double greatestChange = 0.0;  // of a step, against the mean
     bool standsStill = false;
 };
@@ -93,8 +93,7 @@ std::vector<std::size_t> FindRestarts(std::span<const double> values, double ran
 
 Course CourseOf(std::span<const double> values) {
     Course course;
-    course.isFinite = std::ranges::all_of(values, [](double value) { return std::isfinite(value); });
-    if (values.empty() || !course.isFinite) {
+    if (values.empty() || !std::ranges::all_of(values, [](double value) { return std::isfinite(value); })) {
         return course;
     }
     const auto [lowest, highest] = std::ranges::minmax(values);

@@ -1,4 +1,4 @@
-#include "DatabaseText.h"
+#include "DescribedFile.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
