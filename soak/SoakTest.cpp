@@ -241,8 +241,10 @@ class WholeSoak : public WholeBench {
         EXPECT_TRUE(file.open(QFile::ReadOnly));
         Preferences stored;
         const QByteArray record = file.readAll();
-        EXPECT_TRUE(record.isEmpty() || (record.size() == kPreferencesSize &&
-                                         DecodePreferences(record, stored) == PreferencesOutcome::Read));
+        if (!record.isEmpty()) {
+            EXPECT_EQ(record.size(), kPreferencesSize);
+            EXPECT_EQ(DecodePreferences(record, stored), PreferencesOutcome::Read);
+        }
     }
 
     // What no moment of a run may break; empty if all holds.

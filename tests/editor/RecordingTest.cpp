@@ -77,6 +77,10 @@ TEST_F(RecordingForm, WritesAChannelOverTheMemoryInOneStep) {
         "or remarks: 2.");
     EXPECT_EQ(Listed(), QStringList({QStringLiteral("CH1|V|0|8.191"), QStringLiteral("CH2 (can't be taken)|mV||"),
                                      QStringLiteral("Time (time)|s|0|0.08191")}));
+    const QImage curve = Get<QTreeWidget>("channels")->topLevelItem(0)->icon(0).pixmap(72, 20).toImage();
+    for (const QPoint corner : {QPoint(2, 17), QPoint(69, 2)}) {  // of a ramp
+        EXPECT_NE(curve.pixel(corner), curve.pixel(2, 2)) << corner.x();
+    }
     EXPECT_EQ(Sets(), u"12.2070 Hz 8.1900 4.0955");
     ExpectChecked({"use_1", "scale_0"});
     EXPECT_TRUE(Ready());

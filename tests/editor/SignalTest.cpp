@@ -79,8 +79,10 @@ TEST_F(Signal, TheMenuNamesAnotherFile) {
         EXPECT_EQ(Rows(other, "ARB4"), u"0=0 1500=70 4095=0");
     }
     Click("opEditmode_0");
+    program.editor.EditorRedrawPending = false;
     Choose("mnulcon");
     ExpectMode(other);
+    EXPECT_TRUE(program.editor.EditorRedrawPending);
 }
 
 TEST_F(Signal, GenerationMakesTheMemoryOfTheInterpolationSelected) {

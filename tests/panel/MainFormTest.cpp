@@ -57,6 +57,9 @@ TEST_F(MainForm, HintBlinksForItsTicksAndStartsAnewWithTheNext) {
     EXPECT_EQ(grounds.at(1), QColor(0, 255, 0));
     EXPECT_EQ(grounds.at(40), QColor(255, 255, 0));
     EXPECT_FALSE(timer->isActive());
+    const int width = hint->parentWidget()->minimumSizeHint().width();
+    form->FlashMessage(QString(300, u'x'));
+    EXPECT_EQ(hint->parentWidget()->minimumSizeHint().width(), width);
 }
 
 TEST_F(MainForm, TheOverviewFollowsTheSignalTheSizeAndTheReturnToItsTab) {
