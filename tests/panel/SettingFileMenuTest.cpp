@@ -1,4 +1,6 @@
 #include <QDir>
+#include <QPointer>
+#include <QTimer>
 #include <filesystem>
 
 #include "PanelBench.h"
@@ -97,6 +99,23 @@ TEST_F(SettingFiles, NothingTakesThePlaceOfTheFileThatTheEditorWorksOn) {
     Choose("mnueditor", QString(250, u'x'));
     Choose("mnusset", QString(250, u'x'));  // a name that was cut is as good as any
     EXPECT_EQ(desktop.boxes.size(), 1);
+}
+
+// A read that has not begun would go on in an editor that is gone.
+TEST_F(SettingFiles, NoOtherEditorOpensWhileAnImportOfTheClosedOneBegins) {
+    Choose("mnueditor", QStringLiteral("a.set"));
+    const QPointer<QWidget> editor = EditorWindow();
+    desktop.beeps = 0;
+    QTimer::singleShot(0, editor, [&] {
+        editor->close();
+        Choose("mnueditor", QStringLiteral("b.set"));
+    });
+    editor->findChild<QAction*>(QStringLiteral("mnurdbincha"))->trigger();
+    EXPECT_EQ(desktop.beeps, 1);
+    ASSERT_NE(editor, nullptr);
+    EXPECT_FALSE(editor->isVisible());
+    Choose("mnueditor", QStringLiteral("b.set"));
+    EXPECT_TRUE(program.editor.EditorOpen);
 }
 
 // A file that once held points and now holds the memories of the open editor is not replaced as if it held points
