@@ -65,9 +65,10 @@ bool LinkView::MarkChanges() {
 QString LinkView::StateText(bool changed) const {
     const LinkState& link = parts_.program.link;
     if (link.LinkUp == 1) {
-        return changed                   ? QStringLiteral("Linked, changed: not set yet")
-               : link.Reported.IsEmpty() ? QStringLiteral("Linked, not read yet")
-                                         : QStringLiteral("Linked, as read");
+        return changed                    ? QStringLiteral("Linked, changed: not set yet")
+               : !link.Reported.IsEmpty() ? QStringLiteral("Linked, as read")
+               : link.UnitFound == 1      ? QStringLiteral("Linked, not read yet")
+                                          : QStringLiteral("Looking for the instrument");
     }
     switch (link.LastFault) {
         case LinkFault::PortNotOpened:

@@ -12,7 +12,10 @@ struct LinkBench : ::testing::Test {
     ScriptedClock clock;
     ScriptedLine line{clock};
     FakeDesktop desktop;
-    SilentFront front;
+    struct : SilentFront {
+        bool holds = false;  // the user's input
+        void HoldInput(bool hold) override { holds = hold; }
+    } front;
     Link link{program, line, clock, desktop, front};
 
     LinkState& state = program.link;

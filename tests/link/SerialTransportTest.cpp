@@ -108,8 +108,9 @@ TEST_F(Connecting, ThePortClosesWhenTheLineHasCarriedTheLastWord) {
     ConnectSilently();
     line.lineFreeMs = 5000;
     int served = 0;
-    clock.onWait = [&] { served += line.PortOpen() ? 1 : 0; };
+    clock.onWait = [&] { served += line.PortOpen() && front.holds ? 1 : 0; };
     link.connection.DisconnectUnit();
+    EXPECT_FALSE(front.holds);
     EXPECT_EQ(line.wire, "RM0\r");
     EXPECT_GT(served, 100);  // the user's events meanwhile
     EXPECT_EQ(clock.nowMs, 5000);

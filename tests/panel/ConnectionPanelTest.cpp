@@ -28,6 +28,17 @@ TEST_F(ConnectionPanel, TellsWhereThereIsNoPortUntilOneIsPluggedIn) {
     }
 }
 
+TEST_F(ConnectionPanel, TellsThatItLooksForTheInstrumentUntilOneAnswers) {
+    QStringList meanwhile;
+    line.reply = [](const QString&, const QString&) { return QByteArray("DMM\r"); };
+    desktop.whileShown = [&] {
+        QCoreApplication::processEvents();
+        meanwhile += Get<QLabel>("linkstate")->text();
+    };
+    Click("cRM");
+    EXPECT_EQ(meanwhile, QStringList(QStringLiteral("Looking for the instrument")));
+}
+
 TEST_F(ConnectionPanel, ASecondOperationIsRefusedDuringPacing) {
     Connect();
     bool pressed = false;
