@@ -151,6 +151,7 @@ class Photographer : public WholeBench {
     void TakeSignal(const char* file, const char* picture, const QList<QPoint>& points, int pointer) {
         desktop.chosen = QString::fromLatin1(file);
         QAbstractButton* const signal = Hands().Get<QAbstractButton>("opEditmode_1");
+        signal->setFocus();  // as behind a click
         signal->isChecked() ? Hands().Get<QAction>("mnuncon")->trigger() : signal->click();
         Hands().Get<QAbstractButton>("Marker")->isChecked() ? void() : Hands().Get<QAbstractButton>("Marker")->click();
         Redraw();
