@@ -39,6 +39,8 @@ class Hand : public QObject {
             said += box->text();
             if (desktopsOwn_) {
                 EXPECT_EQ(box->textFormat(), Qt::PlainText);  // a name may look like markup
+                const int title = box->fontMetrics().horizontalAdvance(box->windowTitle());
+                EXPECT_GT(box->width(), title + 100) << "no room for the title beside the buttons of the frame";
             }
             const QString answer = answers_.takeFirst().sliced(1);
             PressButton(box, answer.isEmpty() ? QMessageBox::Ok : answer == u"y" ? QMessageBox::Yes : QMessageBox::No);
