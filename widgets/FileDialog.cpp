@@ -1,7 +1,8 @@
 #include "widgets/FileDialog.h"
 
 #include <QLineEdit>
-#include <QMessageBox>
+
+#include "widgets/PlainBox.h"
 
 FileDialog::FileDialog(const FileRequest& request, AcceptMode mode, QWidget* parent)
     : QFileDialog(parent, request.title, QString(), request.filter.section(u'|', 0, 0).trimmed()), request_(request) {
@@ -63,9 +64,8 @@ bool FileDialog::IsThere(const QString& name) {
     if (QFileInfo::exists(name)) {
         return true;
     }
-    QMessageBox box(QMessageBox::Warning, windowTitle(),
-                    QFileInfo(name).fileName() + QStringLiteral("\nFile not found."), QMessageBox::Ok, BoxParent());
-    box.setTextFormat(Qt::PlainText);
+    PlainBox box(QMessageBox::Warning, windowTitle(), QFileInfo(name).fileName() + QStringLiteral("\nFile not found."),
+                 QMessageBox::Ok, BoxParent());
     box.exec();
     return false;
 }
@@ -76,8 +76,7 @@ bool FileDialog::MayReplace(const QString& name) {
     }
     const QString question =
         QFileInfo(name).fileName() + QStringLiteral(" already exists.\nDo you want to replace it?");
-    QMessageBox box(QMessageBox::Warning, windowTitle(), question, QMessageBox::Yes | QMessageBox::No, BoxParent());
-    box.setTextFormat(Qt::PlainText);
+    PlainBox box(QMessageBox::Warning, windowTitle(), question, QMessageBox::Yes | QMessageBox::No, BoxParent());
     box.setDefaultButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
 }

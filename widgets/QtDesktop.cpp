@@ -2,39 +2,17 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QLabel>
-#include <QMessageBox>
 #include <QPointer>
-#include <algorithm>
 
 #include "widgets/FileDialog.h"
 #include "widgets/InputHold.h"
+#include "widgets/PlainBox.h"
 
 namespace {
 
-constexpr int kFrameButtons = 8;  // wide characters beside the title
-constexpr int kWidestText = 70;   // characters
-
-// Room for the title beside the buttons of the window's frame, and for a short text in one line: a box alone makes
-// itself as narrow as it can.
-void Widen(const QMessageBox& box) {
-    auto* const label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-    if (label == nullptr) {
-        return;
-    }
-    const QFontMetrics metrics(label->font());
-    int width = metrics.horizontalAdvance(box.windowTitle() + QString(kFrameButtons, u'm'));
-    for (const QString& line : box.text().split(u'\n')) {
-        width = std::max(width, metrics.horizontalAdvance(line + u' '));
-    }
-    label->setMinimumWidth(std::min(width, metrics.averageCharWidth() * kWidestText));
-}
-
 // Whoever the box belongs to may be closed and deleted while it stands, and the box with it.
-int Answer(QMessageBox* box) {
-    const QPointer<QMessageBox> still(box);
-    box->setTextFormat(Qt::PlainText);
-    Widen(*box);
+int Answer(PlainBox* box) {
+    const QPointer<PlainBox> still(box);
     const int answer = box->exec();
     delete still;
     return answer;
@@ -78,11 +56,11 @@ void QtDesktop::ShowBox(QMessageBox::Icon icon, const QString& text, const QStri
     hold.Set(true);
     QCoreApplication::processEvents();
     hold.Set(false);
-    Answer(new QMessageBox(icon, title, text, QMessageBox::Ok, Parent()));
+    Answer(new PlainBox(icon, title, text, QMessageBox::Ok, Parent()));
 }
 
 bool QtDesktop::Question(const QString& text, const QString& title, Default answer) {
-    auto* const box = new QMessageBox(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, Parent());
+    auto* const box = new PlainBox(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, Parent());
     box->setDefaultButton(answer == Default::Yes ? QMessageBox::Yes : QMessageBox::No);
     box->setEscapeButton(QMessageBox::No);
     return Answer(box) == QMessageBox::Yes;
