@@ -2,6 +2,7 @@
 
 #include "core/LevelRange.h"
 #include "core/Numbers.h"
+#include "core/Text.h"
 #include "support/PrintQt.h"
 
 namespace {
@@ -35,6 +36,12 @@ TEST(UserNumbers, ReadAndShowByTheUsersLocale) {
     for (const char* const noNumber : {"", "1/2", "1.2.3", "1E999", "-"}) {
         EXPECT_EQ(point.ReadEntry(QString::fromLatin1(noNumber)), 0.0) << noNumber;
     }
+}
+
+TEST(TrimBlanks, TakesBothEndsAndAllOfABlankText) {
+    EXPECT_EQ(TrimBlanks(QStringLiteral("  1.20 Kx ")), u"1.20 Kx");
+    EXPECT_EQ(TrimBlanks(QStringLiteral("   ")), u"");
+    EXPECT_EQ(TrimBlanks(QStringLiteral("\t1 ")), u"\t1");
 }
 
 TEST(HeadNumber, IsNoneWithoutDigitsAndGoesBeyondTheRangeOfADouble) {
