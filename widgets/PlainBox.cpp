@@ -3,6 +3,8 @@
 #include <QLabel>
 #include <algorithm>
 
+#include "widgets/FollowFont.h"
+
 namespace {
 constexpr int kFrameButtons = 8;  // wide characters beside the title
 constexpr int kWidestText = 70;   // characters
@@ -11,13 +13,16 @@ constexpr int kWidestText = 70;   // characters
 PlainBox::PlainBox(Icon icon, const QString& title, const QString& text, StandardButtons buttons, QWidget* parent)
     : QMessageBox(icon, title, text, buttons, parent) {
     setTextFormat(Qt::PlainText);
-    const QFontMetrics metrics = fontMetrics();
-    int width = metrics.horizontalAdvance(title + QString(kFrameButtons, u'm'));
-    for (const QString& line : text.split(u'\n')) {
-        width = std::max(width, metrics.horizontalAdvance(line + u' '));
-    }
     auto* const label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-    if (label != nullptr) {
-        label->setMinimumWidth(std::min(width, metrics.averageCharWidth() * kWidestText));
+    if (label == nullptr) {
+        return;
     }
+    FollowFont(label, [this, label] {
+        const QFontMetrics metrics = label->fontMetrics();
+        int width = metrics.horizontalAdvance(windowTitle() + QString(kFrameButtons, u'm'));
+        for (const QString& line : QMessageBox::text().split(u'\n')) {
+            width = std::max(width, metrics.horizontalAdvance(line + u' '));
+        }
+        label->setMinimumWidth(std::min(width, metrics.averageCharWidth() * kWidestText));
+    });
 }
