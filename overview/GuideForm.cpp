@@ -28,22 +28,10 @@ class GuidePages : public QTextBrowser {
         // A bar that came and went with the height of the pictures would change the width again.
         setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
         document()->setDocumentMargin(kMargin);
+        connect(this, &QTextBrowser::sourceChanged, this, &GuidePages::RuleTables);
     }
 
   protected:
-    void doSetSource(const QUrl& name, QTextDocument::ResourceType type) override {
-        QTextBrowser::doSetSource(name, type);
-        for (QTextFrame* const frame : document()->rootFrame()->childFrames()) {
-            if (auto* const table = qobject_cast<QTextTable*>(frame); table != nullptr) {
-                QTextTableFormat format = table->format();
-                format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-                format.setBorderCollapse(true);
-                format.setBorderBrush(palette().mid());
-                format.setCellPadding(kGap / 2.0);
-                table->setFormat(format);
-            }
-        }
-    }
     QVariant loadResource(int type, const QUrl& name) override {
         QVariant content = QTextBrowser::loadResource(type, name);
         QImage picture;
@@ -72,6 +60,18 @@ class GuidePages : public QTextBrowser {
     }
 
   private:
+    void RuleTables() const {
+        for (QTextFrame* const frame : document()->rootFrame()->childFrames()) {
+            if (auto* const table = qobject_cast<QTextTable*>(frame); table != nullptr) {
+                QTextTableFormat format = table->format();
+                format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+                format.setBorderCollapse(true);
+                format.setBorderBrush(palette().mid());
+                format.setCellPadding(kGap / 2.0);
+                table->setFormat(format);
+            }
+        }
+    }
     // Goes on at the same line.
     void ReadAgain() {
         QTextCursor line = cursorForPosition(QPoint());

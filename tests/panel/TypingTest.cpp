@@ -1,6 +1,8 @@
 #include <QDir>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTextBrowser>
+#include <QTextFrame>
 #include <QWheelEvent>
 
 #include "PanelBench.h"
@@ -197,7 +199,8 @@ TEST_F(Typing, TheGuideOpensOnceOrSaysWhereItBelongs) {
     EXPECT_EQ(desktop.boxes.size(), 1);
     ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("docs/guide")));
     QFile page(folder.filePath(QStringLiteral("docs/guide/README.md")));
-    ASSERT_TRUE(page.open(QIODevice::WriteOnly) && page.write("# The guide\n\n![wide](wide.png)\n") > 0);
+    ASSERT_TRUE(page.open(QIODevice::WriteOnly) &&
+                page.write("# The guide\n\n![wide](wide.png)\n\n|a|b|\n|---|---|\n|1|2|\n") > 0);
     page.close();
     QImage(2000, 400, QImage::Format_RGB32).save(folder.filePath(QStringLiteral("docs/guide/wide.png")));
     for (int i = 0; i < 2; ++i) {
@@ -211,6 +214,14 @@ TEST_F(Typing, TheGuideOpensOnceOrSaysWhereItBelongs) {
         EXPECT_EQ(pages->horizontalScrollBar()->maximum(), 0);
         EXPECT_GT(pages->document()->size().height(), (width - 60) / 5) << "the picture has its shape";
     }
+    const QString other = folder.filePath(QStringLiteral("docs/guide/other.md"));
+    ASSERT_TRUE(page.copy(other));
+    pages->setSource(QUrl::fromLocalFile(other));
+    Get<QPushButton>("back")->click();
+    for (const QTextFrame* const table : pages->document()->rootFrame()->childFrames()) {
+        EXPECT_EQ(table->frameFormat().borderStyle(), QTextFrameFormat::BorderStyle_Solid);
+    }
+    EXPECT_EQ(pages->document()->rootFrame()->childFrames().size(), 1);
     EXPECT_EQ(form->findChildren<QTextBrowser*>().size(), 1);
     EXPECT_EQ(desktop.boxes.size(), 1);
 }
