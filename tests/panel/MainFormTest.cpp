@@ -33,11 +33,19 @@ TEST_F(DefaultsFile, GivesOneBoxInTroubleAndTheProgramEnds) {
     EXPECT_EQ(desktop.boxes.constLast(), u"Save Settings|Data Error: Save settings");
 }
 
-TEST_F(MainForm, ASelectionFromCodeTakesTheTabStopAlong) {
+TEST_F(MainForm, ASelectionFromCodeOrByAClickTakesTheTabStopAlong) {
     panel.bmSignal = 3;
     form->RefreshPanel();
     EXPECT_EQ(Get("opsignal_3")->focusPolicy(), Qt::StrongFocus);
-    EXPECT_EQ(Get("opsignal_0")->focusPolicy(), Qt::ClickFocus);
+    ShowTab(2);
+    for (const char* const group : {"opsignal", "unit", "vunit", "opmodes", "opreference"}) {
+        const QString name = QString::fromLatin1(group) + u'_';
+        for (const char16_t choice : {u'0', u'1'}) {
+            Click(QString(name + choice).toLatin1());
+            EXPECT_EQ(Get(QString(name + u'0').toLatin1())->focusPolicy() == Qt::StrongFocus, choice == u'0') << group;
+            EXPECT_EQ(Get(QString(name + u'1').toLatin1())->focusPolicy() == Qt::StrongFocus, choice == u'1') << group;
+        }
+    }
 }
 
 TEST_F(MainForm, HintBlinksForItsTicksAndStartsAnewWithTheNext) {
