@@ -30,6 +30,8 @@ TEST(About, WebSiteOpensByMouseAndKey) {
     auto* const form = owner.findChild<AboutForm*>();
     ASSERT_TRUE(QTest::qWaitForWindowActive(form));
     EXPECT_EQ(QApplication::focusWidget()->objectName(), u"Command1");
+    const auto* const name = form->findChild<QLabel*>(QStringLiteral("Label1"));
+    EXPECT_GT(name->fontMetrics().height(), 1.5 * form->fontMetrics().height());
     auto* const Label14 = form->findChild<QLabel*>(QStringLiteral("Label14"));
     QTest::mouseClick(Label14, Qt::LeftButton, {}, QPoint(Label14->sizeHint().width() - 20, Label14->height() / 2));
     form->findChild<QPushButton*>(QStringLiteral("Command1"))->setFocus();

@@ -82,6 +82,7 @@ TEST_F(TraceSources, ServesBothChannelsAgainAndAgain) {
         EXPECT_EQ(link.Text().section(u',', 40, 40).toInt(), sim::TraceShape("burst")->at(40));
     }
     EXPECT_EQ(FailingStep("getbinchc"), "execute");
+    EXPECT_EQ(FailingStep(""), "execute");
     EXPECT_FALSE(link.LinkRequest());  // a failure has ended the conversation
     EXPECT_EQ(FailingStep("getbincha", "qd204e|file"), "initiate");
     EXPECT_EQ(FailingStep("getbincha"), "");
