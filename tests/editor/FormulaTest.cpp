@@ -65,6 +65,7 @@ TEST_F(FormulaForm, TellsAFaultWhileItIsTypedAndWritesNothing) {
     auto* const field = Get<FormulaField>("expression");
     for (const auto& [formula, says, at, marked] :
          {std::tuple("sin(2*y)", u"Character 7: There is no \"y\".", 6, u"y"),
+          {")", u"Character 1: There is no \"(\" for this \")\".", 0, u")"},
           {"max(x;x) + ", u"At the end: The formula is not finished.", 10, u" "},
           {"1/x", u"At x = 0 the result is not a finite number.", -1, u""}}) {
         TypeFormula(formula);

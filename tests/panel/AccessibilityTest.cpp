@@ -109,6 +109,18 @@ void ExpectNamed(QWidget* window) {
     }
 }
 
+// The name of a field stands beside it or above it.
+void ExpectBesideItsField(QLabel& label, QWidget* window) {
+    if (label.buddy() == nullptr || !label.buddy()->isVisible()) {
+        return;
+    }
+    const QRect name(label.mapTo(window, QPoint()), label.size());
+    const QRect field(label.buddy()->mapTo(window, QPoint()), label.buddy()->size());
+    const bool beside = field.top() <= name.center().y() && name.center().y() <= field.bottom();
+    const bool above = name.bottom() < field.top() && name.left() < field.right() && field.left() < name.right();
+    EXPECT_TRUE(beside || above) << Described(&label);
+}
+
 // Nothing is cut off, nothing lies on something else, and the window fits on a common screen. What may scroll does not
 // at this size.
 void ExpectRoom(QWidget* window) {
@@ -128,6 +140,9 @@ void ExpectRoom(QWidget* window) {
         EXPECT_TRUE(anyWidth || !readsWhole || control.width() >= control.sizeHint().width()) << Described(controls[i]);
         EXPECT_TRUE(!readsWhole || control.height() >= control.fontMetrics().height()) << Described(controls[i]);
         EXPECT_TRUE(window->rect().contains(place)) << Described(controls[i]);
+        if (auto* const label = qobject_cast<QLabel*>(controls[i])) {
+            ExpectBesideItsField(*label, window);
+        }
         for (qsizetype k = 0; k < i; ++k) {
             const QRect other(controls[k]->mapTo(window, QPoint()), controls[k]->size());
             EXPECT_FALSE(place.intersects(other)) << Described(controls[i]) << " on " << Described(controls[k]);

@@ -12,6 +12,14 @@ using Values = std::vector<double>;
 using recording::Resample;
 using recording::Spread;
 
+TEST(Unit, APrefixAloneIsNoneOfATitle) {
+    for (const char* const text : {"m", "k", "M", ""}) {
+        EXPECT_FALSE(recording::ReadUnit(text)) << text;
+    }
+    EXPECT_EQ(recording::ReadCellUnit("k")->scale, 1000.0);
+    EXPECT_EQ(recording::ReadUnit("mV")->scale, 0.001);
+}
+
 void ExpectNear(const Values& values, const Values& expected) {
     ASSERT_EQ(values.size(), expected.size());
     for (std::size_t i = 0; i < values.size(); ++i) {
