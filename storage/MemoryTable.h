@@ -1,6 +1,11 @@
 #pragma once
 
-#include <SQLiteCpp/Statement.h>
+#include <QtGlobal>
+
+struct sqlite3_stmt;
+namespace SQLite {
+class Database;
+}
 
 // The shape that the memory tables and the tables of construction points share. Both throw the engine's exceptions.
 
@@ -10,8 +15,14 @@ void CreateMemoryTable(SQLite::Database& database, const char* table);
 class MemoryWriter {
   public:
     MemoryWriter(const SQLite::Database& database, const char* table);
+    ~MemoryWriter();
+    Q_DISABLE_COPY_MOVE(MemoryWriter)
+
     void Add(int adr, int value);
 
   private:
-    SQLite::Statement insert_;
+    void Check(int result, int expected) const;
+
+    const SQLite::Database& database_;
+    sqlite3_stmt* insert_ = nullptr;  // the engine's own: the wrapper's price at each row is a tenth of a save
 };
