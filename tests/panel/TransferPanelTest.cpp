@@ -84,6 +84,8 @@ TEST_F(TransferPanel, EscapeStopsAfterTheCurrentPointWhicheverControlHasTheFocus
         }
     };
     EXPECT_EQ(Run("mnuRdArb4"), u"Stopped: 201 of 4096 points read");
+    Key(Qt::Key_Escape);
+    EXPECT_EQ(Hint(), u"Stopped: 201 of 4096 points read");  // there is nothing to stop any more
     EXPECT_EQ(program.memories.ArbMemory4[200], -1847);
     EXPECT_EQ(program.memories.ArbMemory4[201], 55);
     EXPECT_EQ(Run("mnuCmpArb16"), u"Stopped: 201 of 16385 points compared, all agree");

@@ -39,6 +39,7 @@ TEST_F(LineLoads, APortThatTookMoreThanAnyDriverHoldsNeedsNoLineTime) {
 TEST_F(LineLoads, BelievesADriverThatTellsWhatItHolds) {
     line.DriverHolds(0, 0);  // as one that never tells
     line.Taken(20 * kPerSecond, 0);
+    line.DriverHolds(0, 0);
     EXPECT_EQ(line.LeftUs(0), 20 * kSecond);
     line.DriverHolds(4 * kPerSecond, 0);
     EXPECT_EQ(line.LeftUs(0), (4 * kPerSecond + 1024) * kSecond / kPerSecond);  // and what an adapter may hold

@@ -25,6 +25,14 @@ TEST_F(SettingFiles, HaveTheirTablesAndRows) {
     EXPECT_EQ(Ask("SELECT count(*) || ' ' || min(Adr) || ' ' || sum(rowid = Adr + 1) FROM ARB16"), u"16384 0 16384");
 }
 
+// The first of an enumeration, as the sine, is a value like others.
+TEST_F(SettingFiles, BringZerosBack) {
+    Content zeros = kStored;
+    std::apply([](auto&... field) { ((field = {}), ...); }, Content::Fields(zeros.panel));
+    ASSERT_TRUE(zeros.Save(name_));
+    ExpectLoad(LoadOutcome::Loaded, zeros.Over(kBefore));
+}
+
 TEST_F(SettingFiles, ALoadLeavesStateAndFolderAloneWhereThereIsNone) {
     for (const QString& name : {name_, folder_.path(), QString()}) {
         EXPECT_EQ(Content(kBefore).Load(name), LoadOutcome::Failed);
