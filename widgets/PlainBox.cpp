@@ -1,28 +1,21 @@
 #include "widgets/PlainBox.h"
 
-#include <QLabel>
-#include <algorithm>
+#include <QGridLayout>
 
 #include "widgets/FollowFont.h"
 
 namespace {
 constexpr int kFrameButtons = 8;  // wide characters beside the title
-constexpr int kWidestText = 70;   // characters
 }  // namespace
 
 PlainBox::PlainBox(Icon icon, const QString& title, const QString& text, StandardButtons buttons, QWidget* parent)
     : QMessageBox(icon, title, text, buttons, parent) {
     setTextFormat(Qt::PlainText);
-    auto* const label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-    if (label == nullptr) {
-        return;
-    }
-    FollowFont(label, [this, label] {
-        const QFontMetrics metrics = label->fontMetrics();
-        int width = metrics.horizontalAdvance(windowTitle() + QString(kFrameButtons, u'm'));
-        for (const QString& line : QMessageBox::text().split(u'\n')) {
-            width = std::max(width, metrics.horizontalAdvance(line + u' '));
-        }
-        label->setMinimumWidth(std::min(width, metrics.averageCharWidth() * kWidestText));
+    // A row of its own: a width of the text's label would keep a long text from being wrapped.
+    auto* const rows = qobject_cast<QGridLayout*>(layout());
+    auto* const room = new QWidget(this);
+    rows->addWidget(room, rows->rowCount(), 0, 1, -1);
+    FollowFont(room, [room, title] {
+        room->setMinimumWidth(room->fontMetrics().horizontalAdvance(title + QString(kFrameButtons, u'm')));
     });
 }

@@ -49,12 +49,6 @@ TEST_F(Operations, DrawFromTheFirstAddressToTheLastAndNotBesideThem) {
     }
 }
 
-TEST_F(Operations, PasteOneSampleWhereNothingWasCopied) {
-    PasteStep(editor, 1500);
-    EXPECT_TRUE(EndPaste(editor, tables).changed);
-    EXPECT_EQ(Rows(set, "ARB4 where Adr between 1499 and 1501"), u"1499=0 1500=7 1501=0");
-}
-
 TEST_F(Operations, KnowTheStretchesOfTheTable) {
     for (const auto& [size, start, end, copied] : {std::tuple(&kMemory4k, 0, 0, Stretch{0, -1}),
                                                    {&kMemory4k, 16000, 4090, Stretch{4090, 4095}},

@@ -1,9 +1,11 @@
 #include <QDialog>
+#include <QLabel>
 #include <QShortcut>
 
 #include "support/FakeDesktop.h"
 #include "support/FormHands.h"
 #include "widgets/InputHold.h"
+#include "widgets/PlainBox.h"
 #include "widgets/QtDesktop.h"
 
 namespace {
@@ -24,6 +26,19 @@ TEST(InputHold, HoldsAWindowThatIsModalToAFormButNoneThatIsModalToTheProgram) {
         EXPECT_EQ(field.text(), taken);
     }
     EXPECT_EQ(desktop.beeps, 1);
+}
+
+TEST(PlainBox, ShowsItsWholeTextAndHasRoomForItsTitle) {
+    const QString title = QStringLiteral("A title that is longer than its text");
+    for (const int words : {1, 12, 80}) {
+        PlainBox box(QMessageBox::Warning, title, QStringLiteral("several ").repeated(words), QMessageBox::Ok, nullptr);
+        box.show();
+        const auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        const int width = text->fontMetrics().horizontalAdvance(text->text().trimmed());
+        EXPECT_TRUE(text->wordWrap() || width <= text->width()) << words;
+        EXPECT_GE(text->height(), text->heightForWidth(text->width())) << words;
+        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(title) + 60);
+    }
 }
 
 TEST(QtDesktop, ShowsOneHourglassHoweverOftenItIsAskedFor) {
