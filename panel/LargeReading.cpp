@@ -24,12 +24,14 @@ QString Longest() { return QStringLiteral("00.0000000000"); }
 
 double DigitHeight(const QFont& font) { return QFontMetricsF(font).tightBoundingRect(QStringLiteral("0")).height(); }
 
-// The fixed-width font in which digits have this height, pixels.
+// The fixed-width font in which digits have this height, pixels. The first try is about right for every such font: each
+// size that is tried takes a moment of the start.
 QFont DigitFont(double height) {
+    constexpr double kDigitShare = 0.73;  // height of a digit against the size of the font
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    constexpr int kTrial = 100;
-    font.setPixelSize(kTrial);
-    font.setPixelSize(static_cast<int>(std::ceil(height * kTrial / DigitHeight(font))));
+    const int trial = static_cast<int>(std::ceil(height / kDigitShare));
+    font.setPixelSize(trial);
+    font.setPixelSize(static_cast<int>(std::ceil(height * trial / DigitHeight(font))));
     while (DigitHeight(font) < height) {  // hinting may take a part of a pixel
         font.setPixelSize(font.pixelSize() + 1);
     }

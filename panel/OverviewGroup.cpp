@@ -27,7 +27,9 @@ void OverviewGroup::RefreshOverview() {
 }
 
 void OverviewGroup::DrawOverviewSignal() {
-    desktop_.BusyOn();
-    DrawSignalForm(*Picture1, program_.panel.bmSignal, program_.memories);
-    desktop_.BusyOff();
+    if (!Picture1->RedrawIsDue()) {
+        desktop_.BusyOn();
+        DrawSignalForm(*Picture1, program_.panel.bmSignal, program_.memories);
+        desktop_.BusyOff();
+    }
 }

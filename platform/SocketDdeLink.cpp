@@ -34,10 +34,11 @@ QStringList SocketDdeLink::Places() const {
 
 // What another user serves in a folder that all may write to is none of ours.
 bool SocketDdeLink::Connect(const QString& place, const QDeadlineTimer& end) {
-    socket_.connectToServer(place);
-    const bool isConnected = socket_.waitForConnected(LeftMs(end)) && IsOfThisUser(socket_.socketDescriptor());
+    socket_ = std::make_unique<QLocalSocket>();
+    socket_->connectToServer(place);
+    const bool isConnected = socket_->waitForConnected(LeftMs(end)) && IsOfThisUser(socket_->socketDescriptor());
     if (!isConnected) {
-        socket_.abort();
+        socket_.reset();
     }
     return isConnected;
 }
@@ -50,11 +51,11 @@ bool SocketDdeLink::Open() {
 }
 
 void SocketDdeLink::Close() {
-    if (socket_.state() == QLocalSocket::ConnectedState) {
-        socket_.write("terminate\n");
-        socket_.flush();
+    if (socket_ && socket_->state() == QLocalSocket::ConnectedState) {
+        socket_->write("terminate\n");
+        socket_->flush();
     }
-    socket_.abort();
+    socket_.reset();
 }
 
 bool SocketDdeLink::LinkExecute(const QString& command) {
@@ -70,23 +71,23 @@ bool SocketDdeLink::LinkRequest() {
 // What stands behind the "ok" of the answer. After anything else the conversation is over: an answer that comes too
 // late must not be taken for that of a later step.
 std::optional<QString> SocketDdeLink::Ask(const QString& message, const QDeadlineTimer& end) {
-    if (socket_.state() != QLocalSocket::ConnectedState) {
+    if (!socket_ || socket_->state() != QLocalSocket::ConnectedState) {
         return std::nullopt;
     }
-    socket_.write(message.toUtf8() + '\n');
+    socket_->write(message.toUtf8() + '\n');
     const QByteArray answer = AnswerLine(end);
     if (answer == "ok" || answer.startsWith("ok ")) {
         return QString::fromUtf8(answer.sliced(2)).trimmed();
     }
-    socket_.abort();
+    socket_.reset();
     return std::nullopt;
 }
 
 // One line without its end; empty if there is none in time, or the far end closes, or sends more than one line.
 QByteArray SocketDdeLink::AnswerLine(const QDeadlineTimer& end) {
     QByteArray line;
-    while (socket_.waitForReadyRead(LeftMs(end)) && line.size() <= kLongestAnswerBytes) {
-        const QByteArray piece = socket_.readAll();
+    while (socket_->waitForReadyRead(LeftMs(end)) && line.size() <= kLongestAnswerBytes) {
+        const QByteArray piece = socket_->readAll();
         line += piece;
         if (piece.contains('\n')) {
             return line.indexOf('\n') == line.size() - 1 ? line.trimmed() : QByteArray();

@@ -2,6 +2,7 @@
 
 #include <QDeadlineTimer>
 #include <QLocalSocket>
+#include <memory>
 #include <optional>
 
 #include "platform/DdeLink.h"
@@ -35,7 +36,7 @@ class SocketDdeLink : public DdeLink {
     QByteArray AnswerLine(const QDeadlineTimer& end);
 
     const QString folder_;
-    QLocalSocket socket_;
+    std::unique_ptr<QLocalSocket> socket_;  // none without a conversation
     QString topic_;
     QString item_;
     int timeoutTenths_ = 300;

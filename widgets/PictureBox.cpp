@@ -56,7 +56,7 @@ void PictureBox::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void PictureBox::paintEvent(QPaintEvent* /*event*/) {
-    if (settledFor_ != PixelSize()) {
+    if (RedrawIsDue()) {
         settledFor_ = PixelSize();  // asked once, also if nobody draws
         Q_EMIT RedrawNeeded();
     }

@@ -38,6 +38,10 @@ class PictureBox : public QWidget {
     double ScaleTop() const { return scaleTop_; }
     double ScaleHeight() const { return scaleHeight_; }
 
+    // True if the next time it is painted RedrawNeeded comes anyway, so that nothing need be drawn before: so at the
+    // start, and on a tab that was hidden while the window got another size.
+    bool RedrawIsDue() const { return settledFor_ != PixelSize(); }
+
   Q_SIGNALS:
     // Positions of the pointer in user coordinates; those of moves lie outside of the picture too while a button is
     // held, but a press of another button there is none. Buttons: 1 left, 2 right, 4 middle; a move gives the sum of
