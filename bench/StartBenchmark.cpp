@@ -31,7 +31,7 @@
 
 namespace {
 
-constexpr int kStarts = 15;
+constexpr int kStarts = 40;
 constexpr QSize kWindow(1200, 800);
 
 // Ends the program once a window was painted.
@@ -98,10 +98,13 @@ struct Program {
     Main form;
 };
 
-// A window with as many controls as the panel has, of the same kinds and fonts, on one plain grid. Its
-// picture has half the window's width and height, that of the panel a third, those of the editor nearly all of it.
+// The pictures of both windows, logical pixels; the two of the editor as one.
+constexpr QSize kPanelPicture(563, 334);
+constexpr QSize kEditorPictures(1184, 698);
+
+// A window with as many controls as the panel has, of the same kinds and fonts, on one plain grid, and a picture.
 struct BareWindow : QMainWindow {
-    BareWindow() {
+    explicit BareWindow(QSize size) {
         auto* const paper = new QWidget(this);
         auto* const grid = new QGridLayout(paper);
         const QString caption = QStringLiteral("Control");
@@ -124,11 +127,12 @@ struct BareWindow : QMainWindow {
         add(10, [&] { return new QGroupBox(caption, paper); });
         add(1, [&] { return new QPlainTextEdit(caption, paper); });
         add(1, [&] { return new QTabBar(paper); });
-        QPixmap picture(kWindow / 2);
+        QPixmap picture(size);
         picture.fill(Qt::white);
         add(1, [&] {
             auto* const shown = new QLabel(paper);
             shown->setPixmap(picture);
+            shown->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // the window stays as large as ours
             return shown;
         });
         for (int i = 0; i < 4; ++i) {
@@ -155,7 +159,7 @@ int RunRole(const QByteArray& role, const QString& folder, QApplication& applica
         return QApplication::exec();
     }
     if (role == "bare-start") {
-        const BareWindow window;
+        const BareWindow window(kPanelPicture);
         return QApplication::exec();
     }
     std::unique_ptr<Program> program;
@@ -164,8 +168,8 @@ int RunRole(const QByteArray& role, const QString& folder, QApplication& applica
         program = std::make_unique<Program>(folder);
         program->OpenEditorOn16K();
     } else {
-        windows.push_back(std::make_unique<BareWindow>());
-        windows.push_back(std::make_unique<BareWindow>());
+        windows.push_back(std::make_unique<BareWindow>(kPanelPicture));
+        windows.push_back(std::make_unique<BareWindow>(kEditorPictures));
         QCoreApplication::processEvents();
     }
     std::printf("%ld\n", ResidentMemory());

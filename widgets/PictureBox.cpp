@@ -91,10 +91,6 @@ void PictureBox::FitImage() {
     image_.setDevicePixelRatio(devicePixelRatioF());
 }
 
-QPointF PictureBox::ToPixels(double x, double y) const {
-    return {(x - scaleLeft_) / scaleWidth_ * width(), (y - scaleTop_) / scaleHeight_ * height()};
-}
-
 QPointF PictureBox::ToUser(const QPointF& pixel) const {
     return {scaleLeft_ + pixel.x() * scaleWidth_ / width(), scaleTop_ + pixel.y() * scaleHeight_ / height()};
 }

@@ -62,7 +62,9 @@ class PictureBox : public QWidget {
   private:
     QSize PixelSize() const;
     void FitImage();
-    QPointF ToPixels(double x, double y) const;
+    QPointF ToPixels(double x, double y) const {
+        return {(x - scaleLeft_) / scaleWidth_ * width(), (y - scaleTop_) / scaleHeight_ * height()};
+    }
     QPointF ToUser(const QPointF& pixel) const;
 
     double scaleLeft_ = 0.0;
@@ -121,9 +123,11 @@ class PictureBox::Drawing {
     QPainter painter_;  // in device pixels
     double ratio_;      // device pixels to a logical one
     Mode mode_ = Mode::Copy;
-    QPointF end_;         // of the last stroke, device pixels
-    bool curve_ = false;  // the last stroke was smooth
-    QImage stamps_;       // dots of stampColor_ and stampDiameter_, kPhases x kPhases
+    QPointF end_;            // of the last stroke, device pixels
+    bool curve_ = false;     // the last stroke was smooth
+    double penWidth_ = 0.0;  // of the painter's pen, logical pixels; none at first
+    QColor penColor_;
+    QImage stamps_;  // dots of stampColor_ and stampDiameter_, kPhases x kPhases
     QColor stampColor_;
     double stampDiameter_ = 0.0;  // device pixels
     QRegion touched_;             // logical pixels

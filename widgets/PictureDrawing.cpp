@@ -62,7 +62,6 @@ PictureBox::Drawing::Drawing(PictureBox& box) : box_(box), everything_(box.image
     painter_.begin(&box_.image_);
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.scale(1.0 / ratio_, 1.0 / ratio_);
-    painter_.setPen({ForeColor, 0.0});  // not one of the strokes
 }
 
 PictureBox::Drawing::~Drawing() {
@@ -86,16 +85,20 @@ void PictureBox::Drawing::Line(double x1, double y1, double x2, double y2) {
     const bool carriesOn = curve_ && line.p1() == end_ && DrawMode == Mode::Copy;
     curve_ = carriesOn || !Straight(line);
     end_ = line.p2();
-    const double half = std::max(1.0, std::round(DrawWidth * ratio_)) / 2.0;
-    const QRectF inked = Bounds(line).adjusted(-half, -half, half, half);
+    const auto inked = [&] {
+        const double half = std::max(1.0, std::round(DrawWidth * ratio_)) / 2.0;
+        return Bounds(line).adjusted(-half, -half, half, half);
+    };
     if (!curve_) {
-        Fill(Sharp(inked));
+        Fill(Sharp(inked()));
         return;
     }
     UseMode(DrawMode);
     UsePen();
     painter_.drawLine(line);
-    Touch(inked);
+    if (!everything_) {
+        Touch(inked());
+    }
 }
 
 void PictureBox::Drawing::Lines(std::span<const QLineF> lines) {
@@ -228,11 +231,12 @@ void PictureBox::Drawing::UseMode(Mode mode) {
 // Square ends, and joints as if such ends overlapped: strokes that meet leave no gap at any angle. Round joints look
 // the same at the gentle bends of a dense curve, and take twice the time.
 void PictureBox::Drawing::UsePen() {
-    const double width = DrawWidth * ratio_;
-    if (painter_.pen().widthF() == width && painter_.pen().color() == ForeColor) {
+    if (penWidth_ == DrawWidth && penColor_ == ForeColor) {
         return;
     }
-    QPen pen(ForeColor, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
+    penWidth_ = DrawWidth;
+    penColor_ = ForeColor;
+    QPen pen(ForeColor, DrawWidth * ratio_, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin);
     pen.setMiterLimit(0.5);  // widths
     painter_.setPen(pen);
 }
