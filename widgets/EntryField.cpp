@@ -92,9 +92,11 @@ void EntryField::inputMethodEvent(QInputMethodEvent* event) {
 
 void EntryField::contextMenuEvent(QContextMenuEvent* event) {
     const std::unique_ptr<QMenu> menu(createStandardContextMenu());
-    if (auto* const paste = menu->findChild<QAction*>(QStringLiteral("edit-paste"))) {
-        disconnect(paste, nullptr, nullptr, nullptr);
-        connect(paste, &QAction::triggered, this, [this] { Paste(false); });
+    for (QAction* const action : menu->actions()) {
+        if (action->text().section(u'\t', 0, 0) == QLineEdit::tr("&Paste")) {
+            disconnect(action, nullptr, nullptr, nullptr);
+            connect(action, &QAction::triggered, this, [this] { Paste(false); });
+        }
     }
     menu->exec(event->globalPos());
 }

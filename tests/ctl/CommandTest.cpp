@@ -100,6 +100,7 @@ TEST_F(CtlCommands, WavesAreMadeByFormulaAndOfRecordings) {
     ASSERT_EQ(LoadSettingFile(Path("w.set"), settings, memories), LoadOutcome::Loaded);
     EXPECT_EQ(memories.ArbMemory16[0], -2047);
     EXPECT_EQ(memories.ArbMemory16[8192], 1024);
+    EXPECT_TRUE(Run(u"wave --formula 3*x-1 --full-range -o " + Path("w.set")).err.isEmpty());
     const Ended wave = Run(u"wave --recording " + Path("scope.csv") + u" --channel CH1 -o " + Path("w.set"));
     EXPECT_TRUE(wave.out.value(0).startsWith(u"frequency=499.8779"));
     EXPECT_EQ(wave.out.sliced(1).join(u' '), u"level=1.9995Vpp offset=500.2mV");
@@ -139,6 +140,8 @@ const std::pair<const char*, const char*> kWrong[]{{"", "subcommand"},
                                                    {"wave --formula x --recording y -o %1/w.csv", "recording"},
                                                    {"wave --formula x -o %1/not.set", "not a setting file"},
                                                    {"wave --recording %1/short.csv --channel CH9 -o %1/w.csv", "CH9"},
+                                                   {"wave --recording %1/two.csv -o %1/w.csv", "with --channel: column 2"},
+                                                   {"wave --recording %1/nowhere.csv -o %1/w.csv", "No such file"},
                                                    {"batch %1/nowhere", "can't be read"},
                                                    {"batch %1", "can't be read"},
                                                    {"batch -", "line 2: a quote"}};
@@ -147,6 +150,7 @@ TEST_F(CtlCommands, WrongUsageEndsWithOneSentenceAndSendsNothing) {
     auto& far = Plug(1, {});
     WriteTable("short.csv", 4095);
     Write("not.set", "words");
+    Write("two.csv", "t (s);CH1 (V);CH2 (V)\n0;1,5;0\n0,001;-0,5;1\n0,002;1,5;4\n");
     for (const auto& [words, sentence] : kWrong) {
         locale = locale == u"C" ? QStringLiteral("de_DE.UTF-8") : QStringLiteral("C");
         const Ended ended =

@@ -79,7 +79,8 @@ TEST_F(RecordingForm, WritesAChannelOverTheMemoryInOneStep) {
                                      QStringLiteral("Time (time)|s|0|0.08191")}));
     const QImage curve = Get<QTreeWidget>("channels")->topLevelItem(0)->icon(0).pixmap(72, 20).toImage();
     for (const QPoint corner : {QPoint(2, 17), QPoint(69, 2)}) {  // of a ramp
-        EXPECT_NE(curve.pixel(corner), curve.pixel(2, 2)) << corner.x();
+        const QPointF place = QPointF(corner) * curve.devicePixelRatio();
+        EXPECT_NE(curve.pixel(place.toPoint()), curve.pixel(2, 2)) << corner.x();
     }
     EXPECT_EQ(Sets(), u"12.2070 Hz 8.1900 4.0955");
     ExpectChecked({"use_1", "scale_0"});

@@ -75,6 +75,9 @@ TEST_F(Transport, ServesTheUserWhileTheLineIsBusyAndReportsOnceThatItHasStalled)
     EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data send error ( sin )")));
     EXPECT_EQ(state.LinkUp, 0);
     EXPECT_FALSE(desktop.busy);
+    state.LinkUp = 1;
+    EXPECT_FALSE(link.transport.ClosePort());  // the instrument has not got its front panel back
+    EXPECT_TRUE(line.PortOpen());
 }
 
 TEST_F(Transport, AReplyShowsThatTheLineIsFree) {

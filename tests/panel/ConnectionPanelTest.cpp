@@ -37,6 +37,11 @@ TEST_F(ConnectionPanel, TellsThatItLooksForTheInstrumentUntilOneAnswers) {
     };
     Click("cRM");
     EXPECT_EQ(meanwhile, QStringList(QStringLiteral("Looking for the instrument")));
+    Connect();
+    line.takesOutput = false;
+    Click("Command4");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Get<QLabel>("linkstate")->text(), u"Nothing goes out: cable, power or port?");
 }
 
 TEST_F(ConnectionPanel, ASecondOperationIsRefusedDuringPacing) {
@@ -135,6 +140,8 @@ TEST_F(ComsetDialog, ClosingTheWindowEndsAnAutosearchAndSendsNothingMore) {
 }
 
 TEST_F(ComsetDialog, AnUnknownRateIsKept) {
+    ShowDialog();
+    Click("cbabbruch");
     program.preferences.ComBaudRate = 1200;
     ShowDialog();
     EXPECT_FALSE(Checked("baud_3"));

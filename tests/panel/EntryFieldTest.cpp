@@ -1,4 +1,6 @@
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QTimer>
 
 #include "PanelBench.h"
 
@@ -52,6 +54,17 @@ TEST_F(EntryFields, FilterEveryWayInAndDropTheRestInSilence) {
     QTest::keyClick(Get("Text1"), 'z', Qt::AltModifier);
     QTest::keyClick(Get("Text1"), '-', Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(Text("Text1"), u"12.5");
+    QTimer::singleShot(0, form.get(), [] {
+        auto* const menu = QApplication::activePopupWidget();
+        for (QAction* const action : menu->actions()) {
+            action->text().startsWith(u"&Paste") ? action->trigger() : void();
+        }
+        menu->close();
+    });
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(Get("Text1"), &menu);
+    EXPECT_EQ(Text("Text1"), u"12.512.5");
+    Type("Text1", "12.5");
     QInputMethodEvent composed;
     composed.setCommitString(QStringLiteral("x7"));
     QApplication::sendEvent(Get("Text1"), &composed);

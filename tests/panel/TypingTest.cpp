@@ -54,17 +54,19 @@ TEST_F(Typing, TakesThePlaceOfWhatStoodThere) {
 }
 
 TEST_F(Typing, ASecondClickPlacesTheCursorAndADragSelects) {
-    const QPoint left(6, 10);
     const QPoint right(Get("Text2")->width() - 6, 10);
     QTest::mouseClick(Get("Text2"), Qt::LeftButton, {}, right);
     EXPECT_EQ(Shown("Text2"), u"[1.00000]");
     QTest::mouseClick(Get("Text2"), Qt::LeftButton, {}, right);
     EXPECT_EQ(Shown("Text2"), u"1.00000|");
-    QTest::mousePress(Get("Text4"), Qt::LeftButton, {}, right);
-    QTest::mouseMove(Get("Text4"), QPoint(right.x() - 16, 10));
-    QMouseEvent move(QEvent::MouseMove, QPointF(right.x() - 16, 10), {}, Qt::NoButton, Qt::LeftButton, {});
+    Get<EntryField>("Text4")->end(false);
+    const QPoint end = Get("Text4")->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    const QPoint digit = end - QPoint(Get("Text4")->fontMetrics().horizontalAdvance(u'0') * 3 / 2, 0);
+    QTest::mousePress(Get("Text4"), Qt::LeftButton, {}, end);
+    QTest::mouseMove(Get("Text4"), digit);
+    QMouseEvent move(QEvent::MouseMove, QPointF(digit), {}, Qt::NoButton, Qt::LeftButton, {});
     QApplication::sendEvent(Get("Text4"), &move);
-    QTest::mouseRelease(Get("Text4"), Qt::LeftButton, {}, right);
+    QTest::mouseRelease(Get("Text4"), Qt::LeftButton, {}, digit);
     const QString dragged = Get<EntryField>("Text4")->selectedText();
     EXPECT_NE(dragged, QString());
     EXPECT_NE(dragged, Text("Text4"));
@@ -117,6 +119,9 @@ TEST_F(Typing, KeysStepTheDigitLeftOfTheCursor) {
     Get("Text4")->setFocus();
     Key(Qt::Key_Up);  // or the units
     EXPECT_EQ(Shown("Text4"), u"0|.5000");
+    Type("Text1", "2E2");
+    Key(Qt::Key_Up);  // of what was typed, first
+    EXPECT_EQ(Shown("Text1"), u"3|00.0000");
 }
 
 TEST_F(Typing, AHeldKeyMeetsALimitOnce) {

@@ -40,6 +40,8 @@ TEST(RecordingForms, TitlesAndUnits) {
         {"% time  ch1\n0 1\n1 2\n", "ch1: 1 2 [time] every 1 s"},
         {",CH1,CH2\n0,10,20\n1,11,21\n", "CH1: 10 11; CH2: 20 21 [column 1]"},
         {"Volt\n0.5\n1.5\n", "Volt: 0.5 1.5"},
+        {"t (\316\274s);R (\342\204\246)\n0;1\342\200\231500\n1;2\n",
+         "R (\316\251): 1500 2 [t (\302\265s)] every 1 \302\265s"},        // as print has micro, ohm and thousands
         {"Time,CH1\nticks,V\n0,1\n1,2\n", "CH1 (V): 1 2 [Time (ticks)]"},  // one unit is unknown
         {"TraceName,CH1,CH2\nVUnit,V,mV\n,.1,5\n,.3,4\n", "CH1 (V): 0.1 0.3; CH2 (mV): 5 4"},
         {"Date,05 Nov 2024\n0,1\n1,2\n", "column 2: 1 2 [column 1]"},  // a key, no titles

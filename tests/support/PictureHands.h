@@ -24,8 +24,9 @@ struct PictureHands {
 
     QImage Shown() { return picture->grab().toImage(); }
     QColor At(double x, double y) {
-        const QPointF place = Place(x, y);
-        return Shown().pixelColor(static_cast<int>(place.x()), static_cast<int>(place.y()));
+        const QImage shown = Shown();
+        const QPointF place = Place(x, y) * shown.devicePixelRatio();
+        return shown.pixelColor(static_cast<int>(place.x()), static_cast<int>(place.y()));
     }
 
   private:

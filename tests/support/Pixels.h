@@ -63,20 +63,22 @@ struct Shot {
                                                              {{middle.x(), control.top()}, {0, 1}},
                                                              {{middle.x(), control.bottom()}, {0, -1}}}};
         double least = 21.0;
+        const int dense = static_cast<int>(image.devicePixelRatio());
         for (int side = 0; side < sides; ++side) {
             const auto& [edge, inwards] = ways[static_cast<std::size_t>(side)];
             const QRgb ground = Pixel(edge - kBeside * inwards);
             double best = 1.0;
-            for (int step = -1; step <= 2; ++step) {
-                best = std::max(best, Contrast(Pixel(edge + step * inwards), ground));
+            for (int step = -dense; step <= 2 * dense; ++step) {
+                best = std::max(best, Contrast(Pixel(edge, step * inwards), ground));
             }
             least = std::min(least, best);
         }
         return least;
     }
 
-    QRgb Pixel(const QPoint& place) const {
-        const QPoint at = Device(QRect(place, QSize(1, 1))).center();
+    // `beside`: device pixels from the place.
+    QRgb Pixel(const QPoint& place, const QPoint& beside = {}) const {
+        const QPoint at = Device(QRect(place, QSize(1, 1))).center() + beside;
         return image.pixel(image.rect().contains(at) ? at : QPoint());
     }
 };

@@ -6,8 +6,8 @@
 #include <functional>
 #include <memory>
 
+#include "support/PictureHands.h"
 #include "support/PrintQt.h"
-#include "widgets/PictureBox.h"
 #include "widgets/PictureKeys.h"
 
 namespace {
@@ -49,12 +49,14 @@ TEST_F(PictureBoxes, InvertedStrokesShowAndDrawnAgainRestoreEveryPixel) {
     });
     const QLineF places[]{{0, 150, 300, 150},    {33.3, 0, 33.3, 200},   {-900, -40, 400, 260}, {20, 190.7, 280, 3.1},
                           {-50, 90, 310, 120.5}, {280, 250, 140.2, 100}, {-1e6, -1e6, 1e6, 1e6}};
-    for (int i = 0; i < 21; ++i) {
+    for (int i = 0; i < 28; ++i) {
         const auto stroke = [&, &at = places[i % 7]](Drawing& d) {
             d.DrawMode = Drawing::Mode::Invert;
             d.DrawWidth = i < 7 ? 1.0 : 3.0;
             d.ForeColor = QList<QColor>{{0, 0, 255}, {0, 128, 0}, {192, 192, 192}}[i % 3];
-            i < 14 ? d.Line(at.x1(), at.y1(), at.x2(), at.y2()) : d.Box(at.x1(), at.y1(), at.x2(), at.y2());
+            i < 14   ? d.Line(at.x1(), at.y1(), at.x2(), at.y2())
+            : i < 21 ? d.Box(at.x1(), at.y1(), at.x2(), at.y2())
+                     : d.PSet(40.3 * (i - 20), 100.0);
         };
         EXPECT_NE(Draw(stroke), before) << i;
         EXPECT_EQ(Draw(stroke), before) << i;
@@ -123,7 +125,7 @@ TEST_F(PictureBoxes, KeysAreAMouse) {
     picture.SetScale(10.0, 30.0, 20.0, -40.0);  // ten pixels and five to a unit
     events.clear();
     QTest::keyClick(&picture, Qt::Key_Space);
-    QTest::mouseMove(&picture, QPoint(14, 97));  // lets go what the keyboard held
+    PictureHands{&picture}.Move(11.4, 0.6);  // lets go what the keyboard held
     for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Up, Qt::Key_Space}) {
         QTest::keyClick(&picture, key);
     }
