@@ -31,7 +31,10 @@ void FollowFont(QWidget* widget, std::function<void()> fit) {
 }
 
 void KeepRoomFor(QWidget* widget, const QString& text, int more) {
-    FollowFont(widget, [=] { widget->setMinimumWidth(widget->fontMetrics().horizontalAdvance(text) + more); });
+    FollowFont(widget, [=] {
+        // As a label asks for it, which may be a pixel more than the text advances.
+        widget->setMinimumWidth(widget->fontMetrics().boundingRect({}, Qt::TextSingleLine, text).width() + more);
+    });
 }
 
 void KeepRoomForLines(QWidget* widget, int lines) {

@@ -72,7 +72,11 @@ TEST_F(OverviewPicture, WordsAreLargeUnlessTheyWouldBeCut) {
     };
     EXPECT_GT(inkedRows(Drawn(kSignalWhiteNoise)), 20.0);
     Picture1.resize(210, 230);
-    EXPECT_LT(inkedRows(Drawn(kSignalWhiteNoise)), 30.0);
+    const QImage narrow = Drawn(kSignalWhiteNoise);
+    EXPECT_LT(inkedRows(narrow), 30.0);
+    for (int y = 0; y < 230; ++y) {
+        EXPECT_FALSE(Ink(narrow, 209, y)) << y;
+    }
 }
 
 TEST_F(OverviewPicture, NoSizeIsTooSmall) {

@@ -228,6 +228,7 @@ TEST_F(Typing, TheGuideOpensOnceOrSaysWhereItBelongs) {
     }
     EXPECT_EQ(pages->document()->rootFrame()->childFrames().size(), 1);
     EXPECT_EQ(form->findChildren<QTextBrowser*>().size(), 1);
+    EXPECT_LT(Get<QPushButton>("back")->geometry().right(), pages->width() / 2);  // not drawn out
     EXPECT_EQ(desktop.boxes.size(), 1);
 }
 
