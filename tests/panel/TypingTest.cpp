@@ -222,6 +222,8 @@ TEST_F(Typing, TheGuideOpensOnceOrSaysWhereItBelongs) {
     const QString other = folder.filePath(QStringLiteral("docs/guide/other.md"));
     ASSERT_TRUE(page.copy(other));
     pages->setSource(QUrl::fromLocalFile(other));
+    QTest::keyClick(pages, Qt::Key_Return);
+    EXPECT_EQ(pages->source().fileName(), u"other.md");
     Get<QPushButton>("back")->click();
     for (const QTextFrame* const table : pages->document()->rootFrame()->childFrames()) {
         EXPECT_EQ(table->frameFormat().borderStyle(), QTextFrameFormat::BorderStyle_Solid);
