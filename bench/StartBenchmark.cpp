@@ -102,19 +102,25 @@ struct Program {
 constexpr QSize kPanelPicture(563, 334);
 constexpr QSize kEditorPictures(1184, 698);
 
-// A window with as many controls as the panel has, of the same kinds and fonts, on one plain grid, and a picture.
+// A window with as many controls as the panel has, of the same kinds, fonts and letters, on one plain grid, and a
+// picture.
 struct BareWindow : QMainWindow {
     explicit BareWindow(QSize size) {
         auto* const paper = new QWidget(this);
         auto* const grid = new QGridLayout(paper);
-        const QString caption = QStringLiteral("Control");
+        auto caption = [i = std::size_t{0}]() mutable {
+            constexpr const char* kWords[]{"Sinusoid",    "Square wave", "Ramp, inc.", "Arbitrary (16k)", "MHz",
+                                           "Frequency",   "Vpp",         "Gated low",  "External xtal",   "0.5",
+                                           "Read 1.2340", "J: 56.789",   "Keys, Q",    "Back up"};
+            return QString::fromLatin1(kWords[i++ % std::size(kWords)]);
+        };
         const auto add = [grid](int count, const auto& make) {
             for (int i = 0; i < count; ++i) {
                 grid->addWidget(make(), grid->count() / 8, grid->count() % 8);
             }
         };
-        add(44, [&] { return new QRadioButton(caption, paper); });
-        add(8, [&] { return new QLineEdit(caption, paper); });
+        add(44, [&] { return new QRadioButton(caption(), paper); });
+        add(8, [&] { return new QLineEdit(caption(), paper); });
         QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);
         digits.setPointSizeF(2.0 * font().pointSizeF());
         add(3, [&] {
@@ -122,10 +128,10 @@ struct BareWindow : QMainWindow {
             reading->setFont(digits);
             return reading;
         });
-        add(21, [&] { return new QLabel(caption, paper); });
-        add(5, [&] { return new QPushButton(caption, paper); });
-        add(10, [&] { return new QGroupBox(caption, paper); });
-        add(1, [&] { return new QPlainTextEdit(caption, paper); });
+        add(21, [&] { return new QLabel(caption(), paper); });
+        add(5, [&] { return new QPushButton(caption(), paper); });
+        add(10, [&] { return new QGroupBox(caption(), paper); });
+        add(1, [&] { return new QPlainTextEdit(caption(), paper); });
         add(1, [&] { return new QTabBar(paper); });
         QPixmap picture(size);
         picture.fill(Qt::white);
@@ -136,7 +142,7 @@ struct BareWindow : QMainWindow {
             return shown;
         });
         for (int i = 0; i < 4; ++i) {
-            menuBar()->addMenu(caption)->addAction(caption);
+            menuBar()->addMenu(caption())->addAction(caption());
         }
         setCentralWidget(paper);
         resize(kWindow);

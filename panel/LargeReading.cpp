@@ -52,6 +52,7 @@ class DigitFit : public QObject {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Resize && watched == &field_) {
+            laidOut_ = true;
             Fit();
         }
         return QObject::eventFilter(watched, event);
@@ -67,7 +68,9 @@ class DigitFit : public QObject {
         QFont unit = form.font();
         unit.setPixelSize(static_cast<int>(std::lround(font.pixelSize() * kUnitShare)));
         unit_.setFont(unit);
-        Fit();
+        if (laidOut_) {
+            Fit();
+        }
     }
 
     void Fit() {
@@ -85,7 +88,8 @@ class DigitFit : public QObject {
 
     EntryField& field_;
     QLabel& unit_;
-    double least_ = 0.0;  // height of the digits, pixels
+    double least_ = 0.0;    // height of the digits, pixels
+    bool laidOut_ = false;  // the field has the size that the layout gives it
 };
 
 }  // namespace
