@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "simulator/Kl5276.h"
+#include "simulator/SimulatedInstrument.h"
 
 namespace {
 
@@ -85,6 +88,25 @@ TEST(Kl5276, MemoryWritesCountOnlyWhileThatMemoryIsOpen) {
         const std::string point(reply, std::string(reply).find('=') + 1);
         EXPECT_EQ(unit.Take(point + '?'), reply);
     }
+}
+
+// A killed instrument leaves its link behind; anything else at that place is the user's.
+TEST(SimulatedInstruments, TakeOverALinkAndNoFile) {
+    std::string folder = testing::TempDir() + "linkXXXXXX";
+    ASSERT_NE(::mkdtemp(folder.data()), nullptr);
+    const std::string link = folder + "/new/com2";
+    for (const char* const former : {"", "/dev/pts/99999", "/nowhere", "/dev/null"}) {
+        if (*former != '\0') {
+            std::filesystem::create_symlink(former, link);
+        }
+        sim::SimulatedInstrument instrument(sim::Options{.linkPath = link});
+        std::string error;
+        EXPECT_EQ(instrument.Start(&error), former != std::string("/dev/null")) << former << error;
+        EXPECT_EQ(std::filesystem::read_symlink(link), error.empty() ? instrument.DevicePath() : former);
+        instrument.Stop();
+        EXPECT_EQ(std::filesystem::is_symlink(link), !error.empty());
+    }
+    std::filesystem::remove_all(folder);
 }
 
 }  // namespace
