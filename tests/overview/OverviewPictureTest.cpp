@@ -70,7 +70,10 @@ TEST_F(OverviewPicture, WordsAreLargeUnlessTheyWouldBeCut) {
         }
         return rows / image.devicePixelRatio();
     };
-    EXPECT_GT(inkedRows(Drawn(kSignalWhiteNoise)), 20.0);
+    EXPECT_LT(inkedRows(Drawn(kSignalArbitrary4)), 4.0);  // a line, and no words
+    for (const quint8 noise : {kSignalWhiteNoise, kSignalPinkNoise}) {
+        EXPECT_GT(inkedRows(Drawn(noise)), 20.0) << int{noise};
+    }
     Picture1.resize(210, 230);
     const QImage narrow = Drawn(kSignalWhiteNoise);
     EXPECT_LT(inkedRows(narrow), 30.0);
