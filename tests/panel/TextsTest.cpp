@@ -32,10 +32,11 @@ QStringList TextsOf(QWidget* window, const QString& folder) {
             add(tabs, tabs->tabText(i), tabs->tabToolTip(i), {});
         }
     }
-    for (const auto* const item : window->findChildren<QAction*>()) {
-        if (item->objectName().startsWith(u"mnu")) {
-            add(item, item->text() + (item->isEnabled() ? u"" : u" (disabled)"), item->shortcut().toString(),
-                item->toolTip() == item->iconText() ? QString() : item->toolTip());
+    for (const auto* const menu : window->findChildren<QMenu*>()) {
+        for (const auto* const item : menu->objectName().isEmpty() ? QList<QAction*>() : menu->actions()) {
+            const bool isTold = menu->toolTipsVisible() && item->toolTip() != item->iconText();
+            add(item, menu->title() + u" > " + item->text() + (item->isEnabled() ? u"" : u" (disabled)"),
+                item->shortcut().toString(), isTold ? item->toolTip() : QString());
         }
     }
     return lines;
