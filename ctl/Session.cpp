@@ -184,7 +184,7 @@ bool Session::ReadBack() {
 QString Session::FaultText() const {
     const QString device = Device();
     if (!wrongAnswer_.isEmpty()) {
-        return QStringLiteral("the answer to \"%1\" is none: check the cable and the rate, then try again")
+        return QStringLiteral("the answer to \"%1\" has no usable value: check the cable and the rate, then try again")
             .arg(wrongAnswer_);
     }
     if (fault_.startsWith(u"Can not open")) {

@@ -10,7 +10,7 @@ class WatchedPort : public SerialControl {
 
     // A line was sent, or an answer came, without its CR.
     std::function<void(bool isAnswer, const QString& line)> whenLine;
-    // An answer came that is none to this query.
+    // An answer came without a value that its query could mean.
     std::function<void(const QString& query)> whenNoAnswer;
 
     void Output(char character) override;

@@ -26,7 +26,11 @@ constexpr int kLeastTurn = 30;        // of a touchpad: what is less would be lo
 // The one local file that is dragged; empty for anything else.
 QString DraggedFile(const QMimeData* dragged) {
     const QList<QUrl> urls = dragged->urls();
-    return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
+    QUrl file = urls.size() == 1 ? urls.first() : QUrl();
+    if (file.host().compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0) {
+        file.setHost(QString());  // some file managers name the computer; else it would be part of the path
+    }
+    return file.isLocalFile() ? file.toLocalFile() : QString();
 }
 
 }  // namespace

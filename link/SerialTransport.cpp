@@ -136,7 +136,7 @@ void SerialTransport::EndCutQuery() {
 }
 
 bool SerialTransport::AwaitIdleLine() {
-    const bool idle = Flush() && AwaitLine(false);
+    const bool idle = Flush() && AwaitLine(false) && !com_.LineLost();
     if (!idle && !gate_.Abandoned() && state_.LinkUp == 1) {
         ShowSerialError(LinkFault::NothingTaken);
     }
@@ -155,7 +155,7 @@ bool SerialTransport::ClosePort() {
     }
     const bool linked = state_.LinkUp == 1;
     front_.HoldInput(true);
-    const bool idle = AwaitIdleLine();
+    const bool idle = com_.LineLost() || AwaitIdleLine();
     front_.HoldInput(false);
     if (gate_.Abandoned()) {
         return true;

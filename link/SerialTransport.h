@@ -35,8 +35,8 @@ class SerialTransport {
     // One message for a fault, and the link is down.
     void ShowSerialError(LinkFault fault);
 
-    // Serves the user's events until the line has carried all that was sent. False if it has stalled, which is a fault
-    // while there is a link, or if the operation is abandoned.
+    // Serves the user's events until the line has carried all that was sent. False if it has stalled or its device has
+    // vanished, which is a fault while there is a link, or if the operation is abandoned.
     bool AwaitIdleLine();
     bool PortOpen() const { return com_.PortOpen(); }
     // Opens the port of this number, 1 to 4, with a settings text as "19200,N,8,2". False if it can't be opened, or
@@ -47,8 +47,8 @@ class SerialTransport {
     // How long the line is still busy with what was sent, as far as can be known.
     qint64 LineTimeLeftMs() const { return com_.LineTimeLeftMs(); }
     // Closes the port as soon as the line has carried all that was sent; until then the user's events are served.
-    // In an abandoned operation the port stays open, for AbandonPort. False, with the port open, if the line stalled
-    // while there was a link.
+    // In an abandoned operation the port stays open, for AbandonPort. False, with the port open, if the line stalled or
+    // its device vanished in that time, while there was a link.
     bool ClosePort();
     // The same at the end of the program, when no window is left to serve.
     void AbandonPort() { com_.SetPortOpen(false); }

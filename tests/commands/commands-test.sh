@@ -84,6 +84,12 @@ done
 complete_words kl5276ctl load two >"$log" && [ "${COMPREPLY[0]}" = "two words.set" ] || fail "completion of files"
 [ "$(complete_words kl5276ctl --rate 9)" = 9600 ] || fail "completion of options"
 cd "$sources"
+for program in kl5276-sim qd204-sim; do
+    for option in $("$TRX_BUILT/bin/$program" --help | grep -oE '^ +--[a-z0-9-]+'); do
+        MANWIDTH=900 man --nh -l simulator/$program.1 | col -b | grep -qE -- "$option( |,|$)" ||
+            fail "the manual of $program lacks $option"
+    done
+done
 
 # ./run without a display, from another folder.
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM

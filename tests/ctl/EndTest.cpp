@@ -22,9 +22,9 @@ TEST_F(CtlEnds, EveryFaultOfTheInstrumentIsToldAndTheLinkIsGivenBack) {
                      {{.byteDelay = std::chrono::milliseconds(400)}, "nothing answers", false},
                      {{.cutReplyBytes = 3}, "nothing answers", false},
                      {{.endlessReply = true}, "nothing answers", false},
-                     {{.loneCr = true}, "the answer to \"amt?\" is none"},
-                     {{.loneCrOn = {"sta?"}}, "the answer to \"sta?\" is none"},
-                     {{.garbledNumbers = true}, "the answer to \"amt?\" is none"},
+                     {{.loneCr = true}, "the answer to \"amt?\" has no usable value"},
+                     {{.loneCrOn = {"sta?"}}, "the answer to \"sta?\" has no usable value"},
+                     {{.garbledNumbers = true}, "the answer to \"amt?\" has no usable value"},
                      {{.vanishAfterLines = 8}, "has gone", false}};
     int number = 0;
     for (const auto& [faults, sentence, givenBack] : rows) {

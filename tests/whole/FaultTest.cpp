@@ -4,15 +4,21 @@ namespace {
 
 using WholeFaults = WholeBench;
 
-// The button, the lines that are still served, and the query that fails.
+// The button or menu item, the lines that are still served, and what fails.
 TEST_F(WholeFaults, AnAdapterPulledInTheMiddleGivesOneBoxAndAnotherTryStartsAfresh) {
     auto& instrument = Connect();
-    for (const auto& [button, served, query] : {std::tuple("Command4", 5U, u"amt?"), {"Command3", 3U, u"ph0?"}}) {
+    for (const auto& [control, served, error] : {std::tuple("Command4", 5U, u"read error ( amt?\r )"),
+                                                 {"Command3", 3U, u"read error ( ph0?\r )"},
+                                                 {"mnuStArb4", 300U, u"send error ( are )"}}) {
         desktop.boxes.clear();
         instrument.ClearLog();
         instrument.SetFaults({.vanishAfterLines = served});
-        panel.Click(button);
-        EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data read error ( %1\r )").arg(query)));
+        if (auto* const item = panel.form->findChild<QAction*>(QString::fromLatin1(control))) {
+            item->trigger();
+        } else {
+            panel.Click(control);
+        }
+        EXPECT_EQ(desktop.boxes, QStringList(QStringLiteral("Serial - Error| Data %1").arg(error)));
         EXPECT_EQ(Lines(instrument).size(), served);
         EXPECT_FALSE(panel.Checked("cRM"));
         EXPECT_EQ(program.link.LinkUp, 0);
@@ -20,8 +26,8 @@ TEST_F(WholeFaults, AnAdapterPulledInTheMiddleGivesOneBoxAndAnotherTryStartsAfre
         EXPECT_EQ(program.panel.mFreq, 5000.0);
         instrument.Stop();
         instrument.SetFaults({});
-        std::string error;
-        ASSERT_TRUE(instrument.Start(&error)) << error;
+        std::string refused;
+        ASSERT_TRUE(instrument.Start(&refused)) << refused;
         panel.Click("cRM");
         panel.Click("Command3");
         EXPECT_EQ(program.link.LinkUp, 1);
