@@ -133,10 +133,10 @@ bool Session::IsSound() const {
     return program.link.LinkUp == 1 && wrongAnswer_.isEmpty() && !LineLost() && !Stopped();
 }
 
-// Commands without an answer don't notice by themselves that an adapter is pulled. A dry run has no line.
+// Commands without an answer don't notice by themselves that an adapter is pulled.
 bool Session::LineLost() const {
     com_->InBufferCount();
-    return !options_.dryRun && com_->LineLost();
+    return com_->LineLost();
 }
 
 bool Session::Stopped() const { return Interrupts() > 0; }

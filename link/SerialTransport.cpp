@@ -135,6 +135,12 @@ void SerialTransport::EndCutQuery() {
     }
 }
 
+void SerialTransport::CheckPort() {
+    if (state_.LinkUp == 1 && com_.LineLost()) {
+        ShowSerialError(LinkFault::PortGone);
+    }
+}
+
 bool SerialTransport::AwaitIdleLine() {
     const bool idle = Flush() && AwaitLine(false) && !com_.LineLost();
     if (!idle && !gate_.Abandoned() && state_.LinkUp == 1) {

@@ -35,6 +35,9 @@ class SerialTransport {
     // One message for a fault, and the link is down.
     void ShowSerialError(LinkFault fault);
 
+    // For a command that no query follows: one message, and the link is down, if the port has gone with it.
+    void CheckPort();
+
     // Serves the user's events until the line has carried all that was sent. False if it has stalled or its device has
     // vanished, which is a fault while there is a link, or if the operation is abandoned.
     bool AwaitIdleLine();

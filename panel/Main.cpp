@@ -272,6 +272,7 @@ void Main::Main_Command7_Click() {
     if (const auto operation = link_.gate.Begin()) {
         CommitFocusedField(this);
         link_.commands.SendTimeDate();
+        link_.transport.CheckPort();
     }
 }
 

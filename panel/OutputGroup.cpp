@@ -40,6 +40,7 @@ void OutputGroup::Main_Opoutput_Click(int index) {
     const LinkOperation operation = link_.gate.Join();
     panel_.tmOut = ToTruth(index == 0);
     link_.commands.SendOutput();
+    link_.transport.CheckPort();
     RefreshOutput();
 }
 

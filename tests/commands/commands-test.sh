@@ -85,9 +85,9 @@ complete_words kl5276ctl load two >"$log" && [ "${COMPREPLY[0]}" = "two words.se
 [ "$(complete_words kl5276ctl --rate 9)" = 9600 ] || fail "completion of options"
 cd "$sources"
 for program in kl5276-sim qd204-sim; do
+    MANWIDTH=900 LC_ALL=C man --nh --nj -l simulator/$program.1 | col -b >"$log"
     for option in $("$TRX_BUILT/bin/$program" --help | grep -oE '^ +--[a-z0-9-]+'); do
-        MANWIDTH=900 man --nh -l simulator/$program.1 | col -b | grep -qE -- "$option( |,|$)" ||
-            fail "the manual of $program lacks $option"
+        grep -qE -- "$option( |,|$)" "$log" || fail "the manual of $program lacks $option"
     done
 done
 

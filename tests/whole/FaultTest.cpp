@@ -52,6 +52,18 @@ TEST_F(WholeFaults, AnEndlessReplyAndAPullWhileIdleLeaveTheSwitchUsable) {
     EXPECT_EQ(desktop.boxes.size(), 1);
     EXPECT_EQ(program.link.LinkUp, 0);
     EXPECT_FALSE(com.PortOpen());
+    for (const char* const control : {"Opoutput_1", "Command7"}) {  // no query would tell that it did not arrive
+        instrument.Stop();
+        std::string refused;
+        ASSERT_TRUE(instrument.Start(&refused)) << refused;
+        panel.Click("cRM");
+        desktop.boxes.clear();
+        instrument.Vanish();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return com.LineLost(); }));
+        panel.Click(control);
+        EXPECT_EQ(desktop.boxes.size(), 1) << control;
+        EXPECT_EQ(program.link.LinkUp, 0);
+    }
 }
 
 }  // namespace
