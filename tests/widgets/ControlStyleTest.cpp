@@ -11,7 +11,7 @@ namespace {
 constexpr QStyle::State kAble = QStyle::State_Enabled;
 
 struct Control {
-    QStyle::PrimitiveElement element;
+    QStyle::PrimitiveElement element = QStyle::PE_Frame;
     QList<QStyle::State> states;
 };
 
