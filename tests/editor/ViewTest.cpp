@@ -110,4 +110,11 @@ TEST_F(Pictures, EveryInvertedStrokeComesOffWithoutATrace) {
     }
 }
 
+TEST_F(Pictures, ARecordBeyondTheMemoryTouchesNothing) {
+    const auto before = program.memories.ArbMemory16;
+    Execute(set, "insert into ARB4 values (4097, 99)");  // by another program
+    Redraw();
+    EXPECT_TRUE(program.memories.ArbMemory16 == before);
+}
+
 }  // namespace
