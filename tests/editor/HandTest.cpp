@@ -160,9 +160,7 @@ TEST_F(EditorHand, TheTableIsSavedAsText) {
     desktop.chosen = folder.filePath(QStringLiteral("a.csv"));
     Get<QAction>("mnusavecsv")->trigger();
     EXPECT_EQ(desktop.dialogs.last(), u"save|Save as CSV|CSV (*.csv) |*.csv|*.csv|csv");
-    QFile file(desktop.chosen);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), "address,value\n7,-2047\n7,3\n4095,5\n");
+    EXPECT_EQ(Content(desktop.chosen), "address,value\n7,-2047\n7,3\n4095,5\n");
     for (const QString& refused : {set, con, folder.filePath(QStringLiteral("none/a.csv"))}) {
         desktop.boxes.clear();
         desktop.chosen = refused;

@@ -8,11 +8,7 @@ namespace {
 
 // The window `recording` over the editor, used by keys.
 struct RecordingForm : EditorBench {
-    QString Write(const QByteArray& text, const char* name = "scope.csv") {
-        QFile file(folder.filePath(QString::fromLatin1(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
-        return file.fileName();
-    }
+    QString Write(const QByteArray& text) { return WriteFile(folder.filePath(QStringLiteral("scope.csv")), text); }
     void OpenFile(const QString& fileName) {
         EXPECT_FALSE(Standing());
         desktop.chosen = fileName;
