@@ -190,13 +190,6 @@ TEST_F(Typing, KeysDoTheMainWork) {
     EXPECT_EQ(Get<QTabWidget>("SSTab1")->currentIndex(), 2);
     press(Qt::Key_1);
     EXPECT_EQ(Get<QTabWidget>("SSTab1")->currentIndex(), 0);
-    desktop.chosen = folder.filePath(QStringLiteral("a.set"));
-    Get("Text1")->setFocus();
-    for (const int key : {Qt::Key_S, Qt::Key_O, Qt::Key_E}) {
-        desktop.dialogs.clear();
-        press(key);
-        EXPECT_EQ(desktop.dialogs.size(), 1) << key;
-    }
 }
 
 TEST_F(Typing, TheGuideOpensOnceOrSaysWhereItBelongs) {
