@@ -196,8 +196,6 @@ TEST_F(RecordingForm, ATableMayBeRefusedOrTakenAsARecording) {
     EXPECT_EQ(Listed().first(), u"value||10|30");
     Click("cbok");
     ExpectMemory("0=-2047 4095=2047");
-    OpenText("address,value\n0,10\n1,1.5\n");
-    ExpectRefused(u"Line 3 is no address and value");
 }
 
 TEST_F(RecordingForm, ATableThatLacksAddressesSaysWhatIsRemoved) {
@@ -248,14 +246,6 @@ TEST_F(RecordingForm, ShowsAllDigitsOfTheSettings) {
 }
 
 TEST_F(RecordingForm, AFaultIsToldAndTheUserMayOverruleTheGuess) {
-    for (const auto& [text, says] :
-         {std::pair("Dear Sir\n", "The file holds no numbers"), {"a,b\n1,2,3,4\n5,6,7,8\n", "Commas"}}) {
-        OpenText(text);
-        EXPECT_TRUE(Says("found").contains(QString::fromLatin1(says), Qt::CaseInsensitive)) << Says("found");
-        EXPECT_FALSE(Ready());
-        Key(Qt::Key_Escape);
-        EXPECT_FALSE(Standing());
-    }
     OpenFile(folder.path());
     ExpectRefused(u"The file can't be opened");
     Key(Qt::Key_Escape);
