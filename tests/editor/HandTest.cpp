@@ -17,7 +17,6 @@ struct EditorHand : EditorBench {
 };
 
 TEST_F(EditorHand, UndoAndRedoStepThroughWhatWasDone) {
-    EXPECT_EQ(Item("mnuundo") + Item("mnuredo"), u"(&Undo)(&Redo)");
     Click("Marker");
     Copy(1100, 1110);
     Line(1500, 7, 1510, 7);
@@ -128,7 +127,6 @@ TEST_F(EditorHand, EscapeDropsWhatThePenHasBegun) {
 }
 
 TEST_F(EditorHand, TheViewClosesInAndOpensByKeysAndWheel) {
-    EXPECT_EQ(Says("viewrange"), u"1000 to 2000 of 4095");
     const auto keys = [this](int key, const char16_t* view) {
         Keys(key);
         QCoreApplication::processEvents();

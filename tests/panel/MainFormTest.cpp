@@ -15,7 +15,6 @@ const QString kNewDefaults = QStringLiteral("Load default settings|Generate new 
 TEST_F(DefaultsFile, IsMadeEmptyAtTheFirstRun) {
     form->Main_Form_Load();
     EXPECT_EQ(desktop.boxes, QStringList(kNewDefaults));
-    EXPECT_EQ(program.preferences.ComBaudRate, 19200);
     program.preferences.ComPortNumber = 4;
     EXPECT_TRUE(form->close());  // answered with No
     EXPECT_EQ(QFileInfo(folder.filePath(QStringLiteral("5276.def"))).size(), 0);

@@ -20,9 +20,7 @@ struct TransferPanel : OpenPanel {
         line.reply = [this](const QString& command, const QString&) { return PointReply(command, there); };
         clock.onWait = [this] {
             captions += Hint();
-            if (whileRunning) {
-                whileRunning();
-            }
+            whileRunning();
         };
     }
 
@@ -39,7 +37,7 @@ struct TransferPanel : OpenPanel {
 
     std::array<int, 16385> there{};
     QSet<QString> captions;
-    std::function<void()> whileRunning;
+    std::function<void()> whileRunning = [] {};
 };
 
 TEST_F(TransferPanel, AComparisonReadsBackChangesNothingAndCountsWhatDiffers) {
