@@ -2,10 +2,10 @@
 
 #include <signal.h>
 
-#include <QFile>
 #include <QProcess>
 
 #include "../whole/WholeBench.h"
+#include "support/FileHands.h"
 
 // The program kl5276ctl as a shell starts it, with a simulated instrument at its port.
 class CtlBench : public WholeBench {
@@ -59,16 +59,7 @@ class CtlBench : public WholeBench {
         return lines;
     }
 
-    static QByteArray Content(const QString& file) {
-        QFile open(file);
-        EXPECT_TRUE(open.open(QIODevice::ReadOnly));
-        return open.readAll();
-    }
-    void Write(const char* name, const QByteArray& text) {
-        QFile file(Path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
+    void Write(const char* name, const QByteArray& text) const { WriteFile(Path(name), text); }
     // A table with a sample for each address of the 4K memory.
     void WriteTable(const char* name, int samples = 4096) {
         QByteArray text("address,value\n");

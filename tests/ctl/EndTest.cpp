@@ -10,22 +10,19 @@ using CtlEnds = CtlBench;
 
 // Whatever is wrong: one sentence, status 1, nothing on the standard output, and the instrument given back.
 TEST_F(CtlEnds, EveryFaultOfTheInstrumentIsToldAndTheLinkIsGivenBack) {
-    struct Row {
-        sim::Faults faults;
-        const char* sentence = "";
-        bool givenBack = true;
-    };
-    const Row rows[]{{{.muteAfterQueries = 6}, "nothing answers"},
-                     {{.muteAfterQueries = 0}, "nothing answers", false},
-                     {{.silentOn = {"VER?"}}, "VER?"},
-                     {{.silentOn = {"amp?"}}, "amp?"},
-                     {{.byteDelay = std::chrono::milliseconds(400)}, "nothing answers", false},
-                     {{.cutReplyBytes = 3}, "nothing answers", false},
-                     {{.endlessReply = true}, "nothing answers", false},
-                     {{.loneCr = true}, "the answer to \"amt?\" has no usable value"},
-                     {{.loneCrOn = {"sta?"}}, "the answer to \"sta?\" has no usable value"},
-                     {{.garbledNumbers = true}, "the answer to \"amt?\" has no usable value"},
-                     {{.vanishAfterLines = 8}, "has gone", false}};
+    // the faults, what the sentence tells, whether the instrument can be given back
+    const std::tuple<sim::Faults, const char*, bool> rows[]{
+        {{.muteAfterQueries = 6}, "nothing answers", true},
+        {{.muteAfterQueries = 0}, "nothing answers", false},
+        {{.silentOn = {"VER?"}}, "VER?", true},
+        {{.silentOn = {"amp?"}}, "amp?", true},
+        {{.byteDelay = std::chrono::milliseconds(400)}, "nothing answers", false},
+        {{.cutReplyBytes = 3}, "nothing answers", false},
+        {{.endlessReply = true}, "nothing answers", false},
+        {{.loneCr = true}, "the answer to \"amt?\" has no usable value", true},
+        {{.loneCrOn = {"sta?"}}, "the answer to \"sta?\" has no usable value", true},
+        {{.garbledNumbers = true}, "the answer to \"amt?\" has no usable value", true},
+        {{.vanishAfterLines = 8}, "has gone", false}};
     int number = 0;
     for (const auto& [faults, sentence, givenBack] : rows) {
         auto& far = Plug(1, {.faults = faults});

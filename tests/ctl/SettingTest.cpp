@@ -6,13 +6,9 @@ namespace {
 
 using CtlSettings = CtlBench;
 
-// The hands of a user on the panel, and what says the same in a shell. Each row goes on from the one before.
-struct SettingRow {
-    std::vector<std::pair<const char*, const char*>> panel;  // a field with its text, or a control to click
-    const char* shell;
-};
-
-const SettingRow kRows[]{
+// The hands of a user on the panel (a field with its text, or a control to click), and what says the same in a shell.
+// Each row goes on from the one before.
+const std::pair<std::vector<std::pair<const char*, const char*>>, const char*> kRows[]{
     {{{"opsignal_1", ""}, {"unit_2", ""}, {"Text1", "2.5"}}, "set form=square frequency=2.5MHz"},
     {{{"Text2", "1.2"}, {"Text4", "-0.1"}, {"Check1", ""}}, "set level=1.2Vpp offset=-0,1"},
     {{{"Text2", "15"}, {"Text4", "4"}}, "set --clamp level=15 offset=4V"},

@@ -6,26 +6,23 @@
 namespace {
 
 TEST(CtlValues, AreEngineeringNotationWithPointOrCommaAndNothingElse) {
-    struct Row {
-        const char* text;
-        Quantity quantity;
-        double number;  // NAN: refused
-    };
     using enum Quantity;
-    const Row rows[]{{"2.5MHz", Frequency, 2.5e6},  {"2,5 kHz", Frequency, 2500.0},
-                     {"2.3k", Frequency, 2300.0},   {"1e3mHz", Frequency, 1.0},
-                     {"100uHz", Frequency, 0.0001}, {".5", Frequency, 0.5},
-                     {"15e6", Frequency, 15e6},     {"-100mV", Voltage, -0.1},
-                     {"+0.1", Voltage, 0.1},        {"500ms", Time, 0.5},
-                     {"12.5°", Phase, 12.5},        {"90deg", Phase, 90.0},
-                     {"33%", Depth, 33.0},          {"500mvpp", Level, 0.5},
-                     {"0.5Vrms", Level, 0.5},       {"2.5mhz", Frequency, NAN},  // milli or mega
-                     {"1.000,5", Frequency, NAN},   {"1k2", Frequency, NAN},
-                     {"5V", Frequency, NAN},        {"1V", Level, NAN},  // Vpp or Vrms
-                     {"50m", Depth, NAN},           {"2min", Time, NAN},
-                     {"1e999", Frequency, NAN},     {"nan", Frequency, NAN},
-                     {"inf", Frequency, NAN},       {"0x10", Frequency, NAN},
-                     {"", Frequency, NAN},          {"--1", Voltage, NAN}};
+    // what is typed, of what it is, and the number, NAN where it is refused
+    const std::tuple<const char*, Quantity, double> rows[]{
+        {"2.5MHz", Frequency, 2.5e6},  {"2,5 kHz", Frequency, 2500.0},
+        {"2.3k", Frequency, 2300.0},   {"1e3mHz", Frequency, 1.0},
+        {"100uHz", Frequency, 0.0001}, {".5", Frequency, 0.5},
+        {"15e6", Frequency, 15e6},     {"-100mV", Voltage, -0.1},
+        {"+0.1", Voltage, 0.1},        {"500ms", Time, 0.5},
+        {"12.5°", Phase, 12.5},        {"90deg", Phase, 90.0},
+        {"33%", Depth, 33.0},          {"500mvpp", Level, 0.5},
+        {"0.5Vrms", Level, 0.5},       {"2.5mhz", Frequency, NAN},  // milli or mega
+        {"1.000,5", Frequency, NAN},   {"1k2", Frequency, NAN},
+        {"5V", Frequency, NAN},        {"1V", Level, NAN},  // Vpp or Vrms
+        {"50m", Depth, NAN},           {"2min", Time, NAN},
+        {"1e999", Frequency, NAN},     {"nan", Frequency, NAN},
+        {"inf", Frequency, NAN},       {"0x10", Frequency, NAN},
+        {"", Frequency, NAN},          {"--1", Voltage, NAN}};
     for (const auto& [text, quantity, number] : rows) {
         QString fault;
         const auto value = ReadValue(QString::fromUtf8(text), quantity, fault);

@@ -8,8 +8,7 @@
 
 namespace {
 
-constexpr int kLimitMs = 30'000;  // for whatever the desktop does
-constexpr qint16 kLeft = 2250;    // twips, on the screen with room all around
+constexpr qint16 kLeft = 2250;  // twips, on the screen with room all around
 constexpr qint16 kTop = 1800;
 constexpr qint16 kWidth = 9000;
 constexpr qint16 kHeight = 6750;

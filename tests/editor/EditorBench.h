@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QFile>
 #include <QTemporaryDir>
 
 #include "editor/Editor.h"
@@ -8,6 +7,7 @@
 #include "support/DatabaseHands.h"
 #include "support/FakeDde.h"
 #include "support/FakeDesktop.h"
+#include "support/FileHands.h"
 #include "support/FormHands.h"
 #include "support/PictureHands.h"
 #include "support/PrintQt.h"
@@ -102,11 +102,7 @@ struct EditorBench : ::testing::Test, FormHands<Editor> {
 
     const MemorySize& Size() { return Get<QAction>("mnu4ksig")->isChecked() ? kMemory4k : kMemory16k; }
     // A file that holds no tables.
-    QString Letter() const {
-        QFile letter(folder.filePath(QStringLiteral("letter")));
-        EXPECT_TRUE(letter.open(QIODevice::WriteOnly) && letter.write("Dear Sir") > 0);
-        return letter.fileName();
-    }
+    QString Letter() const { return WriteFile(folder.filePath(QStringLiteral("letter")), "Dear Sir"); }
     QString Points() { return Rows(con, Size().table); }
     // Samples in the file and in the array alike.
     void ExpectMemory(const char* samples) {

@@ -17,7 +17,6 @@ struct EditorHand : EditorBench {
 };
 
 TEST_F(EditorHand, UndoAndRedoStepThroughWhatWasDone) {
-    EXPECT_EQ(Item("mnuundo") + Item("mnuredo"), u"(&Undo)(&Redo)");
     Click("Marker");
     Copy(1100, 1110);
     Line(1500, 7, 1510, 7);
@@ -128,7 +127,6 @@ TEST_F(EditorHand, EscapeDropsWhatThePenHasBegun) {
 }
 
 TEST_F(EditorHand, TheViewClosesInAndOpensByKeysAndWheel) {
-    EXPECT_EQ(Says("viewrange"), u"1000 to 2000 of 4095");
     const auto keys = [this](int key, const char16_t* view) {
         Keys(key);
         QCoreApplication::processEvents();
@@ -160,9 +158,7 @@ TEST_F(EditorHand, TheTableIsSavedAsText) {
     desktop.chosen = folder.filePath(QStringLiteral("a.csv"));
     Get<QAction>("mnusavecsv")->trigger();
     EXPECT_EQ(desktop.dialogs.last(), u"save|Save as CSV|CSV (*.csv) |*.csv|*.csv|csv");
-    QFile file(desktop.chosen);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), "address,value\n7,-2047\n7,3\n4095,5\n");
+    EXPECT_EQ(Content(desktop.chosen), "address,value\n7,-2047\n7,3\n4095,5\n");
     for (const QString& refused : {set, con, folder.filePath(QStringLiteral("none/a.csv"))}) {
         desktop.boxes.clear();
         desktop.chosen = refused;

@@ -22,19 +22,8 @@ TEST_F(Commands, EveryValueOfAnEnumerationHasItsWord) {
         EXPECT_EQ(Sent(&SettingCommands::SendMode), word);
         ++panel.bmMode;
     }
-    panel.tmIntRef = kFalse;
-    EXPECT_EQ(Sent(&SettingCommands::SendReference), u"rfx");
-    panel.tmOut = kTrue;
-    EXPECT_EQ(Sent(&SettingCommands::SendOutput), u"OT1");
     link.commands.SetClock([] { return QDateTime(QDate(2026, 3, 7), QTime(9, 5)); });
     EXPECT_EQ(Sent(&SettingCommands::SendTimeDate), u"time:09,05 date:07,03,26");
-}
-
-TEST_F(Commands, SweepReplacesTheFrequency) {
-    panel.mtWobbel = 2.345;
-    panel.bmWobbel = 1;
-    EXPECT_EQ(Sent(&SettingCommands::SendSweep), u"stt:1000.0000 stp:50000.0000 swt:2.35 lin sw1");
-    EXPECT_EQ(Sent(&SettingCommands::SendFrequency), QString());
 }
 
 TEST_F(Commands, ModulationSendsBothHalves) {

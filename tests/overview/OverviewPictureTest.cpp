@@ -4,6 +4,7 @@
 
 #include "core/Enumerations.h"
 #include "overview/OverviewPicture.h"
+#include "support/Pixels.h"
 
 namespace {
 
@@ -60,15 +61,7 @@ TEST_F(OverviewPicture, AMemoryIsTheMidLineAndFullScaleTouchesTheEdges) {
 
 TEST_F(OverviewPicture, WordsAreLargeUnlessTheyWouldBeCut) {
     const auto inkedRows = [](const QImage& image) {
-        int rows = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            bool inked = false;
-            for (int x = 0; x < image.width(); ++x) {
-                inked = inked || image.pixelColor(x, y).lightness() < 128;
-            }
-            rows += inked ? 1 : 0;
-        }
-        return rows / image.devicePixelRatio();
+        return InkedRows(image, [](const QColor& pixel) { return pixel.lightness() < 128; });
     };
     EXPECT_LT(inkedRows(Drawn(kSignalArbitrary4)), 4.0);  // a line, and no words
     for (const quint8 noise : {kSignalWhiteNoise, kSignalPinkNoise}) {

@@ -88,9 +88,6 @@ void ExpectNamed(QWidget* window) {
         EXPECT_NE(name, QString()) << Described(control);
         EXPECT_FALSE(names.contains(name)) << Described(control);
         names += name;
-        if (window->objectName() == u"Main" && qobject_cast<EntryField*>(control) != nullptr) {
-            EXPECT_TRUE(name.contains(u", in ")) << Described(control);
-        }
     }
     for (QWidget* const label : Shown<QLabel>(window)) {
         const QString text =

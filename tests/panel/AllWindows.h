@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTimer>
 
 #include "PanelBench.h"
+#include "support/FileHands.h"
 #include "widgets/QtDesktop.h"
 
 // Every window of the program, one after the other.
@@ -21,17 +19,20 @@ struct Windows : PanelBench {
             check(form.get());
         }
         desktop.answer = true;
-        Write("docs/guide/README.md", "[A link](README.md)\n");
+        WriteFile(folder.filePath(QStringLiteral("docs/guide/README.md")), "[A link](README.md)\n");
         program.editor.CopyEnd = 100;  // there is something to paste
         for (const char* const item : {"mnucom", "mnuabout", "mnuguide", "mnueditor"}) {
             if (!withPages && qstrcmp(item, "mnuguide") == 0) {
                 continue;
             }
+            if (QWidget* const former = QApplication::activeWindow(); former != form.get()) {
+                former->close();
+            }
             ASSERT_TRUE(Activate(form.get()));
             desktop.chosen = folder.filePath(QStringLiteral("a.set"));
             Get<QAction>(item)->trigger();
             desktop.chosen = folder.filePath(QStringLiteral("a.con"));
-            ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() != form.get(); }));
+            ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() != form.get(); }, kLimitMs));
             check(QApplication::activeWindow());
         }
         CheckEditor(check, *QApplication::activeWindow());
@@ -45,13 +46,14 @@ struct Windows : PanelBench {
   private:
     // The windows over the editor, and at last this in its other mode.
     void CheckEditor(const std::function<void(QWidget*)>& check, QWidget& editor) {
-        desktop.chosen = Write("scope.csv", "Time (s),CH1 (V)\n0,1\n1e-3,2\n2e-3,3\n");
+        desktop.chosen =
+            WriteFile(folder.filePath(QStringLiteral("scope.csv")), "Time (s),CH1 (V)\n0,1\n1e-3,2\n2e-3,3\n");
         for (const char* const item : {"mnuformula", "mnuopenrec"}) {
             if (!withPages && qstrcmp(item, "mnuopenrec") == 0) {
                 continue;
             }
             editor.findChild<QAction*>(QString::fromLatin1(item))->trigger();
-            ASSERT_TRUE(QTest::qWaitFor([&editor] { return QApplication::activeWindow() != &editor; }));
+            ASSERT_TRUE(QTest::qWaitFor([&editor] { return QApplication::activeWindow() != &editor; }, kLimitMs));
             const auto* const found = QApplication::activeWindow()->findChild<QLabel*>(QStringLiteral("found"));
             ASSERT_TRUE(QTest::qWaitFor([found] { return !found || !found->text().startsWith(u"Reading"); }));
             check(QApplication::activeWindow());
@@ -73,11 +75,5 @@ struct Windows : PanelBench {
         whenShown.start();
         QtDesktop().MessageBox(QStringLiteral("a"), QStringLiteral("b"));
         EXPECT_FALSE(QtDesktop().Question(QStringLiteral("a"), QStringLiteral("b"), Desktop::Default::Yes));
-    }
-    QString Write(const char* name, const char* text) {
-        QFile file(folder.filePath(QString::fromLatin1(name)));
-        EXPECT_TRUE(QFileInfo(file).dir().mkpath(QStringLiteral(".")) && file.open(QIODevice::WriteOnly) &&
-                    file.write(text) > 0);
-        return file.fileName();
     }
 };

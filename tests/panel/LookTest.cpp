@@ -22,11 +22,6 @@ constexpr double kEdge = 3.0;
 constexpr double kText = 4.5;
 constexpr QSize kWhole(1400, 900);  // nothing scrolls
 
-struct NamedPalette {
-    const char* name;
-    QPalette palette;
-};
-
 QPalette DarkPalette(const QColor& window, const QColor& base, const QColor& button) {
     QPalette dark(button, window);
     dark.setColor(QPalette::Base, base);
@@ -37,7 +32,7 @@ QPalette DarkPalette(const QColor& window, const QColor& base, const QColor& but
 }
 
 // Those of desktops as users have them.
-QList<NamedPalette> Palettes() {
+QList<std::pair<const char*, QPalette>> Palettes() {
     return {{"light", QApplication::style()->standardPalette()},
             {"dark", DarkPalette(QColor(0x31, 0x36, 0x3b), QColor(0x23, 0x26, 0x29), QColor(0x31, 0x36, 0x3b))},
             {"black", DarkPalette(Qt::black, Qt::black, QColor(0x18, 0x18, 0x18))},
@@ -236,9 +231,9 @@ struct Look : Windows {
 };
 
 TEST_F(Look, EdgesAndTextsStandOutInEveryPaletteAndWindow) {
-    for (const NamedPalette& theme : Palettes()) {
-        SCOPED_TRACE(theme.name);
-        QApplication::setPalette(theme.palette);
+    for (const auto& [name, palette] : Palettes()) {
+        SCOPED_TRACE(name);
+        QApplication::setPalette(palette);
         MakeForm();
         double edge = 21.0;
         double text = 21.0;
@@ -250,15 +245,14 @@ TEST_F(Look, EdgesAndTextsStandOutInEveryPaletteAndWindow) {
             text = std::min(text, measured.text);
             count += measured.count;
         });
-        printf("%s: edges from %.2f, texts from %.2f, %d measured\n", theme.name, edge, text, count);
+        printf("%s: edges from %.2f, texts from %.2f, %d measured\n", name, edge, text, count);
         EXPECT_GT(count, 300);
     }
 }
 
 TEST_F(Look, AChangeOfThePaletteWhileRunningLeavesNothingBehind) {
-    const QList<NamedPalette> themes = Palettes();
-    ExpectFollowed([&] { QApplication::setPalette(themes[0].palette); },
-                   [&] { QApplication::setPalette(themes[1].palette); });
+    ExpectFollowed([] { QApplication::setPalette(Palettes()[0].second); },
+                   [] { QApplication::setPalette(Palettes()[1].second); });
 }
 
 TEST_F(Look, AChangeOfTheFontWhileRunningLeavesNothingBehind) {
@@ -276,15 +270,8 @@ TEST_F(Look, AChangeOfTheFontWhileRunningLeavesNothingBehind) {
 double DigitHeight(EntryField& field) {
     field.deselect();
     const QImage image = field.grab(field.rect().adjusted(4, 4, -4, -4)).toImage();
-    int rows = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        int ink = 0;
-        for (int x = image.width() / 2; x < image.width() - 4; ++x) {
-            ink += Contrast(image.pixel(x, y), image.pixel(1, 1)) > 2.0 ? 1 : 0;
-        }
-        rows += ink > 0 ? 1 : 0;
-    }
-    return rows / image.devicePixelRatio();
+    const QRect digits(image.width() / 2, 0, image.width() / 2 - 4, image.height());
+    return InkedRows(image.copy(digits), [&](QRgb pixel) { return Contrast(pixel, image.pixel(1, 1)) > 2.0; });
 }
 
 TEST_F(Look, TheReadingsAreTheLargestOnTheForm) {

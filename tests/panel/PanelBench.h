@@ -56,11 +56,9 @@ class PanelBench : public ::testing::Test, public FormHands<Main> {
     }
 
     static QWidget* EditorWindow() {
-        QWidget* editor = nullptr;
-        for (QWidget* const window : QApplication::topLevelWidgets()) {
-            editor = window->objectName() == u"Editor" && window->isVisible() ? window : editor;
-        }
-        return editor;
+        QWidgetList windows = QApplication::topLevelWidgets();
+        windows.removeIf([](const QWidget* w) { return w->objectName() != u"Editor" || !w->isVisible(); });
+        return windows.value(0);
     }
 
     ProgramState program;

@@ -1,9 +1,9 @@
-#include <QDir>
 #include <QPointer>
 #include <QTimer>
 #include <filesystem>
 
 #include "PanelBench.h"
+#include "support/FileHands.h"
 
 namespace {
 
@@ -15,19 +15,14 @@ struct SettingFiles : OpenPanel {
         window->findChild<QAction*>(QString::fromLatin1(item))->trigger();
         EXPECT_FALSE(desktop.busy);
     }
-    QByteArray Bytes(const char* file) const {
-        QFile whole(folder.filePath(QString::fromLatin1(file)));
-        EXPECT_TRUE(whole.open(QIODevice::ReadOnly)) << file;
-        return whole.readAll();
-    }
     // Nothing is written to the file, but a message box says why.
     void ExpectRefused(const char* item, const char* name, const char* file) {
-        const QByteArray before = Bytes(file);
+        const QByteArray before = Content(folder.filePath(QString::fromLatin1(file)));
         desktop.boxes.clear();
         Choose(item, QString::fromLatin1(name));
         EXPECT_EQ(desktop.boxes.size(), 1);
         EXPECT_TRUE(desktop.boxes.value(0).contains(u"The editor works on this file."));
-        EXPECT_TRUE(Bytes(file) == before);
+        EXPECT_TRUE(Content(folder.filePath(QString::fromLatin1(file))) == before);
     }
 };
 
@@ -64,10 +59,9 @@ TEST_F(SettingFiles, WhatIsSavedComesBackOntoThePanel) {
 
 TEST_F(SettingFiles, AFileOfAnotherKindIsNamedAndChangesNothing) {
     program.SettingFileName.Set(QStringLiteral("former.set"));
-    QFile file(folder.filePath(QStringLiteral("letter.set")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("Dear Sir") > 0 && file.flush());
+    const QString letter = WriteFile(folder.filePath(QStringLiteral("letter.set")), "Dear Sir");
     Choose("mnulset", QStringLiteral("letter.set"));
-    EXPECT_EQ(desktop.boxes, QStringList(u"Load settings|This is not a settings file:\n" + file.fileName()));
+    EXPECT_EQ(desktop.boxes, QStringList(u"Load settings|This is not a settings file:\n" + letter));
     EXPECT_EQ(program.SettingFileName.Name(), u"former.set");
     Choose("mnulset", QStringLiteral("missing.set"));  // silent
     Choose("mnusset", QStringLiteral("no/such/folder.set"));

@@ -20,9 +20,7 @@ struct TransferPanel : OpenPanel {
         line.reply = [this](const QString& command, const QString&) { return PointReply(command, there); };
         clock.onWait = [this] {
             captions += Hint();
-            if (whileRunning) {
-                whileRunning();
-            }
+            whileRunning();
         };
     }
 
@@ -39,7 +37,7 @@ struct TransferPanel : OpenPanel {
 
     std::array<int, 16385> there{};
     QSet<QString> captions;
-    std::function<void()> whileRunning;
+    std::function<void()> whileRunning = [] {};
 };
 
 TEST_F(TransferPanel, AComparisonReadsBackChangesNothingAndCountsWhatDiffers) {
@@ -50,12 +48,7 @@ TEST_F(TransferPanel, AComparisonReadsBackChangesNothingAndCountsWhatDiffers) {
     EXPECT_EQ(Run("mnuCmpArb16"), u"Compare Arb. 16k|all 16385 points agree/");
     EXPECT_EQ(line.wire, asRead);
     EXPECT_TRUE(captions.contains(QStringLiteral("Please wait. Compare 16385 Values")));
-    there[100] = 7;
     there[16384] = 70000;  // more than a sample can be
-    EXPECT_EQ(
-        Run("mnuCmpArb4"),
-        u"Compare Arb. 4k|1 of 4096 points differ, the first at address 100: -1947 in the PC, 7 in the instrument/");
-    there[100] = -1947;
     EXPECT_TRUE(
         Run("mnuCmpArb16").contains(u"1 of 16385 points differ, the first at address 16384: -2043 in the PC, 70000"));
     there[4095] = there[0] = 1;
@@ -95,26 +88,6 @@ TEST_F(TransferPanel, EscapeStopsAfterTheCurrentPointWhicheverControlHasTheFocus
         Get(control)->setFocus();
         EXPECT_EQ(Run("mnuCmpArb16"), u"Stopped: 201 of 16385 points compared, 1 differ") << control;
     }
-}
-
-TEST_F(TransferPanel, AStoppedSendEndsWithItsCommandAndGoesOutWhole) {
-    line.characterMs = 1;
-    line.portHolds = 1000;
-    Get<QAction>("mnuverify")->setChecked(true);
-    QString stopping;
-    whileRunning = [&] {
-        if (line.wire.contains("arp4:99=")) {
-            Key(Qt::Key_Escape);
-            Key(Qt::Key_X);  // everything else only beeps
-            stopping = Hint();
-        }
-    };
-    desktop.beeps = 0;
-    EXPECT_TRUE(Run("mnuStArb4").startsWith(u"Stopped: "));
-    EXPECT_EQ(stopping, u"Stopping: what is on its way goes out first");
-    EXPECT_GT(desktop.beeps, 1);
-    EXPECT_TRUE(line.wire.endsWith("are\r"));  // nothing is verified
-    EXPECT_EQ(line.LineTimeLeftMs(), 0);
 }
 
 TEST_F(TransferPanel, UntilTheLineHasCarriedTheLastPointTheBarStandsAndEscapeDoesNothing) {

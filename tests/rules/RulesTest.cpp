@@ -85,7 +85,6 @@ TEST(LevelRules, TheSideThatGivesWayMeetsTheBound) {
 }
 
 TEST(LevelRules, TextsNameTheRangeAndTheUnit) {
-    EXPECT_EQ(LevelToolTip(kTrue, kPoint), u"Level range is from 0.020 Vpp to 20.00 Vpp (incl. 2X offset)");
     EXPECT_EQ(LevelToolTip(kFalse, kComma), u"Level range is from 0,007 Vrms to 7,07 Vrms (incl. 2X offset)");
     EXPECT_EQ(OffsetToolTip(1, kTrue, kPoint), u"Max offset in range1 is 50mV (level <= 0.20 Vpp)");
     EXPECT_EQ(OffsetToolTip(2, kFalse, kPoint), u"Max offset in range2 is 500mV (level <= 0.70 Vrms)");

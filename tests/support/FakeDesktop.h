@@ -12,17 +12,15 @@ class FakeDesktop : public Desktop {
     QList<QUrl> viewed;
     int beeps = 0;
     bool busy = false;
-    bool answer = false;                   // to questions
-    Default defaultAnswer = Default::Yes;  // of the last question
-    std::function<void()> whileShown;      // run while a message box stands
-    QString chosen;                        // what the file dialogs give; empty for Cancel
-    QStringList dialogs;                   // "open|title|filter|fileName|extension" of each file dialog
+    bool answer = false;                       // to questions
+    Default defaultAnswer = Default::Yes;      // of the last question
+    std::function<void()> whileShown = [] {};  // run while a message box stands
+    QString chosen;                            // what the file dialogs give; empty for Cancel
+    QStringList dialogs;                       // "open|title|filter|fileName|extension" of each file dialog
 
     void MessageBox(const QString& text, const QString& title) override {
         boxes += (busy ? QStringLiteral("busy ") : QString()) + title + u'|' + text;
-        if (whileShown) {
-            whileShown();
-        }
+        whileShown();
     }
     void Information(const QString& text, const QString& title) override { MessageBox(text, title); }
     bool Question(const QString& text, const QString& title, Default enter) override {

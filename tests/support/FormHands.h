@@ -12,10 +12,12 @@
 
 #include "widgets/EntryField.h"
 
+constexpr int kLimitMs = 30'000;  // for whatever the desktop does
+
 // True once this window has the keyboard.
 inline bool Activate(QWidget* window) {
     window->activateWindow();
-    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; });
+    return QTest::qWaitFor([window] { return QApplication::activeWindow() == window; }, kLimitMs);
 }
 
 // A user's hands on a form: finds controls by name, clicks, types.

@@ -23,6 +23,19 @@ inline double Contrast(const QColor& one, const QColor& other) {
 
 inline bool IsReadable(const QColor& text, const QColor& ground) { return Contrast(text, ground) >= 4.5; }
 
+// How many rows of an image, in logical pixels, hold some ink.
+double InkedRows(const QImage& image, const auto& isInk) {
+    int rows = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        int x = 0;
+        while (x < image.width() && !isInk(image.pixel(x, y))) {
+            ++x;
+        }
+        rows += x < image.width() ? 1 : 0;
+    }
+    return rows / image.devicePixelRatio();
+}
+
 // A picture of a window, addressed in logical pixels.
 struct Shot {
     explicit Shot(QWidget& of) : window(of), image(of.grab().toImage()) {}

@@ -2,9 +2,7 @@
 
 void ScriptedClock::WaitMs(qint32& ms) {
     nowMs += ms;
-    if (onWait) {
-        onWait();
-    }
+    onWait();
 }
 
 QStringList ScriptedLine::Lines() const {

@@ -20,7 +20,7 @@ inline QByteArray PointReply(const QString& command, const auto& samples) {
 class ScriptedClock : public LinkClock {
   public:
     qint64 nowMs = 0;
-    std::function<void()> onWait;  // an event that enters during pacing
+    std::function<void()> onWait = [] {};  // an event that enters during pacing
 
     qint64 NowMs() const override { return nowMs; }
     void WaitMs(qint32& ms) override;

@@ -30,16 +30,10 @@ recording::Column ColumnOf(const std::vector<double>& values, recording::Timing 
 
 TEST(RecordedWaves, AreScaledAndToldHowTheyArePlayedAsTheyWere) {
     const std::vector<double> quarter(1024, 1.0);
-    const struct {
-        const char* what;
-        std::vector<double> values;
-        std::optional<double> interval;
-        std::size_t addresses;
-        RecordedScale scale;
-        const char* unit;
-        std::vector<int> samples;  // first ones
-        const char* set;
-    } cases[] = {
+    // what it is, values, interval, addresses, scale, unit; the first samples, and what is set
+    using Row = std::tuple<const char*, std::vector<double>, std::optional<double>, std::size_t, RecordedScale,
+                           const char*, std::vector<int>, const char*>;
+    const Row cases[] = {
         // A memory of 4096 addresses; the part as long as it takes them 1, 4 or 1/2 times.
         {"4095 steps in 1 ms, the memory 4096", {0, 1}, 1e-3, 4096, kFull, "V", {-2047, -2046}, "999.756 1 0.5 (0)"},
         {"as many rows as addresses", quarter, 1e-6, 1024, kZero, "V", {2047, 2047}, "244.141 2 0 (0)"},
@@ -105,12 +99,9 @@ TEST(RecordedWaves, PlayedAsToldAreTheRecording) {
 
 TEST_F(WaveformBench, TablesOfAFileAreRefusedByTheFirstThatIsWrong) {
     using Use = RecordingUse;
-    const struct {
-        std::vector<AddressedSample> samples;
-        Use use;
-        const MemorySize& size;
-        const char* refusal;  // its begin
-    } cases[] = {
+    using Samples = std::vector<AddressedSample>;
+    // a table, its use, the size of the memory, and the begin of the refusal
+    const std::tuple<Samples, Use, const MemorySize&, const char*> cases[] = {
         {{{0, 5, 2}, {4095, -32768, 3}}, Use::Memory, kMemory4k, ""},
         {{{0, 5, 2}, {4096, 5, 3}, {9000, 5, 4}}, Use::Memory, kMemory4k, "Line 3 has the address 4096,"},
         {{{-1, 5, 2}}, Use::Memory, kMemory4k, "Line 2 has the address -1,"},

@@ -8,9 +8,8 @@ struct WholeLinkState : WholeBench {
     // linkstate, once what was pressed has had its effect.
     QString State() {
         QCoreApplication::processEvents();
-        const auto* const linkstate = panel.Get<QLabel>("linkstate");
-        EXPECT_EQ(QAccessible::queryAccessibleInterface(panel.Get("linkstate"))->text(QAccessible::Name),
-                  linkstate->text());
+        auto* const linkstate = panel.Get<QLabel>("linkstate");
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(linkstate)->text(QAccessible::Name), linkstate->text());
         return linkstate->text();
     }
 

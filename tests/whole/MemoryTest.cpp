@@ -91,7 +91,7 @@ TEST_F(WholeMemory, ClosedInTheMiddleOfASlowTransferItEndsInOrder) {
     }
 }
 
-// What the port holds by then goes out whole, the last point too.
+// What the port holds by then goes out whole, the last point too, and nothing is verified.
 TEST_F(WholeMemory, ASendStoppedOnASlowLineEndsInOrderAndTheLinkGoesOn) {
     auto& memory = program.memories.ArbMemory16;
     Fill(memory);
@@ -100,8 +100,12 @@ TEST_F(WholeMemory, ASendStoppedOnASlowLineEndsInOrderAndTheLinkGoesOn) {
     QObject::connect(panel.Get<QProgressBar>("status"), &QProgressBar::valueChanged, [&](int value) {
         if (value == 1000) {
             panel.Key(Qt::Key_Escape);
+            panel.Key(Qt::Key_X);  // everything else only beeps
+            EXPECT_EQ(desktop.beeps, 1);
+            EXPECT_EQ(panel.Hint(), u"Stopping: what is on its way goes out first");
         }
     });
+    panel.Get<QAction>("mnuverify")->setChecked(true);
     panel.Get<QAction>("mnuStArb16")->trigger();
     EXPECT_EQ(panel.Hint(), u"Stopped: 1001 of 16385 points sent");
     panel.Click("Command3");

@@ -37,7 +37,7 @@ TEST(PlainBox, ShowsItsWholeTextAndHasRoomForItsTitle) {
         const int width = text->fontMetrics().horizontalAdvance(text->text().trimmed());
         EXPECT_TRUE(text->wordWrap() || width <= text->width()) << words;
         EXPECT_GE(text->height(), text->heightForWidth(text->width())) << words;
-        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(title) + 60);
+        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(title) + 100);
     }
 }
 
