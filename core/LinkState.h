@@ -11,7 +11,7 @@ enum class LinkFault : quint8 {
     PortGone,       // pulled out
     NothingTaken,   // the line takes no output
     NoAnswer,
-    OtherUnit,      // what answers does not pass as the instrument
+    OtherUnit,  // what answers does not pass as the instrument
 };
 
 // The link's side of the program's state. Flags of the link are bytes, 1 and 0.
