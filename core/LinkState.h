@@ -10,7 +10,8 @@ enum class LinkFault : quint8 {
     PortNotOpened,  // also: it is there, but refuses the settings
     PortGone,       // pulled out
     NothingTaken,   // the line takes no output
-    NoAnswer,       // or none that passes as the instrument's
+    NoAnswer,
+    OtherUnit,  // what answers does not pass as the instrument
 };
 
 // The link's side of the program's state. Flags of the link are bytes, 1 and 0.

@@ -32,6 +32,7 @@ int main(int argc, char* argv[]) {
     qInstallMessageHandler(KeepQtQuiet);
     int qtArguments = 1;  // its own options stay those of the command line
     const QCoreApplication application(qtArguments, argv);
+    KeepSystemTextsEnglish();  // behind Qt, which takes the user's; the program's sentences are English too
     QCoreApplication::setApplicationName(QStringLiteral("TRX5276"));  // as the panel, for the folder of its files
     const Request request = ReadCommandLine(argc, argv);
     if (!request.command) {

@@ -91,7 +91,7 @@ bool Connection::SearchRates() {
         return false;
     }
     link_.SerialErrorText = NotFound();
-    transport_.ShowSerialError(LinkFault::NoAnswer);
+    transport_.ShowSerialError(LinkFault::OtherUnit);
     return false;
 }
 

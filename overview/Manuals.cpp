@@ -30,6 +30,6 @@ void OpenManual(Desktop& desktop, const QStringList& folders, const QString& fil
 QString ManualToolTip(const QStringList& folders, const QString& fileName) {
     const QString manual = FindManual(folders, fileName);
     return manual.isEmpty() && !folders.isEmpty()
-               ? QStringLiteral("Missing: %1 belongs into %2").arg(fileName, QDir::toNativeSeparators(folders.first()))
+               ? QStringLiteral("Missing: %1 belongs in %2").arg(fileName, QDir::toNativeSeparators(folders.first()))
                : manual;
 }

@@ -79,6 +79,8 @@ QString LinkView::StateText(bool changed) const {
             return QStringLiteral("Nothing goes out: cable, power or port?");
         case LinkFault::NoAnswer:
             return QStringLiteral("No answer: cable, power, port or rate?");
+        case LinkFault::OtherUnit:
+            return QStringLiteral("What answers is no KL5276: port, line settings?");
         case LinkFault::None:
             break;
     }

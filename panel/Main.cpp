@@ -365,7 +365,7 @@ void Main::Main_mnuabout_Click() { ShowAbout(*this, desktop_); }
 void Main::Main_mnuguide_Click() {
     if (!ShowGuide(*this, services_.documentFolders)) {
         desktop_.MessageBox(
-            QStringLiteral("The guide is not there. It belongs into the folder docs/guide beside the program."),
+            QStringLiteral("The guide is not there. It belongs in the folder docs/guide beside the program."),
             QStringLiteral("Guide"));
     }
 }

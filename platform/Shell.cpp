@@ -1,6 +1,7 @@
 #include "platform/Shell.h"
 
 #include <QtGlobal>
+#include <clocale>
 #include <csignal>
 
 #ifdef Q_OS_UNIX
@@ -14,6 +15,12 @@ volatile std::sig_atomic_t interrupts = 0;
 extern "C" void CountInterrupt(int) { interrupts = interrupts + 1; }
 
 }  // namespace
+
+void KeepSystemTextsEnglish() {
+#ifdef LC_MESSAGES
+    std::setlocale(LC_MESSAGES, "C");
+#endif
+}
 
 void CatchInterrupts() {
 #ifdef Q_OS_UNIX

@@ -17,7 +17,7 @@ TEST(Manuals, OpenFromTheFirstFolderThatHoldsThem) {
     OpenManual(desktop, folders, name);
     OpenManual(desktop, folders, QString::fromLatin1(kManualGerman));  // missing
     EXPECT_EQ(ManualToolTip(folders, QString::fromLatin1(kManualGerman)),
-              u"Missing: kl5276_d.pdf belongs into " + folders.first());
+              u"Missing: kl5276_d.pdf belongs in " + folders.first());
     EXPECT_EQ(ManualToolTip(folders, name), full.filePath(name));
     EXPECT_EQ(desktop.viewed, QList<QUrl>{QUrl::fromLocalFile(full.filePath(name))});
     EXPECT_TRUE(desktop.boxes.isEmpty());

@@ -88,8 +88,14 @@ TEST_F(WholeLinkState, TellsWhatFailedUntilTheNextSuccess) {
     EXPECT_FALSE(State().startsWith(u"Linked"));
     panel.Click("cRM");
     EXPECT_EQ(State(), u"Port not opened: in use, no rights, or none there?");
+    Plug(1, {.model = "DMM"});
+    panel.Get<QAction>("mnucom")->trigger();
+    panel.Click("port_1");
+    panel.Click("cbok");
+    EXPECT_EQ(State(), u"What answers is no KL5276: port, line settings?");
     auto& instrument = Plug(2, {.rate = 19200});
     panel.Get<QAction>("mnucom")->trigger();
+    panel.Click("port_2");
     panel.Click("cbok");
     EXPECT_EQ(State(), u"Linked, not read yet");
     panel.Enter("Text1", "2");
