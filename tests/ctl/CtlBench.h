@@ -26,7 +26,6 @@ class CtlBench : public WholeBench {
     void Start(QProcess& process, const QString& words) {
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("LC_ALL"), locale);  // the same in every country
-        environment.insert(QStringLiteral("LANGUAGE"), QStringLiteral("en"));  // in the texts of the system too
         process.setProcessEnvironment(environment);
         const QString timeout = words.contains(u"--timeout") ? QString() : QStringLiteral("--timeout=60s ");
         process.start(Program(), QStringList{QStringLiteral("--port"), Path("com1")} +
