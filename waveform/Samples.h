@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 #include <algorithm>
+#include <cmath>
 
 #include "core/Numbers.h"
 
@@ -12,10 +13,11 @@ inline constexpr int kHighestSample = 2047;
 // -kHighestClick to kHighestClick.
 inline constexpr int kHighestClick = 2060;
 
-// The nearest sample that the instrument can play.
+// The nearest sample that the instrument can play, a half going to the even one. As NearestEven, without its call: this
+// is done for every address.
 inline qint16 HeldSample(double value) {
     constexpr double kHighest = kHighestSample;
-    return static_cast<qint16>(NearestEven(std::clamp(value, -kHighest, kHighest)));
+    return static_cast<qint16>(std::lrint(std::clamp(value, -kHighest, kHighest)));
 }
 
 // A position of the pointer as an address or a value.
