@@ -84,14 +84,14 @@ done
 complete_words kl5276ctl load two >"$log" && [ "${COMPREPLY[0]}" = "two words.set" ] || fail "completion of files"
 [ "$(complete_words kl5276ctl --rate 9)" = 9600 ] || fail "completion of options"
 cd "$sources"
-options_in() { grep -oE '^ +--[a-z0-9-]+' "$1"; }
+options_in() { grep -hoE '^ +--[a-z0-9-]+( [A-Z_,]*[A-Z])?' "$@"; }
 for program in kl5276-sim qd204-sim; do
     MANWIDTH=900 LC_ALL=C man --nh --nj -l simulator/$program.1 | col -b >"$log"
     "$TRX_BUILT/bin/$program" --help >"$log.help"
-    for option in $(options_in "$log.help") $(options_in "$log"); do
-        grep -qE -- "$option( |,|$)" "$log" || fail "the manual of $program lacks $option"
-        grep -qE -- "$option( |,|$)" "$log.help" || fail "$program lacks $option"
-    done
+    while read -r option; do
+        grep -qE -- "$option( |,|:|$)" "$log" || fail "the manual of $program lacks $option"
+        grep -qE -- "$option( |,|:|$)" "$log.help" || fail "$program lacks $option"
+    done < <(options_in "$log" "$log.help")
 done
 
 # ./run without a display, from another folder.

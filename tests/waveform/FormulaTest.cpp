@@ -56,6 +56,7 @@ TEST(Formula, TellsAFaultAtItsPlace) {
         {" ", "Type a formula, or choose a ready shape."},
         {"2 − [sine](x)", "There is no \"sine\"."},
         {"[sin] x", "\"sin\" needs its arguments in ( )."},
+        {"[abs] x", "\"abs\" needs its arguments in ( )."},
         {"x + [1e999]", "\"1e999\" is not a number that can be used."},
         {"x [&] 1", "\"&\" can't stand here."},
         {"sin(2*pi[]", "A \")\" is missing."},
