@@ -55,8 +55,8 @@ bool ReadsAll(const QString& name) {
            outcome.recording->blocks[0].Channels().size() == 2;
 }
 
-// Numbers of the text, by trying at each place; those of a column stand together.
-std::size_t CountNumbers(const QString& name, std::size_t columns, char decimalMark) {
+// Keeps the numbers of the text, found by trying at each place, those of a column together, and counts them.
+std::size_t KeepNumbers(const QString& name, std::size_t columns, char decimalMark) {
     QFile file(name);
     file.open(QIODevice::ReadOnly);
     QByteArray text = file.readAll();
@@ -83,7 +83,7 @@ void ReadRows(benchmark::State& state, char separator, char decimalMark) {
     bool good = true;
     const Figure row = Compare(
         state, [&] { good = ReadsAll(name) && good; },
-        [&] { good = CountNumbers(name, 3, decimalMark) >= kNumbers && good; });
+        [&] { good = KeepNumbers(name, 3, decimalMark) >= kNumbers && good; });
     Put(state, row, good);
 }
 

@@ -1,9 +1,7 @@
-#include <QAbstractButton>
 #include <QFile>
 #include <QGroupBox>
 #include <QMenu>
 #include <QTabBar>
-#include <QTextStream>
 
 #include "AllWindows.h"
 
