@@ -28,6 +28,7 @@
 #include "platform/SerialControl.h"
 #include "platform/SocketDdeLink.h"
 #include "widgets/QtDesktop.h"
+#include "widgets/Theme.h"
 
 namespace {
 
@@ -161,6 +162,7 @@ int RunRole(const QByteArray& role, const QString& folder, QApplication& applica
     FirstPaint firstPaint;
     application.installEventFilter(&firstPaint);
     if (role == "start") {
+        FollowTheme();
         Program program(folder);
         return QApplication::exec();
     }
@@ -171,6 +173,7 @@ int RunRole(const QByteArray& role, const QString& folder, QApplication& applica
     std::unique_ptr<Program> program;
     std::vector<std::unique_ptr<BareWindow>> windows;
     if (role == "editor") {
+        FollowTheme();
         program = std::make_unique<Program>(folder);
         program->OpenEditorOn16K();
     } else {

@@ -74,6 +74,7 @@ TEST(Formula, TellsAFaultAtItsPlace) {
         {"x [:] 2", "There is no \"?\" for this \":\"."},
         {"(x > 0 ? 1) : 2", "This is not a formula."},
         {"x [=] 2", "To compare, write \"==\"."},
+        {"2[§]3", "\"§\" has no meaning in a formula."},
         {"x + [𝑥]", "\"𝑥\" has no meaning in a formula."},
         {"max(x,1) + [10,25]",
          "\"10,25\" may be the number 10.25 or the two arguments 10; 25. "
