@@ -33,9 +33,9 @@ QByteArray EncodePreferences(const Preferences& preferences) {
     return record;
 }
 
-PreferencesOutcome DecodePreferences(const QByteArray& record, Preferences& preferences) {
+bool DecodePreferences(const QByteArray& record, Preferences& preferences) {
     if (!record.startsWith(QByteArrayView(kPreferencesMark, kMarkSize))) {
-        return PreferencesOutcome::WrongMark;
+        return false;
     }
     QDataStream stream(record.sliced(kMarkSize));
     stream.setByteOrder(QDataStream::LittleEndian);
@@ -46,5 +46,5 @@ PreferencesOutcome DecodePreferences(const QByteArray& record, Preferences& pref
             field = value;
         }
     });
-    return stream.status() == QDataStream::Ok ? PreferencesOutcome::Read : PreferencesOutcome::TooShort;
+    return stream.status() == QDataStream::Ok;
 }

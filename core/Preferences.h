@@ -24,11 +24,6 @@ inline constexpr qsizetype kPreferencesSize = 31;  // bytes: mark and ten little
 // The whole record, mark first.
 QByteArray EncodePreferences(const Preferences& preferences);
 
-enum class PreferencesOutcome {
-    Read,       // all ten fields are in force
-    WrongMark,  // new, empty or another version: nothing was read
-    TooShort,   // the fields before the end are in force, the others keep their values
-};
-
-// Reads a record into the fields, as far as it goes.
-PreferencesOutcome DecodePreferences(const QByteArray& record, Preferences& preferences);
+// Reads a record into the fields, as far as it goes; the fields behind its end keep their values. True if all ten were
+// read; a record without the mark is of another version and changes nothing.
+bool DecodePreferences(const QByteArray& record, Preferences& preferences);

@@ -16,6 +16,7 @@ struct Link {
           commands(program, transport),
           readBack(program, transport, gate),
           memory(program, transport, gate, clock, desktop, front) {}
+    Q_DISABLE_COPY_MOVE(Link)
 
     LinkGate gate;
     SerialTransport transport;

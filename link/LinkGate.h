@@ -27,6 +27,7 @@ class LinkOperation {
 class LinkGate {
   public:
     explicit LinkGate(Desktop& desktop) : desktop_(desktop) {}
+    Q_DISABLE_COPY_MOVE(LinkGate)
 
     // Begins an operation. Nothing, after a beep, if one runs already.
     [[nodiscard]] std::optional<LinkOperation> Begin() {

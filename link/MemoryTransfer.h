@@ -45,6 +45,7 @@ class MemoryTransfer {
           clock_(clock),
           desktop_(desktop),
           front_(front) {}
+    Q_DISABLE_COPY_MOVE(MemoryTransfer)
 
     // A time-out takes the link down; each point after it then gets what stands in ReplyText, 0 with nothing, and
     // counts.

@@ -117,15 +117,16 @@ void LevelGroup::RefreshLevel() {
 }
 
 void LevelGroup::RefreshOffset() {
-    const double sign = panel_.mOffset < 0.0 ? -1.0 : 1.0;
-    HoldOffsetMagnitude(panel_, context_.numbers, [this](const QString& hint) { context_.hint.FlashMessage(hint); });
-    if (panel_.tmOffset && AmOn(panel_)) {
-        SelectCheck1(false);
-        panel_.tmOffset = kFalse;  // also where the box was clear already, as when a read-back reports an offset
-        context_.hint.FlashMessage(NoOffsetHint());
-    } else if (panel_.tmOffset) {
-        SelectCheck1(true);
+    const bool switchedOn = panel_.tmOffset != kFalse;
+    QStringList hints;
+    CoupleOffset(panel_, context_.numbers, [&hints](const QString& hint) { hints += hint; });
+    // Where the offset was off already the box is left alone.
+    if (switchedOn) {
+        SelectCheck1(panel_.tmOffset != kFalse);
     }
-    panel_.mOffset *= sign;
+    // Behind what the click routine may have said: the last hint is the one that stands.
+    for (const QString& hint : std::as_const(hints)) {
+        context_.hint.FlashMessage(hint);
+    }
     Text4->setText(OffsetText(panel_));
 }

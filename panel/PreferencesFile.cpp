@@ -11,7 +11,7 @@ void LoadPreferences(const QString& folder, Preferences& preferences, Desktop& d
     const bool opened = file.open(QIODevice::ReadWrite);
     const QByteArray record = opened ? file.read(kPreferencesSize) : QByteArray();
     file.close();
-    if (DecodePreferences(record, preferences) != PreferencesOutcome::Read) {
+    if (!DecodePreferences(record, preferences)) {
         desktop.Information(QStringLiteral("Generate new default settings"), QStringLiteral("Load default settings"));
     }
 }

@@ -13,6 +13,13 @@ void Store(const Held& held, double& field, const SayHint& say) {
     }
 }
 
+// Leaves the magnitude in mOffset.
+void HoldOffsetMagnitude(PanelState& panel, const UserNumbers& numbers, const SayHint& say) {
+    Store(HoldOffset(std::fabs(panel.mOffset), panel.bmBereich), panel.mOffset, say);
+    Store(HoldOffsetBesideLevel(panel.mOffset, panel.mAmp, panel.bmBereich, panel.tmVPP, numbers), panel.mOffset, say);
+    panel.mOffset = RoundOffset(panel.mOffset, panel.bmBereich);
+}
+
 }  // namespace
 
 void CoupleLevel(PanelState& panel, const UserNumbers& numbers, const SayHint& say) {
@@ -21,20 +28,12 @@ void CoupleLevel(PanelState& panel, const UserNumbers& numbers, const SayHint& s
     Store(HoldLevelBesideOffset(panel.mAmp, panel.mOffset, panel.bmBereich, panel.tmVPP, numbers), panel.mAmp, say);
 }
 
-void HoldOffsetMagnitude(PanelState& panel, const UserNumbers& numbers, const SayHint& say) {
-    Store(HoldOffset(std::fabs(panel.mOffset), panel.bmBereich), panel.mOffset, say);
-    Store(HoldOffsetBesideLevel(panel.mOffset, panel.mAmp, panel.bmBereich, panel.tmVPP, numbers), panel.mOffset, say);
-    panel.mOffset = RoundOffset(panel.mOffset, panel.bmBereich);
-}
-
-QString NoOffsetHint() { return QStringLiteral("An offset voltage cannot be superimposed to an AM signal"); }
-
 void CoupleOffset(PanelState& panel, const UserNumbers& numbers, const SayHint& say) {
     const double sign = panel.mOffset < 0.0 ? -1.0 : 1.0;
     HoldOffsetMagnitude(panel, numbers, say);
     panel.mOffset *= sign;
     if (panel.tmOffset && AmOn(panel)) {
         panel.tmOffset = kFalse;
-        say(NoOffsetHint());
+        say(QStringLiteral("An offset voltage cannot be superimposed to an AM signal"));
     }
 }

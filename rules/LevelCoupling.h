@@ -15,11 +15,6 @@ inline bool AmOn(const PanelState& panel) { return panel.bmAmpMod != 0; }
 // Behind a change of the level or its unit: the range, then the offset within it, then the level beside the offset.
 void CoupleLevel(PanelState& panel, const UserNumbers& numbers, const SayHint& say);
 
-// Leaves the magnitude of the offset in mOffset, within the range, beside the level, and at its resolution.
-void HoldOffsetMagnitude(PanelState& panel, const UserNumbers& numbers, const SayHint& say);
-
-// The hint where an offset is switched off because amplitude modulation is on.
-QString NoOffsetHint();
-
-// Behind each of these changes: HoldOffsetMagnitude, with the sign, and no offset beside amplitude modulation.
+// Behind each of these changes, and behind one of the offset: its magnitude within the range, beside the level, and at
+// its resolution; then no offset beside amplitude modulation.
 void CoupleOffset(PanelState& panel, const UserNumbers& numbers, const SayHint& say);

@@ -119,7 +119,7 @@ constexpr auto kPlainCommands = std::to_array<PlainCommand>({
     {"arc4", [](State& s) { s.openMemory = OpenMemory::Points4k; }},
     {"arc16", [](State& s) { s.openMemory = OpenMemory::Points16k; }},
     {"are", [](State& s) { s.openMemory = OpenMemory::None; }},
-    {"RM0", [](State& s) { s.remote = false; }},
+    {"RM0", [](State&) {}},  // the front panel counts again
 });
 
 struct ValueCommand {
@@ -214,17 +214,26 @@ bool IsFieldWithin(string_view text, std::size_t field, int low, int high) {
     return value && *value >= low && *value <= high;
 }
 
+// "time:hh,mm" or "date:dd,mm,yy". Nothing on the line reads the clock back.
+bool IsClockText(const std::string& text) {
+    const string_view fields = string_view(text).substr(std::min<std::size_t>(5, text.size()));
+    if (text.starts_with("time:")) {
+        return AreClockFields(fields, 2) && IsFieldWithin(fields, 0, 0, 23) && IsFieldWithin(fields, 1, 0, 59);
+    }
+    return text.starts_with("date:") && AreClockFields(fields, 3) && IsFieldWithin(fields, 0, 1, 31) &&
+           IsFieldWithin(fields, 1, 1, 12);
+}
+
 }  // namespace
 
 std::optional<std::string> Kl5276::Take(const std::string& text) {
-    state.remote = true;
     if (auto reply = AnswerQuery(text)) {
         return reply;
     }
     if (auto reply = AnswerMemory(text)) {
         return reply;
     }
-    if (!TakeMemoryWrite(text) && !TakePlain(text) && !TakeValue(text) && !TakeClock(text)) {
+    if (!TakeMemoryWrite(text) && !TakePlain(text) && !TakeValue(text) && !IsClockText(text)) {
         ++state.ignoredTexts;
     }
     return std::nullopt;
@@ -252,21 +261,6 @@ bool Kl5276::TakeValue(const std::string& text) {
     }
     found->act(state, *value);
     return true;
-}
-
-bool Kl5276::TakeClock(const std::string& text) {
-    const string_view fields = string_view(text).substr(std::min<std::size_t>(5, text.size()));
-    if (text.starts_with("time:") && AreClockFields(fields, 2) && IsFieldWithin(fields, 0, 0, 23) &&
-        IsFieldWithin(fields, 1, 0, 59)) {
-        state.clockTime = fields;
-        return true;
-    }
-    if (text.starts_with("date:") && AreClockFields(fields, 3) && IsFieldWithin(fields, 0, 1, 31) &&
-        IsFieldWithin(fields, 1, 1, 12)) {
-        state.clockDate = fields;
-        return true;
-    }
-    return false;
 }
 
 bool Kl5276::TakeMemoryWrite(const std::string& text) {

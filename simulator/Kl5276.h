@@ -31,8 +31,6 @@ struct InstrumentState {
     double phase1 = 180.0;             // 0 to 359.9
     std::vector<std::int16_t> memory4k = std::vector<std::int16_t>(4096);    // -2047 to 2047
     std::vector<std::int16_t> memory16k = std::vector<std::int16_t>(16385);  // -2047 to 2047
-    std::string clockTime;                                                   // "hh,mm" as last set, empty before
-    std::string clockDate;                                                   // "dd,mm,yy" as last set, empty before
     std::string model = "KL5276-2";
     std::string versionText = "V1.20 Kx";
     std::size_t ignoredTexts = 0;  // texts without a meaning for the instrument
@@ -48,7 +46,6 @@ struct InstrumentState {
     bool internalReference = true;
     bool outputOn = false;
     OpenMemory openMemory = OpenMemory::None;  // the memory whose write lines count now
-    bool remote = false;                       // set by any text, cleared by "RM0"
 };
 
 // The instrument's reading of the texts on its line, without the line and without a clock.
@@ -70,7 +67,6 @@ class Kl5276 {
   private:
     bool TakePlain(const std::string& text);
     bool TakeValue(const std::string& text);
-    bool TakeClock(const std::string& text);
     bool TakeMemoryWrite(const std::string& text);
     std::optional<std::string> AnswerQuery(const std::string& text) const;
     std::optional<std::string> AnswerMemory(const std::string& text) const;

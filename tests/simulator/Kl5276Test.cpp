@@ -65,9 +65,9 @@ TEST(Kl5276, StatusLineTellsEverySwitch) {
 
 TEST(Kl5276, IgnoresAndCountsWhatItDoesNotKnow) {
     const std::vector<std::string> texts{
-        "",           "id?",       "OT2",           "ot1",         "frq:",          "frq:1,5",   "frq:1 ", "frq:nan",
-        "time:24,00", "time:9,30", "date:32,01,25", "arp4:4096=?", "arp16:16385=?", "arp4:-1=?", "arp4:0", "arp4:0=1.5",
-        "FRQ?",       "tim"};
+        "",           "id?",        "OT2",        "ot1",       "frq:",          "frq:1,5",      "frq:1 ",
+        "frq:nan",    "time:24,00", "time:09.30", "time:9,30", "date:32,01,25", "date:01,01",   "arp4:0",
+        "arp4:0=1.5", "arp4:-1=?",  "tim",        "FRQ?",      "arp4:4096=?",   "arp16:16385=?"};
     Kl5276 unit;
     for (const std::string& text : texts) {
         EXPECT_FALSE(unit.Take(text).has_value()) << text;
