@@ -134,20 +134,22 @@ struct BareWindow : QMainWindow {
         add(10, [&] { return new QGroupBox(caption(), paper); });
         add(1, [&] { return new QPlainTextEdit(caption(), paper); });
         add(1, [&] { return new QTabBar(paper); });
-        QPixmap picture(size);
-        picture.fill(Qt::white);
-        add(1, [&] {
-            auto* const shown = new QLabel(paper);
-            shown->setPixmap(picture);
-            shown->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // the window stays as large as ours
-            return shown;
-        });
+        add(1, [&] { return Picture(size, paper); });
         for (int i = 0; i < 4; ++i) {
             menuBar()->addMenu(caption())->addAction(caption());
         }
         setCentralWidget(paper);
         resize(kWindow);
         show();
+    }
+
+    static QLabel* Picture(QSize size, QWidget* paper) {
+        QPixmap picture(size);
+        picture.fill(Qt::white);
+        auto* const shown = new QLabel(paper);
+        shown->setPixmap(picture);
+        shown->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // the window stays as large as ours
+        return shown;
     }
 };
 

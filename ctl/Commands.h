@@ -14,7 +14,7 @@ int SetClock(Session& session);
 
 // All fields if none is named.
 int Get(Session& session, const QStringList& fields, bool json);
-// "form=square". With `clamp` what the panel would not take as it is is held as the panel does.
+// "form=square". With `clamp`, a value that the panel would not take as it is gets held as the panel does.
 int Set(Session& session, const QStringList& assignments, bool clamp);
 int SwitchOutput(Session& session, bool on);
 // What can be set, for people, manuals and the completion of a shell.

@@ -1,6 +1,7 @@
 #include "editor/ConstructionFileChoice.h"
 
 #include "editor/HeldFiles.h"
+#include "editor/StoreFaults.h"
 #include "storage/ConstructionFile.h"
 
 namespace {
@@ -36,7 +37,7 @@ FixedName ChooseNewConstructionFile(const ConstructionChoice& choice) {
         return chosen;
     }
     choice.desktop.BusyOff();
-    choice.desktop.MessageBox(u"The file can't be written:\n" + name, title);
+    TellNotWritten(choice.desktop, name, title);
     return FixedName();
 }
 

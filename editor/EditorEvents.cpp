@@ -216,7 +216,7 @@ void Editor::Editor_mnusavecsv_Click() {
     std::vector<Record> records;
     if (faults_.Tell(tables_.Read(tables_.FileOf(editor.Target), *editor.Size, records), Telling::Box) &&
         !SaveTableText(chosen, records)) {
-        desktop_.MessageBox(u"The file can't be written:\n" + chosen, title);
+        TellNotWritten(desktop_, chosen, title);
     }
 }
 

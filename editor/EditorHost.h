@@ -1,6 +1,6 @@
 #pragma once
 
-// What the editor asks of the panel that opened it. An interface, so that the editor's room stands below the panel's.
+// What the editor asks of the panel that opened it. An interface, so that editor/ does not depend on panel/.
 class EditorHost {
   public:
     virtual ~EditorHost() = default;

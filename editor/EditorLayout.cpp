@@ -53,7 +53,8 @@ void Editor::FillControlStrip() {
     AddOptions(strip_->tools, 2, opPenmode->Options(), 2);
     AddDivider(strip_->tools, 4);
     const std::array<QString, 2> axes{QStringLiteral("X:"), QStringLiteral("Y:")};
-    const std::array<QString, 2> names{QStringLiteral("Address"), QStringLiteral("Value, -2047 to 2047")};
+    const std::array<QString, 2> names{QStringLiteral("Address"),
+                                       QStringLiteral("Value, -%1 to %1").arg(kHighestSample)};
     for (int i = 0; i < 2; ++i) {
         const auto at = static_cast<std::size_t>(i);
         EntryField* const field = entry_->Text1[at];

@@ -13,6 +13,10 @@ QString Complaint(StoreOutcome failure) {
     }
 }
 
+void TellNotWritten(Desktop& desktop, const QString& fileName, const QString& title) {
+    desktop.MessageBox(u"The file can't be written:\n" + fileName, title);
+}
+
 bool StoreFaults::Tell(const TableResult& result, Telling telling) {
     if (!result.Failed()) {
         toldOf_ = result.fileName.isEmpty() ? toldOf_ : QString();

@@ -13,6 +13,9 @@ enum class Telling {
 // What a failure is to the user; the name of the file is to follow.
 QString Complaint(StoreOutcome failure);
 
+// Tells the user that a new file could not be written.
+void TellNotWritten(Desktop& desktop, const QString& fileName, const QString& title);
+
 // Tells the user of operations that failed. Every result goes through here, as a success ends the silence.
 class StoreFaults {
   public:

@@ -3,8 +3,8 @@
 #include "Fuzz.h"
 #include "link/Link.h"
 #include "link/SilentFront.h"
-#include "support/FakeDesktop.h"
-#include "support/ScriptedLine.h"
+#include "stand_ins/FakeDesktop.h"
+#include "stand_ins/ScriptedLine.h"
 
 // Notes the end of a transfer.
 struct NotingFront : SilentFront {

@@ -4,7 +4,7 @@
 
 #include "Fuzz.h"
 #include "panel/PreferencesFile.h"
-#include "support/FakeDesktop.h"
+#include "stand_ins/FakeDesktop.h"
 
 namespace {
 

@@ -21,8 +21,6 @@ class Connection {
 
     // Opens the port with ComPortNumber and ComBaudRate.
     void OpenComPort();
-    // Asks "ID?"; leaves UnitFound 1 or 0. While the link is down on an open port it reports a unit without asking.
-    void ProbeUnit();
     // The whole connection, with the search over the rates. On success cRM is checked.
     void ConnectUnit();
     // Gives the instrument back with "RM0" and closes the port.
@@ -31,6 +29,8 @@ class Connection {
     void AutoSearchUnit();
 
   private:
+    // Asks "ID?"; leaves UnitFound 1 or 0. While the link is down on an open port it reports a unit without asking.
+    void ProbeUnit();
     bool SearchRates();
     bool Ask(const char* query);
 

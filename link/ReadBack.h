@@ -20,13 +20,13 @@ class ReadBack {
     // ahead of it, was off, and the frequency behind a sweep. The instrument answers these at any time.
     void ReadLeftOut(quint8 sweepBefore);
 
-    void ReadSweep();  // asks only while bmWobbel, as it was before this read-back, is above 0
-    void ReadModulation();
     void ReadStatus();
-    void ReadLevel();
-    void ReadFrequency();
 
   private:
+    void ReadSweep();  // asks only while bmWobbel, as it was before this read-back, is above 0
+    void ReadModulation();
+    void ReadLevel();
+    void ReadFrequency();
     double Ask(const char* query);
     bool Answered() const { return link_.SerialFault != 1 && link_.LinkUp == 1; }
     template <typename... Fields>

@@ -93,6 +93,17 @@ QPushButton* AddButton(QHBoxLayout& row, const char* name, const QString& captio
     return button;
 }
 
+// The page of contents in the first of the folders that holds the guide; empty if none does.
+QString FindGuide(const QStringList& folders) {
+    for (const QString& folder : folders) {
+        const QFileInfo contents(QDir(folder), QString::fromLatin1(kContents));
+        if (contents.isFile()) {
+            return contents.canonicalFilePath();
+        }
+    }
+    return {};
+}
+
 }  // namespace
 
 GuideForm::GuideForm(const QString& contents, QWidget* parent) : QDialog(parent) {
@@ -114,16 +125,6 @@ GuideForm::GuideForm(const QString& contents, QWidget* parent) : QDialog(parent)
     pages->setFocus();
     const QSize page(fontMetrics().averageCharWidth() * kColumns, fontMetrics().height() * kLines);
     resize(page.boundedTo(screen()->availableSize() * 0.9));  // with its frame on a small screen too
-}
-
-QString FindGuide(const QStringList& folders) {
-    for (const QString& folder : folders) {
-        const QFileInfo contents(QDir(folder), QString::fromLatin1(kContents));
-        if (contents.isFile()) {
-            return contents.canonicalFilePath();
-        }
-    }
-    return {};
 }
 
 bool ShowGuide(QWidget& owner, const QStringList& folders) {

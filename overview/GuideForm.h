@@ -12,9 +12,6 @@ class GuideForm : public QDialog {
     GuideForm(const QString& contents, QWidget* parent);
 };
 
-// The page of contents in the first of the folders that holds the guide; empty if none does.
-QString FindGuide(const QStringList& folders);
-
 // Shows the guide without waiting for it. The owner has one at most: a second call brings that one to the front. False
 // if there is no guide.
 bool ShowGuide(QWidget& owner, const QStringList& folders);

@@ -6,9 +6,9 @@
 #include "core/ArbMemory.h"
 #include "widgets/PictureBox.h"
 
-// The picture's user scale: x from 0 to 63, y in samples from 2047 at the top to -2047 at the bottom.
+// The picture's user scale: x from 0 to 63, y in samples from kOverviewTop to -kOverviewTop at the bottom.
 inline constexpr double kOverviewWidth = 63.0;
-inline constexpr double kOverviewTop = 2047.0;
+inline constexpr double kOverviewTop = kHighestSample;
 
 // The strokes of a signal form in this scale, in the order of drawing; strokes may run past the left and right edges.
 // A form that is a word (noise), and a value that is no form, has none.

@@ -19,9 +19,6 @@ constexpr double kUnitShare = 0.55;  // height of the unit against the least hei
 constexpr int kFieldStretch = 100;   // of the rows of fields; what they do not take is left below
 constexpr int kFrame = 8;            // of a field at either side, pixels
 
-// The longest number: the highest frequency.
-QString Longest() { return QStringLiteral("00.0000000000"); }
-
 double DigitHeight(const QFont& font) { return QFontMetricsF(font).tightBoundingRect(QStringLiteral("0")).height(); }
 
 // The fixed-width font in which digits have this height, pixels. The first try is about right for every such font: each
@@ -64,7 +61,7 @@ class DigitFit : public QObject {
         least_ = std::max(kDigitMm / kMmPerInch * form.logicalDpiY(), kAboveText * DigitHeight(form.font()));
         const QFont font = DigitFont(least_);
         const QFontMetrics metrics(font);
-        field_.setMinimumSize(metrics.horizontalAdvance(Longest()) + 2 * kFrame, metrics.height() + kFrame);
+        field_.setMinimumSize(metrics.horizontalAdvance(field_.RoomFor()) + 2 * kFrame, metrics.height() + kFrame);
         QFont unit = form.font();
         unit.setPixelSize(static_cast<int>(std::lround(font.pixelSize() * kUnitShare)));
         unit_.setFont(unit);
@@ -76,7 +73,7 @@ class DigitFit : public QObject {
     void Fit() {
         const QFont least = DigitFont(least_);
         const QFontMetricsF metrics(least);
-        const double wider = (field_.width() - 2.0 * kFrame) / metrics.horizontalAdvance(Longest());
+        const double wider = (field_.width() - 2.0 * kFrame) / metrics.horizontalAdvance(field_.RoomFor());
         const double higher = (field_.height() - kFrame) / metrics.height();
         const auto held = [](double factor) { return std::clamp(factor, 1.0, kLargest); };
         field_.setMaximumHeight(static_cast<int>(held(wider) * metrics.height() * kRoomiest) + kFrame);

@@ -19,10 +19,10 @@ class LevelGroup {
 
     // Works out the range, applies the level's side of the rules, shows the level, and runs RefreshOffset.
     void RefreshLevel();
-    // Applies the offset's side of the rules and shows the offset.
-    void RefreshOffset();
 
   private:
+    // Applies the offset's side of the rules and shows the offset.
+    void RefreshOffset();
     void MakeLevel(QWidget* parent);
     void MakeOffset(QWidget* parent);
     void Text2_Commit();

@@ -15,7 +15,7 @@ struct Form {
 };
 
 // The cells of a line as it writes them. A separator in quotes belongs to its cell. Any number of blanks counts as one;
-// "|" at either end of a line is a frame. Nothing stands for an empty line.
+// "|" at either end of a line is a frame. An empty line has no cells.
 std::vector<std::string_view> SplitCells(std::string_view line, char separator);
 
 // What the cells of a line mean, one element each.

@@ -5,6 +5,12 @@
 
 namespace {
 
+// Of the instrument, over all its ranges.
+double LowestLevelOfAll(Truth tmVPP) { return LowestLevel(kLevelRanges.front(), tmVPP); }
+double HighestLevelOfAll(Truth tmVPP) { return HighestLevel(kLevelRanges.back(), tmVPP); }
+// Amplitude modulation doubles the peak, so the level may be half.
+double HighestAmLevel(Truth tmVPP) { return HighestLevelOfAll(tmVPP) / 2.0; }
+
 constexpr double kRoot2 = std::numbers::sqrt2;
 
 bool SumExceedsRange(double level, double offset, quint8 bmBereich, Truth tmVPP) {

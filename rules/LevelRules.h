@@ -8,12 +8,6 @@
 // The arithmetic that ties level, unit, offset and amplitude modulation together. Levels are in the unit of tmVPP
 // (Vpp while true, Vrms while false), offsets in V. A value equal to a bound is valid.
 
-// Of the instrument, over all its ranges.
-inline double LowestLevelOfAll(Truth tmVPP) { return LowestLevel(kLevelRanges.front(), tmVPP); }
-inline double HighestLevelOfAll(Truth tmVPP) { return HighestLevel(kLevelRanges.back(), tmVPP); }
-// Amplitude modulation doubles the peak, so the level may be half.
-inline double HighestAmLevel(Truth tmVPP) { return HighestLevelOfAll(tmVPP) / 2.0; }
-
 // A level within the bounds of its unit.
 Held HoldLevel(double level, Truth tmVPP, bool amOn, const UserNumbers& numbers);
 // A level at or below the highest that amplitude modulation allows.

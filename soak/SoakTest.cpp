@@ -7,9 +7,9 @@
 
 #include "HastyClock.h"
 #include "SoakHand.h"
+#include "stand_ins/FakeDde.h"
 #include "storage/ConstructionFile.h"
 #include "storage/SettingFile.h"
-#include "support/FakeDde.h"
 #include "whole/WholeBench.h"
 
 namespace {

@@ -4,10 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/ArbMemory.h"
 #include "core/Numbers.h"
-
-// A sample is -kHighestSample to kHighestSample.
-inline constexpr int kHighestSample = 2047;
 
 // Clicks lie in a band that is higher than the samples. Their values, and those of a line between two of them, are
 // -kHighestClick to kHighestClick.

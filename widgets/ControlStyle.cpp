@@ -176,6 +176,15 @@ void DrawProgress(const QStyleOptionProgressBar& bar, QPainter& painter) {
     painter.fillRect(done, bar.palette.color(QPalette::Highlight));
 }
 
+// `title`: its height, in pixels.
+void DrawGroupFrame(const QStyleOption& group, int title, QPainter& painter) {
+    constexpr int kBelowTitle = 3;
+    // Newer versions of the toolkit leave the title out of the frame by themselves.
+    QRect frame = group.rect;
+    frame.setTop(title + kBelowTitle);
+    DrawOutlined(painter, frame, {CardOf(group.palette), EdgeOf(group)});
+}
+
 }  // namespace
 
 ControlStyle::ControlStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -199,15 +208,11 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
             look.fill = Qt::NoBrush;
             return DrawOutlined(*painter, option->rect, look);
         }
-        case PE_FrameGroupBox: {
-            constexpr int kBelowTitle = 3;
-            const int title =
-                std::max(pixelMetric(PM_ExclusiveIndicatorHeight, option, widget), option->fontMetrics.height());
-            // Newer versions of the toolkit leave the title out of the frame by themselves.
-            QRect frame = option->rect;
-            frame.setTop(title + kBelowTitle);
-            return DrawOutlined(*painter, frame, {CardOf(option->palette), EdgeOf(*option)});
-        }
+        case PE_FrameGroupBox:
+            return DrawGroupFrame(
+                *option,
+                std::max(pixelMetric(PM_ExclusiveIndicatorHeight, option, widget), option->fontMetrics.height()),
+                *painter);
         case PE_FrameTabWidget:
             return DrawOutlined(*painter, option->rect, {CardOf(option->palette), EdgeOf(*option)});
         case PE_FrameMenu:

@@ -26,6 +26,7 @@ class EntryField : public QLineEdit {
 
     // Wide enough for this text, whatever the font.
     void SetRoomFor(const QString& text) { longest_ = text; }
+    const QString& RoomFor() const { return longest_; }
     QSize minimumSizeHint() const override;
 
     // In place of the base class's: all of the text is selected where the field has the focus.

@@ -43,9 +43,9 @@ class PictureBox : public QWidget {
     bool RedrawIsDue() const { return settledFor_ != PixelSize(); }
 
   Q_SIGNALS:
-    // Positions of the pointer in user coordinates; those of moves lie outside of the picture too while a button is
-    // held, but a press of another button there is none. Buttons: 1 left, 2 right, 4 middle; a move gives the sum of
-    // those held, 0 for none. A release counts as a move, so that a drag ends where and when the button is let go.
+    // Positions of the pointer in user coordinates. While a button is held, moves outside of the picture come too; a
+    // press of another button there does not. Buttons: 1 left, 2 right, 4 middle; a move gives the sum of those held, 0
+    // for none. A release counts as a move, so that a drag ends where and when the button is let go.
     void MouseDown(int button, float x, float y);
     void MouseMove(int buttons, float x, float y);
 

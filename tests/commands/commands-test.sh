@@ -110,6 +110,9 @@ until_true test ! -L "$TRX_BUILT/bin/com2"  # the simulated instrument has ended
 
 # A recording as a scope in a country of decimal commas saves it.
 printf 'Length;3\nt;CH1;CH2\n0;1,5;7\n1;0,5;8\n2;1,5;7\n' >"$TMPDIR/scope.csv"
+status=0
+"$TRX_BUILT/bin/qd204-sim" --csv /nowhere.csv 2>"$log" || status=$?
+[ $status = 1 ] && grep -q /nowhere.csv "$log" || fail "qd204-sim does not say that there is no recording"
 "$TRX_BUILT/bin/qd204-sim" --csv "$TMPDIR/scope.csv" --name "$TMPDIR/qd204e" >"$log" 2>&1 &
 until_true grep -q "^channel B:.*scope.csv" "$log"
 kill %%

@@ -1,5 +1,9 @@
+#include <QRegularExpression>
+#include <set>
+
 #include "CtlBench.h"
 #include "ctl/BatchLine.h"
+#include "ctl/Fields.h"
 #include "ctl/Values.h"
 #include "ctl/WatchedPort.h"
 
@@ -38,6 +42,29 @@ TEST(CtlValues, AreEngineeringNotationWithPointOrCommaAndNothingElse) {
     }
 }
 
+// Both ends of what the shell names as the limits of a number are held as they are, and what is beyond them is not.
+TEST(CtlValues, TheLimitsThatAreNamedAreThoseOfTheRules) {
+    static const QRegularExpression kRange(QStringLiteral("(\\S+) to ([^ ,;]+)"));
+    std::set<const char*> held;
+    for (const Field& field : Fields()) {
+        for (const QRegularExpressionMatch& range : kRange.globalMatch(QString::fromLatin1(field.limits))) {
+            for (int end = 1; end <= 2 && field.quantity != Quantity::Voltage; ++end) {  // that of the offset depends
+                PanelState panel;
+                QString fault;
+                const auto named = ReadAssignment(QLatin1StringView(field.name) + u'=' + range.captured(end), fault);
+                ASSERT_TRUE(named) << fault;
+                std::ranges::for_each(*named, [&](const Assignment& a) { a.field->put(panel, a.value); });
+                const double bound = field.Of(panel);
+                const double beyond = end == 1 ? bound - 1e-5 : bound * 1.002;
+                EXPECT_EQ(field.hold(panel, bound).value, bound) << field.name;
+                EXPECT_NE(field.hold(panel, beyond).value, beyond) << field.name;
+                held.insert(field.name);
+            }
+        }
+    }
+    EXPECT_EQ(held.size(), 10U);
+}
+
 TEST(CtlValues, ABatchLineIsSplitAsAShellDoes) {
     const std::pair<const char*, const char*> rows[]{{"set  form=sine\t# why", "set|form=sine"},
                                                      {"a '' \"b 'c\"d#e", "a||b 'cd#e"},
@@ -54,21 +81,17 @@ TEST(CtlValues, ABatchLineIsSplitAsAShellDoes) {
 }
 
 TEST(CtlValues, AnAnswerIsNoneIfTheLinkCannotTakeItsNumber) {
-    const std::tuple<const char*, const char*, bool> rows[]{{"frq?", " 5.0 Hz", true},
-                                                            {"frq?", "Hz 5", false},
-                                                            {"frq?", "1e999", false},
-                                                            {"amt?", "255", true},
-                                                            {"amt?", "-1", false},
-                                                            {"amt?", "256", false},
-                                                            {"sta?", "sin", true},
-                                                            {"sta?", "", false},
-                                                            {"ID?", "", true},
-                                                            {"arp4:1=?", "arp4:1=-2047", true},
-                                                            {"arp4:1=?", "7", true},
-                                                            {"arp4:1=?", "arp4:1=40000", false},
-                                                            {"arp4:1=?", "arp4:1=", false}};
-    for (const auto& [query, answer, isOne] : rows) {
-        EXPECT_EQ(IsAnswer(QString::fromLatin1(query), QString::fromLatin1(answer)), isOne) << query << answer;
+    const auto isOne = [](const char* row) {  // the query, and what answers it
+        const QStringList words = QString::fromLatin1(row).split(u'|');
+        return IsAnswer(words[0], words[1]);
+    };
+    for (const char* const row :
+         {"frq?| 5.0 Hz", "amt?|255", "sta?|sin", "ID?|", "arp4:1=?|arp4:1=-2047", "arp4:1=?|7"}) {
+        EXPECT_TRUE(isOne(row)) << row;
+    }
+    for (const char* const row :
+         {"frq?|Hz 5", "frq?|1e999", "amt?|-1", "amt?|256", "sta?|", "arp4:1=?|arp4:1=40000", "arp4:1=?|arp4:1="}) {
+        EXPECT_FALSE(isOne(row)) << row;
     }
 }
 

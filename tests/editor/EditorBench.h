@@ -3,10 +3,10 @@
 #include <QTemporaryDir>
 
 #include "editor/Editor.h"
+#include "stand_ins/FakeDde.h"
+#include "stand_ins/FakeDesktop.h"
 #include "storage/SettingFile.h"
 #include "support/DatabaseHands.h"
-#include "support/FakeDde.h"
-#include "support/FakeDesktop.h"
 #include "support/FileHands.h"
 #include "support/FormHands.h"
 #include "support/PictureHands.h"

@@ -2,9 +2,9 @@
 
 #include "link/Link.h"
 #include "link/SilentFront.h"
-#include "support/FakeDesktop.h"
+#include "stand_ins/FakeDesktop.h"
+#include "stand_ins/ScriptedLine.h"
 #include "support/PrintQt.h"
-#include "support/ScriptedLine.h"
 
 // The link with a scripted line, clock and desktop.
 struct LinkBench : ::testing::Test {

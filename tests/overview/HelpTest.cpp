@@ -2,7 +2,7 @@
 
 #include "overview/AboutForm.h"
 #include "overview/Manuals.h"
-#include "support/FakeDesktop.h"
+#include "stand_ins/FakeDesktop.h"
 #include "support/FormHands.h"
 
 namespace {

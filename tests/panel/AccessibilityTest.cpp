@@ -52,7 +52,8 @@ QList<QWidget*> TabStops(Qt::Key key) {
 
 // The Tab key comes round, either way; it and the arrow keys within a group of options reach all there is.
 void ExpectReachable(QWidget* window) {
-    ASSERT_TRUE(Activate(window) && window->focusWidget() != nullptr);
+    ASSERT_TRUE(Activate(window));
+    ASSERT_NE(window->focusWidget(), nullptr);
     window->focusWidget()->clearFocus();
     QTest::keyClick(window, Qt::Key_Tab);
     const QList<QWidget*> stops = TabStops(Qt::Key_Tab);

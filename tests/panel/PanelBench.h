@@ -4,11 +4,11 @@
 #include <QTemporaryDir>
 
 #include "panel/Main.h"
-#include "support/FakeDde.h"
-#include "support/FakeDesktop.h"
+#include "stand_ins/FakeDde.h"
+#include "stand_ins/FakeDesktop.h"
+#include "stand_ins/ScriptedLine.h"
 #include "support/FormHands.h"
 #include "support/PrintQt.h"
-#include "support/ScriptedLine.h"
 #include "widgets/Theme.h"
 
 // The form Main, shown and active, on a scripted line, clock and desktop, in a folder of its own.

@@ -9,46 +9,47 @@ namespace {
 
 using recording::Choice;
 
+const std::tuple<std::string, Choice, const char*> kFaults[] = {
+    {"", {}, "The file is empty. Save the recording again, as CSV."},
+    {"\n  \n\t\n", {}, "The file is empty. Save the recording again, as CSV."},
+    {"no numbers at all\n", {}, "The file holds no numbers. Save the samples as CSV."},
+    {"wave\n0x10\n0x20\n", {}, "No cell of the file is a number; line 2 is \"0x10\"."},
+    {"1,5;1,7\n2,5;1,8\n",
+     {.separator = '|'},
+     "With the chosen separator no cell is a number; line 1 is \"1,5;1,7\". Choose another one."},
+    {"1,5\n2,5\n",
+     {.separator = '|', .decimalMark = '.'},
+     "With the chosen separator and decimal mark no cell is a number; line 1 is \"1,5\". Choose others."},
+    {"1.5\n2.5\n",
+     {.decimalMark = ','},
+     "With the chosen decimal mark no cell is a number; line 1 is \"1.5\". Choose another one."},
+    {"t,v\n0,1\nend\n", {}, "Nowhere do numbers stand in two rows below each other; line 2 has the first one."},
+    {"Model,X\nLength,2500\nRate,5\n", {}, "Numbers stand only behind words, as in a header, from line 2 on."},
+    {"Volt\n0,5\n1,5\n", {}, "Line 2 has more cells than titles stand above it, so that its commas may be decimal"},
+    {"Spannung (V)\n1,5\n2,7\n", {}, "Line 2 has more cells than titles stand above it"},
+    {"CH1\n1 234,50\n2\u00a0345,60\n", {}, "Line 2 has more cells than titles stand above it"},
+    {"1,5\n2,7\n", {}, "The commas from line 1 on may be decimal marks, or separate two columns. Save the"},
+    {"Rate: 5 Hz\n1,5\n2,7\n3,1\n9,9\n", {}, "The commas from line 2 on may be decimal marks, or separate two"},
+    {"0,5\n1,5\n2,5\n3,5\n", {}, "The commas from line 1 on may be decimal marks, or separate two columns."},
+    {"0,000E+00,1,2345E-01\n1,000E+00,2,2345E-01\n", {}, "Commas separate the cells and seem to be"},
+    {"t;ADC\n0;998\n1;1,000\n", {}, "The comma in \"1,000\" may be a decimal mark, or separate thousands."},
+    {"t\tADC\n0\t998\n1\t1.000\n", {}, "The point in \"1.000\" may be a decimal mark, or separate thousands."},
+    {"0,01,1,05\n0,02,1,10\n", {}, "Commas separate the cells and seem to be decimal marks as well."},
+    {"t\tU\n0\t1,234\n1\t2,345\n", {}, "The comma in \"2,345\" may be a decimal mark, or separate thousands."},
+    {"Channel,Time,U\n1,0,.1\n2,0,.5\n1,1,.2\n2,1,.6\n",
+     {},
+     "Several channels stand in one column, one below the other, as column 1 \"Channel\" tells (1, 2). Save each "
+     "channel in a column or block of its own, or choose the columns by their numbers."},
+    {"Time;Sensor;U\n0;left;1,5\n0;right;2,5\n1;left;1,7\n1;right;2,7\n",
+     {},
+     "Several channels stand in one column, one below the other, as column 2 \"Sensor\" tells (left, right)."},
+    {"channel,value\nA,1.5\nA,1.7\nB,2.5\nB,2.7\n", {}, "Several channels stand in one column, one below the"},
+    {"09\n24\nFE\n1D\n3B\n", {}, "Line 3 is \"FE\", as in a list of hexadecimal numbers, which are not read."},
+    {"A0:254,A1:3\nA0:25,A1:4\n", {}, "No cell of the file is a number; line 1 is \"A0:254,A1:3\"."},
+    {{"1,2\n3\0,4\n", 9}, {}, "The file holds zero bytes, so it is no plain text."}};
+
 TEST(RecordingFaults, EachSaysWhatIsWrong) {
-    const std::tuple<std::string, Choice, const char*> cases[] = {
-        {"", {}, "The file is empty. Save the recording again, as CSV."},
-        {"\n  \n\t\n", {}, "The file is empty. Save the recording again, as CSV."},
-        {"no numbers at all\n", {}, "The file holds no numbers. Save the samples as CSV."},
-        {"wave\n0x10\n0x20\n", {}, "No cell of the file is a number; line 2 is \"0x10\"."},
-        {"1,5;1,7\n2,5;1,8\n",
-         {.separator = '|'},
-         "With the chosen separator no cell is a number; line 1 is \"1,5;1,7\". Choose another one."},
-        {"1,5\n2,5\n",
-         {.separator = '|', .decimalMark = '.'},
-         "With the chosen separator and decimal mark no cell is a number; line 1 is \"1,5\". Choose others."},
-        {"1.5\n2.5\n",
-         {.decimalMark = ','},
-         "With the chosen decimal mark no cell is a number; line 1 is \"1.5\". Choose another one."},
-        {"t,v\n0,1\nend\n", {}, "Nowhere do numbers stand in two rows below each other; line 2 has the first one."},
-        {"Model,X\nLength,2500\nRate,5\n", {}, "Numbers stand only behind words, as in a header, from line 2 on."},
-        {"Volt\n0,5\n1,5\n", {}, "Line 2 has more cells than titles stand above it, so that its commas may be decimal"},
-        {"Spannung (V)\n1,5\n2,7\n", {}, "Line 2 has more cells than titles stand above it"},
-        {"CH1\n1 234,50\n2\u00a0345,60\n", {}, "Line 2 has more cells than titles stand above it"},
-        {"1,5\n2,7\n", {}, "The commas from line 1 on may be decimal marks, or separate two columns. Save the"},
-        {"Rate: 5 Hz\n1,5\n2,7\n3,1\n9,9\n", {}, "The commas from line 2 on may be decimal marks, or separate two"},
-        {"0,5\n1,5\n2,5\n3,5\n", {}, "The commas from line 1 on may be decimal marks, or separate two columns."},
-        {"0,000E+00,1,2345E-01\n1,000E+00,2,2345E-01\n", {}, "Commas separate the cells and seem to be"},
-        {"t;ADC\n0;998\n1;1,000\n", {}, "The comma in \"1,000\" may be a decimal mark, or separate thousands."},
-        {"t\tADC\n0\t998\n1\t1.000\n", {}, "The point in \"1.000\" may be a decimal mark, or separate thousands."},
-        {"0,01,1,05\n0,02,1,10\n", {}, "Commas separate the cells and seem to be decimal marks as well."},
-        {"t\tU\n0\t1,234\n1\t2,345\n", {}, "The comma in \"2,345\" may be a decimal mark, or separate thousands."},
-        {"Channel,Time,U\n1,0,.1\n2,0,.5\n1,1,.2\n2,1,.6\n",
-         {},
-         "Several channels stand in one column, one below the other, as column 1 \"Channel\" tells (1, 2). Save each "
-         "channel in a column or block of its own, or choose the columns by their numbers."},
-        {"Time;Sensor;U\n0;left;1,5\n0;right;2,5\n1;left;1,7\n1;right;2,7\n",
-         {},
-         "Several channels stand in one column, one below the other, as column 2 \"Sensor\" tells (left, right)."},
-        {"channel,value\nA,1.5\nA,1.7\nB,2.5\nB,2.7\n", {}, "Several channels stand in one column, one below the"},
-        {"09\n24\nFE\n1D\n3B\n", {}, "Line 3 is \"FE\", as in a list of hexadecimal numbers, which are not read."},
-        {"A0:254,A1:3\nA0:25,A1:4\n", {}, "No cell of the file is a number; line 1 is \"A0:254,A1:3\"."},
-        {{"1,2\n3\0,4\n", 9}, {}, "The file holds zero bytes, so it is no plain text."}};
-    for (const auto& [text, choice, sentence] : cases) {
+    for (const auto& [text, choice, sentence] : kFaults) {
         EXPECT_TRUE(Describe(text, choice).starts_with(std::string("! ") + sentence)) << Describe(text, choice);
     }
     EXPECT_EQ(Describe("Model,X\nLength,2500\nRate,5\n", {.byNumber = true}), "X: 2500 5");

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "support/PrintQt.h"
 #include "widgets/EntryField.h"
 
 constexpr int kLimitMs = 30'000;  // for whatever the desktop does

@@ -50,38 +50,39 @@ TEST(Formula, ReadsNumbersAsTheUserWritesThem) {
     std::locale::global(former);
 }
 
+const std::pair<const char*, const char*> kFaults[] = {
+    // its place stands in [ ], which no formula has
+    {" ", "Type a formula, or choose a ready shape."},
+    {"2 − [sine](x)", "There is no \"sine\"."},
+    {"[sin] x", "\"sin\" needs its arguments in ( )."},
+    {"[abs] x", "\"abs\" needs its arguments in ( )."},
+    {"x + [1e999]", "\"1e999\" is not a number that can be used."},
+    {"x [&] 1", "\"&\" can't stand here."},
+    {"sin(2*pi[]", "A \")\" is missing."},
+    {"sin(x)[)]", "There is no \"(\" for this \")\"."},
+    {"pulse(x; [)]", "Something is missing before \")\"."},
+    {"x + []", "The formula is not finished."},
+    {"max(x; 2 [0,5])", "An operator such as \"*\" is missing before \"0,5\"."},
+    {"x [(]2)", "An operator such as \"*\" is missing before \"(\"."},
+    {"pulse(x[)]", "\"pulse\" needs more arguments."},
+    {"sin(x; 2[)]", "\"sin\" takes fewer arguments."},
+    {"max([;]1)", "\";\" can't stand here."},
+    {"sin(max(x; 1))[;] 2", "Only a function takes several arguments."},
+    {"2*(x; 2[)]", "Only a function takes several arguments."},
+    {"x > 0 [?] 1", "There is no \":\" for this \"?\"."},
+    {"x [:] 2", "There is no \"?\" for this \":\"."},
+    {"(x > 0 ? 1) : 2", "This is not a formula."},
+    {"x [=] 2", "To compare, write \"==\"."},
+    {"2[§]3", "\"§\" has no meaning in a formula."},
+    {"x + [𝑥]", "\"𝑥\" has no meaning in a formula."},
+    {"max(x,1) + [10,25]",
+     "\"10,25\" may be the number 10.25 or the two arguments 10; 25. "
+     "Write \"10.25\" or \"10; 25\"."},
+    {"1/(x - 0.25)", "At x = 0,25 the result is not a finite number."},
+    {"noise(1/0)", "At x = 0 the result is not a finite number."}};
+
 TEST(Formula, TellsAFaultAtItsPlace) {
-    const std::pair<const char*, const char*> cases[] = {
-        // its place stands in [ ], which no formula has
-        {" ", "Type a formula, or choose a ready shape."},
-        {"2 − [sine](x)", "There is no \"sine\"."},
-        {"[sin] x", "\"sin\" needs its arguments in ( )."},
-        {"[abs] x", "\"abs\" needs its arguments in ( )."},
-        {"x + [1e999]", "\"1e999\" is not a number that can be used."},
-        {"x [&] 1", "\"&\" can't stand here."},
-        {"sin(2*pi[]", "A \")\" is missing."},
-        {"sin(x)[)]", "There is no \"(\" for this \")\"."},
-        {"pulse(x; [)]", "Something is missing before \")\"."},
-        {"x + []", "The formula is not finished."},
-        {"max(x; 2 [0,5])", "An operator such as \"*\" is missing before \"0,5\"."},
-        {"x [(]2)", "An operator such as \"*\" is missing before \"(\"."},
-        {"pulse(x[)]", "\"pulse\" needs more arguments."},
-        {"sin(x; 2[)]", "\"sin\" takes fewer arguments."},
-        {"max([;]1)", "\";\" can't stand here."},
-        {"sin(max(x; 1))[;] 2", "Only a function takes several arguments."},
-        {"2*(x; 2[)]", "Only a function takes several arguments."},
-        {"x > 0 [?] 1", "There is no \":\" for this \"?\"."},
-        {"x [:] 2", "There is no \"?\" for this \":\"."},
-        {"(x > 0 ? 1) : 2", "This is not a formula."},
-        {"x [=] 2", "To compare, write \"==\"."},
-        {"2[§]3", "\"§\" has no meaning in a formula."},
-        {"x + [𝑥]", "\"𝑥\" has no meaning in a formula."},
-        {"max(x,1) + [10,25]",
-         "\"10,25\" may be the number 10.25 or the two arguments 10; 25. "
-         "Write \"10.25\" or \"10; 25\"."},
-        {"1/(x - 0.25)", "At x = 0,25 the result is not a finite number."},
-        {"noise(1/0)", "At x = 0 the result is not a finite number."}};
-    for (const auto& [marked, text] : cases) {
+    for (const auto& [marked, text] : kFaults) {
         QString formula = QString::fromUtf8(marked);
         const qsizetype at = formula.indexOf(u'[');
         const qsizetype length =

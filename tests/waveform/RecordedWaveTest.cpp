@@ -28,40 +28,41 @@ recording::Column ColumnOf(const std::vector<double>& values, recording::Timing 
     return column;
 }
 
+const std::vector<double> kQuarter(1024, 1.0);
+// what it is, values, interval, addresses, scale, unit; the first samples, and what is set
+using Row = std::tuple<const char*, std::vector<double>, std::optional<double>, std::size_t, RecordedScale, const char*,
+                       std::vector<int>, const char*>;
+const Row kRows[] = {
+    // A memory of 4096 addresses; the part as long as it takes them 1, 4 or 1/2 times.
+    {"4095 steps in 1 ms, the memory 4096", {0, 1}, 1e-3, 4096, kFull, "V", {-2047, -2046}, "999.756 1 0.5 (0)"},
+    {"as many rows as addresses", kQuarter, 1e-6, 1024, kZero, "V", {2047, 2047}, "244.141 2 0 (0)"},
+    {"means last as long as the rows", {0, 2, 4, 6}, 1e-6, 2, kFull, "V", {-2047, 2047}, "122.07 4 3 (0)"},
+    {"a trace is 73 % of full scale", {-1, 1}, 1e-3, 2, kTrace, "V", {-1500, 1500}, "0.244141 2.7293 0 (0)"},
+    {"0 V stays 0", {-0.5, 1}, 1e-3, 2, kZero, "V", {-1024, 2047}, "0.244141 2 0 (0)"},
+    {"millivolts", {-500, 500}, 1e-3, 2, kFull, "mV", {-2047, 2047}, "0.244141 1 0 (0)"},
+    {"no unit counts as volts, and says so", {-1, 1}, 1e-3, 2, kFull, "", {-2047, 2047}, "0.244141 2 0 (1)"},
+    {"no voltage", {-1, 1}, 1e-3, 2, kFull, "A", {-2047, 2047}, "0.244141 - - (1)"},
+    {"no time", {-1, 1}, {}, 2, kFull, "V", {-2047, 2047}, "- 2 0 (1)"},
+    {"flat", {3, 3}, 1e-3, 2, kFull, "V", {0, 0}, "0.244141 - 3 (1)"},
+    {"flat, by volts", {3, 3}, 1e-3, 2, kZero, "V", {2047, 2047}, "0.244141 6 0 (0)"},
+    {"flat at zero, by volts", {0, 0}, 1e-3, 2, kZero, "V", {0, 0}, "0.244141 - 0 (1)"},
+    {"too fast for the instrument", {-1, 1}, 1e-12, 4096, kFull, "V", {-2047}, "9.99756e+11 2 0 (1)"},
+    {"as fast as the instrument", {-1, 1}, 2.44140625e-11, 2, kFull, "V", {-2047}, "1e+07 2 0 (0)"},
+    {"too slow", {-1, 1}, 1e6, 4096, kFull, "V", {-2047}, "9.99756e-07 2 0 (1)"},
+    {"as slow as it", {-1, 1}, 2.44140625, 2, kFull, "V", {-2047}, "0.0001 2 0 (0)"},
+    {"as small as it", {-0.01, 0.01}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 0.02 0 (0)"},
+    {"too small", {-0.005, 0.005}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 0.01 0 (1)"},
+    {"too great", {-11, 11}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 22 0 (1)"},
+    {"as great as it", {-10, 10}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 20 0 (0)"},
+    {"more offset than the range has", {3.3, 3.4}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 0.1 3.35 (1)"},
+    {"level and offset as the range allows", {0, 10}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 10 5 (0)"},
+    {"level and offset beyond their sum", {-3, 9}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 12 3 (0)"},
+    {"level and offset just beyond it", {-4.9, 13.1}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 18 4.1 (1)"},
+    {"beyond all numbers", {-1.7e308, 1.7e308}, 1e-3, 2, kFull, "V", {-2047, 2047}, "0.244141 inf 0 (1)"},
+};
+
 TEST(RecordedWaves, AreScaledAndToldHowTheyArePlayedAsTheyWere) {
-    const std::vector<double> quarter(1024, 1.0);
-    // what it is, values, interval, addresses, scale, unit; the first samples, and what is set
-    using Row = std::tuple<const char*, std::vector<double>, std::optional<double>, std::size_t, RecordedScale,
-                           const char*, std::vector<int>, const char*>;
-    const Row cases[] = {
-        // A memory of 4096 addresses; the part as long as it takes them 1, 4 or 1/2 times.
-        {"4095 steps in 1 ms, the memory 4096", {0, 1}, 1e-3, 4096, kFull, "V", {-2047, -2046}, "999.756 1 0.5 (0)"},
-        {"as many rows as addresses", quarter, 1e-6, 1024, kZero, "V", {2047, 2047}, "244.141 2 0 (0)"},
-        {"means last as long as the rows", {0, 2, 4, 6}, 1e-6, 2, kFull, "V", {-2047, 2047}, "122.07 4 3 (0)"},
-        {"a trace is 73 % of full scale", {-1, 1}, 1e-3, 2, kTrace, "V", {-1500, 1500}, "0.244141 2.7293 0 (0)"},
-        {"0 V stays 0", {-0.5, 1}, 1e-3, 2, kZero, "V", {-1024, 2047}, "0.244141 2 0 (0)"},
-        {"millivolts", {-500, 500}, 1e-3, 2, kFull, "mV", {-2047, 2047}, "0.244141 1 0 (0)"},
-        {"no unit counts as volts, and says so", {-1, 1}, 1e-3, 2, kFull, "", {-2047, 2047}, "0.244141 2 0 (1)"},
-        {"no voltage", {-1, 1}, 1e-3, 2, kFull, "A", {-2047, 2047}, "0.244141 - - (1)"},
-        {"no time", {-1, 1}, {}, 2, kFull, "V", {-2047, 2047}, "- 2 0 (1)"},
-        {"flat", {3, 3}, 1e-3, 2, kFull, "V", {0, 0}, "0.244141 - 3 (1)"},
-        {"flat, by volts", {3, 3}, 1e-3, 2, kZero, "V", {2047, 2047}, "0.244141 6 0 (0)"},
-        {"flat at zero, by volts", {0, 0}, 1e-3, 2, kZero, "V", {0, 0}, "0.244141 - 0 (1)"},
-        {"too fast for the instrument", {-1, 1}, 1e-12, 4096, kFull, "V", {-2047}, "9.99756e+11 2 0 (1)"},
-        {"as fast as the instrument", {-1, 1}, 2.44140625e-11, 2, kFull, "V", {-2047}, "1e+07 2 0 (0)"},
-        {"too slow", {-1, 1}, 1e6, 4096, kFull, "V", {-2047}, "9.99756e-07 2 0 (1)"},
-        {"as slow as it", {-1, 1}, 2.44140625, 2, kFull, "V", {-2047}, "0.0001 2 0 (0)"},
-        {"as small as it", {-0.01, 0.01}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 0.02 0 (0)"},
-        {"too small", {-0.005, 0.005}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 0.01 0 (1)"},
-        {"too great", {-11, 11}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 22 0 (1)"},
-        {"as great as it", {-10, 10}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 20 0 (0)"},
-        {"more offset than the range has", {3.3, 3.4}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 0.1 3.35 (1)"},
-        {"level and offset as the range allows", {0, 10}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 10 5 (0)"},
-        {"level and offset beyond their sum", {-3, 9}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 12 3 (0)"},
-        {"level and offset just beyond it", {-4.9, 13.1}, 1e-3, 2, kFull, "V", {-2047}, "0.244141 18 4.1 (1)"},
-        {"beyond all numbers", {-1.7e308, 1.7e308}, 1e-3, 2, kFull, "V", {-2047, 2047}, "0.244141 inf 0 (1)"},
-    };
-    for (const auto& [what, values, interval, addresses, scale, unit, samples, set] : cases) {
+    for (const auto& [what, values, interval, addresses, scale, unit, samples, set] : kRows) {
         const recording::Column column = ColumnOf(values, {.interval = interval, .duration = {}, .times = {}});
         const RecordedWave wave = MakeWave(PartOf(column, 0, values.size() - 1), addresses, scale);
         ASSERT_EQ(wave.samples.size(), addresses);

@@ -38,6 +38,27 @@ struct WholeLinkState : WholeBench {
     }
 };
 
+// the tab, the control, what is typed into it or null for a click, and the mark that comes of it
+const std::tuple<int, const char*, const char*, const char16_t*> kChanges[]{
+    {0, "Text2", "0,5", u"Text2: The instrument reported 1,00000 VPP"},
+    {0, "vunit_1", nullptr, u"Text2: The instrument reported 0,50000 VPP"},
+    {0, "Check1", nullptr, u"Check1: The instrument reported no offset"},
+    {0, "opsignal_2", nullptr, u"opsignal_2: The instrument reported Sinusoid"},
+    {1, "opmod_1", nullptr, u"opmod_1: The instrument reported Modulation Off"},
+    {1, "Text7", "3", u"Text7: The instrument reported 1,1000000 kHz"},
+    {1, "opmod_2", nullptr, u"opmod_2: The instrument reported FSK"},
+    {1, "Text9", "12,5", u"Text9: The instrument reported 180,0°"},
+    {0, "Check1", nullptr, u"Check1: The instrument reported an offset"},  // which AM would switch off by itself
+    {1, "opmod_0", nullptr, u"opmod_0: The instrument reported PSK"},
+    {1, "opAmMod_1", nullptr, u"opAmMod_1: The instrument reported Modulation internal 1kHz"},
+    {1, "Text5", "33", u"Text5: The instrument reported 50%"},
+    {2, "opmodes_3", nullptr, u"opmodes_3: The instrument reported Free-running mode"},
+    {2, "opreference_1", nullptr, u"opreference_1: The instrument reported Internal crystal oscillator"},
+    {2, "opwob_1", nullptr, u"opwob_1: The instrument reported Sweep: Off"},
+    {2, "Text11", "7", u"Text11: The instrument reported 50,0000000 kHz"},
+    {2, "Text12", "3", u"Text12: The instrument reported 1,00 s"},
+};
+
 TEST_F(WholeLinkState, MarksWhatIsChangedUntilItIsSet) {
     const QLocale german(QLocale::German);
     auto& instrument = Connect({}, 19200, german);
@@ -50,27 +71,8 @@ TEST_F(WholeLinkState, MarksWhatIsChangedUntilItIsSet) {
     panel.Click("Opoutput_0");
     EXPECT_EQ(State(), u"Linked, as read");  // it went out at once
 
-    const std::initializer_list<std::tuple<int, const char*, const char*, const char16_t*>> changes{
-        {0, "Text2", "0,5", u"Text2: The instrument reported 1,00000 VPP"},
-        {0, "vunit_1", nullptr, u"Text2: The instrument reported 0,50000 VPP"},
-        {0, "Check1", nullptr, u"Check1: The instrument reported no offset"},
-        {0, "opsignal_2", nullptr, u"opsignal_2: The instrument reported Sinusoid"},
-        {1, "opmod_1", nullptr, u"opmod_1: The instrument reported Modulation Off"},
-        {1, "Text7", "3", u"Text7: The instrument reported 1,1000000 kHz"},
-        {1, "opmod_2", nullptr, u"opmod_2: The instrument reported FSK"},
-        {1, "Text9", "12,5", u"Text9: The instrument reported 180,0°"},
-        {0, "Check1", nullptr, u"Check1: The instrument reported an offset"},  // which AM would switch off by itself
-        {1, "opmod_0", nullptr, u"opmod_0: The instrument reported PSK"},
-        {1, "opAmMod_1", nullptr, u"opAmMod_1: The instrument reported Modulation internal 1kHz"},
-        {1, "Text5", "33", u"Text5: The instrument reported 50%"},
-        {2, "opmodes_3", nullptr, u"opmodes_3: The instrument reported Free-running mode"},
-        {2, "opreference_1", nullptr, u"opreference_1: The instrument reported Internal crystal oscillator"},
-        {2, "opwob_1", nullptr, u"opwob_1: The instrument reported Sweep: Off"},
-        {2, "Text11", "7", u"Text11: The instrument reported 50,0000000 kHz"},
-        {2, "Text12", "3", u"Text12: The instrument reported 1,00 s"},
-    };
     panel.Enter("Text4", "0,1");  // of an offset that is off the instrument reports no value
-    for (const auto& [tab, control, text, mark] : changes) {
+    for (const auto& [tab, control, text, mark] : kChanges) {
         panel.ShowTab(tab);
         if (text != nullptr) {
             panel.Enter(control, text);

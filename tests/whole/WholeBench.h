@@ -8,7 +8,7 @@
 #include "platform/SerialControl.h"
 #include "platform/SocketDdeLink.h"
 #include "simulator/SimulatedInstrument.h"
-#include "support/FakeDesktop.h"
+#include "stand_ins/FakeDesktop.h"
 #include "support/FormHands.h"
 #include "support/PrintQt.h"
 

@@ -2,7 +2,7 @@
 #include <QLabel>
 #include <QShortcut>
 
-#include "support/FakeDesktop.h"
+#include "stand_ins/FakeDesktop.h"
 #include "support/FormHands.h"
 #include "widgets/InputHold.h"
 #include "widgets/PlainBox.h"

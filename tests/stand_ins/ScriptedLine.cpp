@@ -1,4 +1,4 @@
-#include "support/ScriptedLine.h"
+#include "stand_ins/ScriptedLine.h"
 
 void ScriptedClock::WaitMs(qint32& ms) {
     nowMs += ms;
