@@ -69,12 +69,13 @@ TEST(EventClock, WaitsItsTimeAndServesEventsButNoWaitWithinTheWait) {
     EventClock clock;
     qint32 nested = 10'000'000;
     QTimer::singleShot(5, [&] { clock.WaitMs(nested); });
-    qint32 ms = 30;
-    const qint64 before = clock.NowMs();
-    clock.WaitMs(ms);
-    EXPECT_EQ(nested, 10'000);
-    EXPECT_GE(clock.NowMs() - before, 30);
-    EXPECT_LT(clock.NowMs() - before, 10'000);
+    for (qint32 ms : {30, 10}) {
+        const qint64 before = clock.NowMs();
+        clock.WaitMs(ms);
+        EXPECT_EQ(nested, 10'000);
+        EXPECT_GE(clock.NowMs() - before, ms);
+        EXPECT_LT(clock.NowMs() - before, 10'000);
+    }
 }
 
 }  // namespace
