@@ -42,6 +42,10 @@ class SerialTransport {
     // vanished, which is a fault while there is a link, or if the operation is abandoned.
     bool AwaitIdleLine();
     bool PortOpen() const { return com_.PortOpen(); }
+    // The device vanished behind the open port, which is a fault as soon as something is to be sent or read.
+    bool LineLost() const { return com_.LineLost(); }
+    // Called when that is noticed.
+    void SetWhenLineLost(std::function<void()> whenLost) { com_.SetWhenLost(std::move(whenLost)); }
     // Opens the port of this number, 1 to 4, with a settings text as "19200,N,8,2". False if it can't be opened, or
     // if the text makes no sense.
     bool OpenPort(int number, const QString& settings);

@@ -24,6 +24,7 @@ LinkView::LinkView(const Parts& parts, QList<ShownField> fields, QWidget* parent
     for (const QAbstractButton* const option : parent->findChildren<QAbstractButton*>()) {
         connect(option, &QAbstractButton::toggled, this, &LinkView::RefreshSoon);
     }
+    parts_.transport.SetWhenLineLost([this] { RefreshSoon(); });
     RefreshSoon();
 }
 
@@ -64,13 +65,15 @@ bool LinkView::MarkChanges() {
 
 QString LinkView::StateText(bool changed) const {
     const LinkState& link = parts_.program.link;
-    if (link.LinkUp == 1) {
+    // An adapter that was pulled is told at once, though it is no fault before something is to be sent.
+    const bool lost = parts_.transport.LineLost();
+    if (link.LinkUp == 1 && !lost) {
         return changed                    ? QStringLiteral("Linked, changed: not set yet")
                : !link.Reported.IsEmpty() ? QStringLiteral("Linked, as read")
                : link.UnitFound == 1      ? QStringLiteral("Linked, not read yet")
                                           : QStringLiteral("Looking for the instrument");
     }
-    switch (link.LastFault) {
+    switch (lost ? LinkFault::PortGone : link.LastFault) {
         case LinkFault::PortNotOpened:
             return QStringLiteral("Port not opened: in use, no rights, or none there?");
         case LinkFault::PortGone:

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "core/ProgramState.h"
+#include "link/SerialTransport.h"
 #include "panel/ShownField.h"
 
 class ChangeMark;
@@ -19,11 +20,15 @@ class LinkView : public QObject {
   public:
     struct Parts {
         const ProgramState& program;
+        SerialTransport& transport;
         QPushButton& set;
         std::function<bool()> portFound;  // is there any serial port on this PC?
     };
 
     LinkView(const Parts& parts, QList<ShownField> fields, QWidget* parent);
+    ~LinkView() override {
+        parts_.transport.SetWhenLineLost([] {});
+    }
 
     QLabel* linkstate() const { return linkstate_; }
 

@@ -93,7 +93,7 @@ void Main::MakeGroups() {
     sweep_ = std::make_unique<SweepGroup>(context, modeTab_);
     mode_ = std::make_unique<ModeGroup>(program_.panel, modeTab_);
     linkView_ =
-        std::make_unique<LinkView>(LinkView::Parts{program_, *Command4, services_.portFound},
+        std::make_unique<LinkView>(LinkView::Parts{program_, link_.transport, *Command4, services_.portFound},
                                    frequency_->ShownFields() + level_->ShownFields() + output_->ShownFields() +
                                        modulation_->ShownFields() + sweep_->ShownFields() + mode_->ShownFields(),
                                    centralWidget());

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <functional>
 
 // The serial control: a port chosen by number, with the few properties that the link needs. An interface, so that
 // tests script the other end.
@@ -23,6 +24,8 @@ class Com {
 
     // The device vanished behind the open port: no byte will come or go until it is opened again.
     virtual bool LineLost() const = 0;
+    // Called when that is noticed, also while nothing is sent. A control whose device can't vanish never calls.
+    virtual void SetWhenLost(std::function<void()>) {}
 
     // OutBufferCount = 0: drops what an earlier failed send left behind, and nothing of a send that went well.
     virtual void ClearOutBuffer() = 0;

@@ -142,6 +142,7 @@ void SerialControl::LookForLoss() {
         waiting_.clear();
         lossWatch_.stop();
         port_.close();
+        whenLost_();
     }
 }
 

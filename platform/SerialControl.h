@@ -25,6 +25,7 @@ class SerialControl : public Com {
     bool PortOpen() const override { return open_; }
     bool SetPortOpen(bool open) override;
     bool LineLost() const override { return lost_; }
+    void SetWhenLost(std::function<void()> whenLost) override { whenLost_ = std::move(whenLost); }
     void ClearOutBuffer() override;
     void ClearInBuffer() override;
     qsizetype InBufferCount() override;
@@ -54,6 +55,7 @@ class SerialControl : public Com {
     std::string waiting_;  // not yet taken by the port
     bool open_ = false;
     bool lost_ = false;
+    std::function<void()> whenLost_ = [] {};
     LineLoad load_;
     QElapsedTimer clock_;
     QTimer lossWatch_;  // sees an adapter pulled while the line is idle

@@ -123,6 +123,14 @@ TEST_F(WholeLinkState, TellsWhatFailedUntilTheNextSuccess) {
     instrument.SetFaults({.vanishAfterLines = 2});
     panel.Click("Command3");
     EXPECT_EQ(State(), u"The port has gone: is its adapter plugged in?");
+
+    instrument.Stop();
+    std::string error;
+    ASSERT_TRUE(instrument.Start(&error)) << error;
+    panel.Click("cRM");
+    EXPECT_EQ(State(), u"Linked, as read");
+    instrument.Vanish();  // while nothing is sent
+    EXPECT_TRUE(QTest::qWaitFor([this] { return State() == u"The port has gone: is its adapter plugged in?"; }));
 }
 
 }  // namespace
