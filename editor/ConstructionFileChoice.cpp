@@ -27,7 +27,7 @@ FixedName EnsureConstructionFile(const ConstructionChoice& choice) {
 FixedName ChooseNewConstructionFile(const ConstructionChoice& choice) {
     const QString title = QStringLiteral("New construction data");
     choice.boxfile.FileName = QStringLiteral("*.con");
-    const FixedName chosen(choice.boxfile.ShowSave(Request(title, QStringLiteral("con"))));
+    FixedName chosen(choice.boxfile.ShowSave(Request(title, QStringLiteral("con"))));
     const QString name = chosen.Name();
     if (name.isEmpty() || RefuseHeld(name, choice.heldFiles, choice.desktop, title)) {
         return FixedName();
@@ -43,7 +43,7 @@ FixedName ChooseNewConstructionFile(const ConstructionChoice& choice) {
 
 FixedName ChooseConstructionFile(const ConstructionChoice& choice) {
     choice.boxfile.FileName = QStringLiteral("*.con");
-    const FixedName chosen(
+    FixedName chosen(
         choice.boxfile.ShowOpen(Request(QStringLiteral("Select construction data"), QStringLiteral("CON"))));
     if (!chosen.Name().isEmpty()) {
         choice.desktop.BusyOn();

@@ -45,7 +45,7 @@ class SerialTransport {
     // The device vanished behind the open port, which is a fault as soon as something is to be sent or read.
     bool LineLost() const { return com_.LineLost(); }
     // Called when that is noticed.
-    void SetWhenLineLost(std::function<void()> whenLost) { com_.SetWhenLost(std::move(whenLost)); }
+    void SetWhenLineLost(const std::function<void()>& whenLost) { com_.SetWhenLost(whenLost); }
     // Opens the port of this number, 1 to 4, with a settings text as "19200,N,8,2". False if it can't be opened, or
     // if the text makes no sense.
     bool OpenPort(int number, const QString& settings);

@@ -25,7 +25,7 @@ class Com {
     // The device vanished behind the open port: no byte will come or go until it is opened again.
     virtual bool LineLost() const = 0;
     // Called when that is noticed, also while nothing is sent. A control whose device can't vanish never calls.
-    virtual void SetWhenLost(std::function<void()>) {}
+    virtual void SetWhenLost(const std::function<void()>&) {}
 
     // OutBufferCount = 0: drops what an earlier failed send left behind, and nothing of a send that went well.
     virtual void ClearOutBuffer() = 0;

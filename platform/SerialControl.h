@@ -25,7 +25,7 @@ class SerialControl : public Com {
     bool PortOpen() const override { return open_; }
     bool SetPortOpen(bool open) override;
     bool LineLost() const override { return lost_; }
-    void SetWhenLost(std::function<void()> whenLost) override { whenLost_ = std::move(whenLost); }
+    void SetWhenLost(const std::function<void()>& whenLost) override { whenLost_ = whenLost; }
     void ClearOutBuffer() override;
     void ClearInBuffer() override;
     qsizetype InBufferCount() override;

@@ -33,7 +33,7 @@ qsizetype ScriptedLine::InBufferCount() {
 }
 
 QByteArray ScriptedLine::Input() {
-    const QByteArray taken = input_.first(inputLen_);
+    QByteArray taken = input_.first(inputLen_);
     input_.remove(0, inputLen_);
     nextByteMs_ = clock_.nowMs + byteDelayMs + characterMs;
     return taken;

@@ -6,8 +6,8 @@
 
 namespace {
 
-const UserNumbers kPoint(QLocale::c());
-const UserNumbers kComma(QLocale(QLocale::German));
+const UserNumbers kPoint{QLocale::c()};
+const UserNumbers kComma{QLocale(QLocale::German)};
 
 // The value at each k of n.
 std::vector<double> Values(const char* formula, int n) {

@@ -21,10 +21,10 @@ QString Describe(const Reproduction& reproduction) {
         .arg(reproduction.remarks.size());
 }
 
-recording::Column ColumnOf(const std::vector<double>& values, recording::Timing timing) {
+recording::Column ColumnOf(const std::vector<double>& values, const recording::Timing& timing) {
     recording::Column column;
     column.values = values;
-    column.timing = std::move(timing);
+    column.timing = timing;
     return column;
 }
 

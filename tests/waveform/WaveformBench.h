@@ -56,10 +56,8 @@ struct WaveformBench : ::testing::Test {
         return samples;
     }();
     const std::vector<recording::AddressedSample> table = [] {
-        std::vector<recording::AddressedSample> samples;
-        for (int i = 0; i < 4096; ++i) {
-            samples.push_back({i, i % 7, 2});
-        }
+        std::vector<recording::AddressedSample> samples(4096);
+        std::ranges::generate(samples, [i = 0]() mutable { return recording::AddressedSample{i, i++ % 7, 2}; });
         return samples;
     }();
 

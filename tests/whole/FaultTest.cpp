@@ -24,10 +24,8 @@ TEST_F(WholeFaults, AnAdapterPulledInTheMiddleGivesOneBoxAndAnotherTryStartsAfre
         EXPECT_EQ(program.link.LinkUp, 0);
         panel.Enter("Text1", "5");  // the panel stays usable
         EXPECT_EQ(program.panel.mFreq, 5000.0);
-        instrument.Stop();
         instrument.SetFaults({});
-        std::string refused;
-        ASSERT_TRUE(instrument.Start(&refused)) << refused;
+        Replug(instrument);
         panel.Click("cRM");
         panel.Click("Command3");
         EXPECT_EQ(program.link.LinkUp, 1);
@@ -53,9 +51,7 @@ TEST_F(WholeFaults, AnEndlessReplyAndAPullWhileIdleLeaveTheSwitchUsable) {
     EXPECT_EQ(program.link.LinkUp, 0);
     EXPECT_FALSE(com.PortOpen());
     for (const char* const control : {"Opoutput_1", "Command7"}) {  // no query would tell that it did not arrive
-        instrument.Stop();
-        std::string refused;
-        ASSERT_TRUE(instrument.Start(&refused)) << refused;
+        Replug(instrument);
         panel.Click("cRM");
         desktop.boxes.clear();
         instrument.Vanish();

@@ -124,9 +124,7 @@ TEST_F(WholeLinkState, TellsWhatFailedUntilTheNextSuccess) {
     panel.Click("Command3");
     EXPECT_EQ(State(), u"The port has gone: is its adapter plugged in?");
 
-    instrument.Stop();
-    std::string error;
-    ASSERT_TRUE(instrument.Start(&error)) << error;
+    Replug(instrument);
     panel.Click("cRM");
     EXPECT_EQ(State(), u"Linked, as read");
     instrument.Vanish();  // while nothing is sent

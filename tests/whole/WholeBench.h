@@ -38,9 +38,13 @@ class WholeBench : public ::testing::Test {
     sim::SimulatedInstrument& Plug(int port, sim::Options options) {
         options.linkPath = folder.filePath(QStringLiteral("com%1").arg(port)).toStdString();
         instruments_.push_back(std::make_unique<sim::SimulatedInstrument>(options));
-        std::string error;
-        EXPECT_TRUE(instruments_.back()->Start(&error)) << error;
+        Replug(*instruments_.back());
         return *instruments_.back();
+    }
+    static void Replug(sim::SimulatedInstrument& instrument) {
+        std::string error;
+        instrument.Stop();
+        EXPECT_TRUE(instrument.Start(&error)) << error;
     }
 
     void MakeForm(const QLocale& locale, LinkClock& time, Desktop& boxes, DdeLink& traces) {
