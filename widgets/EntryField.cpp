@@ -105,7 +105,6 @@ void EntryField::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection() && !isReadOnly()) {
         setCursorPosition(cursorPositionAt(event->position().toPoint()));
         Paste(true);
-        event->accept();
         return;
     }
     QLineEdit::mouseReleaseEvent(event);
