@@ -269,7 +269,7 @@ class WholeSoak : public WholeBench {
         hold("sweep time", 0.01 - out, 40 + out, p.mtWobbel);
         hold("phases", -out, 359.9 + out, p.mPhasea, p.mPhaseb);
         hold("level", (p.tmVPP ? 0.02 : 0.0071) - out, highestLevel + out, p.mAmp);
-        hold("offset", -10 - out, 10 + out, p.mOffset);  // in Vrms the sum rule may raise it above 5
+        hold("offset", -5 - out, 5 + out, p.mOffset);
         const Preferences& f = program.preferences;
         hold("port", 1, 4, f.ComPortNumber);
         hold("rate", 4800, 115200, f.ComBaudRate);
