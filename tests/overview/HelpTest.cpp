@@ -41,6 +41,8 @@ TEST(About, WebSiteOpensByMouseAndKey) {
     }
     EXPECT_EQ(desktop.viewed, QList<QUrl>(3, QUrl(QStringLiteral("https://trx5276.example"))));
     EXPECT_TRUE(form->isVisible());
+    QTest::mouseClick(form->findChild<QPushButton*>(QStringLiteral("Command1")), Qt::LeftButton);
+    EXPECT_FALSE(form->isVisible());
 }
 
 }  // namespace
